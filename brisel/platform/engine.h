@@ -1,0 +1,226 @@
+// The seam: what the library asks of the machine that it runs on.
+//
+// A port implements two interfaces. `Engine` knows fonts, shapes text, paints and upper-cases; `SystemEvents` knows the
+// main queue and memory pressure. Everything else (layout of lines, measuring, views) is ours and the same everywhere.
+// A port defines the two functions of platform/port.h; linking the port is choosing it.
+//
+// Each public call checks its arguments once for every port, and repairs what the port answers; the protected hook does
+// the work. Hooks never see null handles, foreign handles, ill-formed text, or numbers that are not finite.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "brisel/platform/bitmap.h"
+#include "brisel/platform/color.h"
+#include "brisel/platform/geometry.h"
+#include "brisel/platform/shaped_text.h"
+
+namespace Brisel::Platform {
+
+class Engine;
+
+/// What an engine hands out: immutable, shareable between threads, and of use only to the engine that made it.
+class PortObject {
+ public:
+  PortObject(const PortObject&) = delete;
+  PortObject& operator=(const PortObject&) = delete;
+  virtual ~PortObject();
+  const Engine* maker() const noexcept { return maker_; }
+
+ protected:
+  explicit PortObject(const Engine& maker) noexcept : maker_(&maker) {}
+
+ private:
+  const Engine* maker_;
+};
+
+/// A number-coded font feature, as font descriptors carry it.
+struct FontFeatureSetting {
+  int type = 0;
+  int selector = 0;
+  friend bool operator==(const FontFeatureSetting&, const FontFeatureSetting&) = default;
+};
+
+/// Which faces draw a text, at any size: the named one, and behind it a cascade in order of preference.
+struct TypefaceRequest {
+  std::string name;                  // PostScript name
+  std::vector<std::string> cascade;  // PostScript names
+  std::vector<FontFeatureSetting> features;
+  friend bool operator==(const TypefaceRequest&, const TypefaceRequest&) = default;
+};
+
+/// The answer to a request: a face with its cascade and features.
+class Typeface : public PortObject {
+ public:
+  /// The PostScript name of the primary face. Differs from the requested one where a substitute stands in.
+  const std::string& name() const noexcept { return name_; }
+  const FontMetrics& metrics() const noexcept { return metrics_; }
+  /// Whether the primary face or one of its cascade has a glyph for the character (the host's fonts do not count).
+  bool hasCharacter(char32_t character) const { return onHasCharacter(character); }
+
+ protected:
+  Typeface(const Engine& maker, std::string name, const FontMetrics& metrics)
+      : PortObject(maker), name_(std::move(name)), metrics_(metrics) {}
+  virtual bool onHasCharacter(char32_t character) const = 0;
+
+ private:
+  std::string name_;
+  FontMetrics metrics_;
+};
+
+/// The typeface of a stretch of text, which ends before the UTF-16 code unit `end`. A size is given for fonts that do
+/// not scale linearly (bitmap faces, faces with optical sizes); others ignore it.
+struct TypefaceSpan {
+  std::uint32_t end = 0;
+  std::shared_ptr<const Typeface> typeface;
+  CGFloat pointSize = 0;
+};
+
+/// The direction of a paragraph: its own (that of its first strong character, else the layout direction), or a given
+/// one.
+enum class WritingDirection : std::uint8_t { natural, leftToRight, rightToLeft };
+
+struct ShapeRequest {
+  std::u16string_view text;                 // well-formed UTF-16
+  std::span<const TypefaceSpan> typefaces;  // ascending; the last ends with the text
+  WritingDirection direction = WritingDirection::natural;
+  bool naturalFallbackIsRightToLeft = false;  // for paragraphs without a strong character
+};
+
+/// A glyph where it is drawn: its origin, in points from the canvas's upper left corner, y downwards.
+struct PositionedGlyph {
+  std::uint32_t id = 0;
+  CGPoint origin;
+};
+
+/// A bitmap being painted. For one thread at a time. Coordinates are points.
+class Canvas {
+ public:
+  Canvas(const Canvas&) = delete;
+  Canvas& operator=(const Canvas&) = delete;
+  virtual ~Canvas();
+
+  CGFloat scale() const noexcept { return scale_; }
+
+  /// Fills a rectangle, over what is there. Nothing happens where it is empty or not finite.
+  void fillRect(const CGRect& rect, const UIColor& color);
+
+  /// Draws glyphs of one face at one size, unhinted and placed to the sub-pixel, over what is there.
+  void drawGlyphs(const PortObject& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
+                  const UIColor& color);
+
+  /// A copy of the pixels as they are now.
+  Bitmap bitmap() const { return onBitmap(); }
+
+ protected:
+  Canvas(const Engine& maker, CGFloat scale) noexcept : maker_(&maker), scale_(scale) {}
+  virtual void onFillRect(const CGRect& rect, const UIColor& color) = 0;
+  virtual void onDrawGlyphs(const PortObject& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
+                            const UIColor& color) = 0;
+  virtual Bitmap onBitmap() const = 0;
+
+ private:
+  const Engine* maker_;
+  CGFloat scale_;
+};
+
+/// Fonts, shaping, painting, upper-casing. All calls may come from any thread.
+class Engine {
+ public:
+  /// What became of a font file. The numbers are those of the published error codes; 0 is success.
+  enum class Registration : std::uint8_t {
+    registered = 0,
+    fileNotFound = 101,
+    unrecognizedFormat = 103,
+    invalidFontData = 104,
+    alreadyRegistered = 105,
+  };
+
+  Engine(const Engine&) = delete;
+  Engine& operator=(const Engine&) = delete;
+  virtual ~Engine();
+
+  /// Makes the fonts of a file known to this process, by their PostScript names. A file that is refused changes
+  /// nothing.
+  Registration registerFontFile(const std::filesystem::path& file);
+
+  /// Whether characters that no face of a cascade has may be drawn with the host's fonts (true at first). Texts that
+  /// have been shaped keep what they have.
+  void setUsesHostFonts(bool uses);
+
+  /// Never null. A name that nobody has registered is answered by the port's substitute; unknown names in the cascade
+  /// are left out. Equal requests may get the same object.
+  std::shared_ptr<const Typeface> typeface(const TypefaceRequest& request);
+
+  /// Shapes a text: bidirectional levels, one face for each character (the first of the cascade that has it, else one
+  /// of the host's, else the primary face's replacement glyph), glyphs and their distances, and where lines may break.
+  /// Never null; an unusable request gives an empty text.
+  std::shared_ptr<const ShapedText> shape(const ShapeRequest& request);
+
+  /// A transparent canvas of `size` points, at `scale` pixels a point, its pixel size rounded up. Null where a side is
+  /// not above 0 or above 32,767 pixels.
+  std::unique_ptr<Canvas> makeCanvas(CGSize size, CGFloat scale);
+
+  /// A bitmap as a PNG file's bytes; empty where the bitmap is.
+  std::vector<std::uint8_t> encodePng(const Bitmap& bitmap);
+
+  /// Full Unicode upper-casing, independent of any locale ("ß" becomes "SS"). Ill-formed bytes become U+FFFD.
+  std::string upperCase(std::string_view text);
+
+ protected:
+  Engine() = default;
+  virtual Registration onRegisterFontFile(const std::filesystem::path& file) = 0;
+  virtual void onSetUsesHostFonts(bool uses) = 0;
+  virtual std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& request) = 0;
+  virtual std::shared_ptr<const ShapedText> onShape(const ShapeRequest& request) = 0;
+  virtual std::unique_ptr<Canvas> onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale) = 0;
+  virtual std::vector<std::uint8_t> onEncodePng(const Bitmap& bitmap) = 0;
+  virtual std::string onUpperCase(const std::string& text) = 0;
+};
+
+/// The levels of memory pressure that are told of.
+enum class MemoryPressureLevel : std::uint8_t { warning, critical };
+
+/// The main queue and memory pressure.
+class SystemEvents {
+ public:
+  using Work = std::function<void()>;
+  using PressureHandler = std::function<void(MemoryPressureLevel)>;
+
+  SystemEvents(const SystemEvents&) = delete;
+  SystemEvents& operator=(const SystemEvents&) = delete;
+  virtual ~SystemEvents();
+
+  /// Runs `work` later on the main queue: serially, in the order of posting, on the thread that runs the host's main
+  /// loop or calls `runPending`. May be called from any thread; nothing posted is lost while nobody runs the queue.
+  void post(Work work);
+
+  /// Runs on the calling thread what is due on the main queue, and returns how many pieces of work that was. For hosts
+  /// without the port's own main loop. A call from within such work does nothing and returns 0.
+  std::size_t runPending();
+
+  /// Starts to watch the system's memory. `handler` is called on the main queue, once for each warning or critical
+  /// event, until `stopWatchingMemoryPressure`. Where the system offers nothing to watch, the port says so once in its
+  /// log and stays silent.
+  void watchMemoryPressure(PressureHandler handler);
+
+  /// Ends the watching; no call of the handler starts after this returns. Harmless when nothing is watched.
+  void stopWatchingMemoryPressure();
+
+ protected:
+  SystemEvents() = default;
+  virtual void onPost(Work work) = 0;
+  virtual std::size_t onRunPending() = 0;
+  virtual void onWatchMemoryPressure(PressureHandler handler) = 0;
+  virtual void onStopWatchingMemoryPressure() = 0;
+};
+
+}  // namespace Brisel::Platform

@@ -1,0 +1,65 @@
+// Hashing by fields: one quick mixer, and the glue that turns `hashInto` into a `std::hash`.
+#pragma once
+
+#include <bit>
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string_view>
+#include <type_traits>
+
+namespace Brisel::Platform::internal {
+
+/// Mixes values into 64 bits by a wide multiplication each. Good for tables inside one process; never stored, and never
+/// fed by anybody who gains from collisions.
+class Hasher {
+ public:
+  template <class... Fields>
+  void operator()(const Fields&... fields) {
+    (add(fields), ...);
+  }
+
+  std::size_t finish() const noexcept { return static_cast<std::size_t>(state_ ^ (state_ >> 32)); }
+
+ private:
+  template <class T>
+  void add(const T& value) {
+    if constexpr (requires { hashInto(*this, value); }) {
+      hashInto(*this, value);
+    } else if constexpr (std::floating_point<T>) {
+      mix(std::bit_cast<std::uint64_t>(static_cast<double>(value) + 0.0));  // -0.0 equals 0.0, so it hashes alike.
+    } else if constexpr (std::integral<T> || std::is_enum_v<T>) {
+      mix(static_cast<std::uint64_t>(value));
+    } else if constexpr (std::convertible_to<const T&, std::string_view>) {
+      mix(std::hash<std::string_view>{}(std::string_view(value)));
+    } else if constexpr (requires { value.begin(), value.end(), value.size(); }) {
+      mix(value.size());
+      for (const auto& element : value) add(element);
+    } else {
+      mix(std::hash<T>{}(value));
+    }
+  }
+
+  void mix(std::uint64_t word) noexcept {
+    __extension__ using Wide = unsigned __int128;
+    const Wide product = static_cast<Wide>(state_ ^ word) * kMultiplier;
+    state_ = static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64) ^ kOffset;
+  }
+
+  static constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15;  // 2^64 divided by the golden ratio
+  static constexpr std::uint64_t kOffset = 0xD6E8FEB86659FD93;
+  std::uint64_t state_ = kOffset;
+};
+
+/// A `std::hash` for a type with a friend `hashInto(Hasher&, const T&)`; it must feed the fields that `==` compares.
+template <class T>
+struct FieldHash {
+  std::size_t operator()(const T& value) const {
+    Hasher hasher;
+    hasher(value);
+    return hasher.finish();
+  }
+};
+
+}  // namespace Brisel::Platform::internal

@@ -1,0 +1,117 @@
+#include "brisel/platform/internal/utf.h"
+
+#include <algorithm>
+
+namespace Brisel::Platform::internal {
+namespace {
+
+constexpr char32_t kReplacement = 0xFFFD;
+
+void appendUtf8(std::string& out, char32_t c) {
+  const auto byte = [&out](char32_t value) { out.push_back(static_cast<char>(value)); };
+  if (c < 0x80) {
+    byte(c);
+  } else if (c < 0x800) {
+    byte(0xC0 | (c >> 6));
+    byte(0x80 | (c & 0x3F));
+  } else if (c < 0x10000) {
+    byte(0xE0 | (c >> 12));
+    byte(0x80 | ((c >> 6) & 0x3F));
+    byte(0x80 | (c & 0x3F));
+  } else {
+    byte(0xF0 | (c >> 18));
+    byte(0x80 | ((c >> 12) & 0x3F));
+    byte(0x80 | ((c >> 6) & 0x3F));
+    byte(0x80 | (c & 0x3F));
+  }
+}
+
+bool isAscii(std::string_view text) noexcept {
+  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+}  // namespace
+
+char32_t nextCharacter(std::string_view text, std::size_t& index) noexcept {
+  const auto at = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  const unsigned char lead = at(index++);
+  if (lead < 0x80) return lead;
+
+  // How many bytes follow, and the range of the first of them: it excludes overlong forms, surrogates and what lies
+  // beyond U+10FFFF (Unicode Standard, table 3-7).
+  std::size_t following = 0;
+  unsigned char low = 0x80;
+  unsigned char high = 0xBF;
+  char32_t character = 0;
+  if (lead >= 0xC2 && lead <= 0xDF) {
+    following = 1;
+    character = lead & 0x1FU;
+  } else if (lead >= 0xE0 && lead <= 0xEF) {
+    following = 2;
+    character = lead & 0x0FU;
+    if (lead == 0xE0) low = 0xA0;
+    if (lead == 0xED) high = 0x9F;
+  } else if (lead >= 0xF0 && lead <= 0xF4) {
+    following = 3;
+    character = lead & 0x07U;
+    if (lead == 0xF0) low = 0x90;
+    if (lead == 0xF4) high = 0x8F;
+  } else {
+    return kReplacement;
+  }
+  for (; following > 0; --following) {
+    if (index >= text.size() || at(index) < low || at(index) > high) return kReplacement;
+    character = (character << 6) | (at(index++) & 0x3FU);
+    low = 0x80;
+    high = 0xBF;
+  }
+  return character;
+}
+
+std::u16string toUtf16(std::string_view text) {
+  std::u16string out;
+  out.reserve(text.size());
+  for (std::size_t i = 0; i < text.size();) {
+    const char32_t c = nextCharacter(text, i);
+    if (c < 0x10000) {
+      out.push_back(static_cast<char16_t>(c));
+    } else {
+      out.push_back(static_cast<char16_t>(0xD7C0 + (c >> 10)));
+      out.push_back(static_cast<char16_t>(0xDC00 | (c & 0x3FF)));
+    }
+  }
+  return out;
+}
+
+std::string toUtf8(std::u16string_view text) {
+  std::string out;
+  out.reserve(text.size());
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    char32_t c = text[i];
+    const bool isHigh = c >= 0xD800 && c < 0xDC00;
+    const bool isPair = isHigh && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000;
+    if (isPair) {
+      c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00U);
+    } else if (c >= 0xD800 && c < 0xE000) {
+      c = kReplacement;
+    }
+    appendUtf8(out, c);
+  }
+  return out;
+}
+
+std::string wellFormed(std::string_view text) {
+  if (isAscii(text)) return std::string(text);
+  std::string out;
+  out.reserve(text.size());
+  for (std::size_t i = 0; i < text.size();) appendUtf8(out, nextCharacter(text, i));
+  return out;
+}
+
+std::size_t utf16Length(std::string_view text) noexcept {
+  std::size_t length = 0;
+  for (std::size_t i = 0; i < text.size();) length += nextCharacter(text, i) < 0x10000 ? 1 : 2;
+  return length;
+}
+
+}  // namespace Brisel::Platform::internal

@@ -1,0 +1,73 @@
+// Text after shaping and before layout: glyphs at no particular size.
+//
+// A port makes it (Engine::shape), TextLayout turns it into lines at given sizes and a given width. All distances are
+// in ems, so that one shaped text serves every size of fonts that scale linearly.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "brisel/platform/geometry.h"
+
+namespace Brisel::Platform {
+
+class PortObject;
+
+/// A font's vertical measures, in ems. The descender is negative, as in font files.
+struct FontMetrics {
+  CGFloat ascender = 0;
+  CGFloat descender = 0;
+  CGFloat leading = 0;
+  CGFloat capHeight = 0;
+  CGFloat xHeight = 0;
+  friend bool operator==(const FontMetrics&, const FontMetrics&) = default;
+};
+
+/// One glyph of a run: its number in the face, and where it is drawn relative to the pen (x to the right, y upwards).
+struct ShapedGlyph {
+  std::uint32_t id = 0;
+  std::uint32_t cluster = 0;  // index into ShapedText::clusters
+  CGFloat advance = 0;
+  CGFloat xOffset = 0;
+  CGFloat yOffset = 0;
+};
+
+/// Glyphs of one face, one direction and one font span, in the order in which they are drawn from left to right.
+struct ShapedRun {
+  std::shared_ptr<const PortObject> face;  // what Canvas::drawGlyphs takes
+  FontMetrics metrics;                     // of the face that draws
+  std::uint32_t firstCluster = 0;
+  std::uint32_t endCluster = 0;
+  std::uint8_t level = 0;  // the bidirectional embedding level; odd runs right to left
+  std::vector<ShapedGlyph> glyphs;
+};
+
+/// What must not be torn apart: a user-perceived character, or several that share a glyph. In the order of the text.
+struct ShapedCluster {
+  enum class Break : std::uint8_t {
+    none,      // a line may start here only if nothing else fits
+    allowed,   // a line may start here
+    required,  // a line starts here
+  };
+
+  std::uint32_t begin = 0;  // index of the first UTF-16 code unit
+  std::uint32_t run = 0;
+  CGFloat advance = 0;
+  Break breakBefore = Break::none;
+  bool isSpace = false;           // white space or a line ending: it does not count where a line ends
+  bool isParagraphStart = false;  // the first cluster of a paragraph
+  bool paragraphIsRightToLeft = false;
+};
+
+struct ShapedText {
+  std::uint32_t length = 0;  // UTF-16 code units
+  std::vector<ShapedRun> runs;
+  std::vector<ShapedCluster> clusters;
+  bool endsWithLineBreak = false;  // an empty line follows the last cluster
+  /// Whether glyphs and distances hold at every size. Where not, the text is shaped for `shapedSize` alone.
+  bool scalesLinearly = true;
+  CGFloat shapedSize = 0;  // points; meaningful where the text does not scale linearly
+};
+
+}  // namespace Brisel::Platform

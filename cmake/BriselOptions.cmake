@@ -1,0 +1,28 @@
+# What is built, and how. Everything but the library itself is off for projects that embed this one.
+
+option(BRISEL_BUILD_ASSETS "Build the resource bundle (needs npm packages, see assets/)" ${PROJECT_IS_TOP_LEVEL})
+option(BRISEL_BUILD_GALLERY "Build the program brisel" ${PROJECT_IS_TOP_LEVEL})
+option(BRISEL_BUILD_TESTS "Build the tests" OFF)
+option(BRISEL_BUILD_FUZZERS "Build the fuzz targets (clang only)" OFF)
+option(BRISEL_BUILD_BENCHMARKS "Build the benchmarks and their peers" OFF)
+option(BRISEL_INSTALL "Generate the install rules" ${PROJECT_IS_TOP_LEVEL})
+option(BRISEL_WARNINGS_AS_ERRORS "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
+option(BUILD_SHARED_LIBS "Build shared libraries" ON)
+
+set(BRISEL_SANITIZE "" CACHE STRING "Sanitizers for everything, as -fsanitize= takes them")
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+if(PROJECT_IS_TOP_LEVEL)
+  # One layout for the build tree and the installed one: programs in bin/, libraries in lib/, the bundle in
+  # share/BriselFoundation/, so that the library finds its bundle the same way in both.
+  set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+  set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+  set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+  set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib" "$ORIGIN")
+endif()
+set(BRISEL_BUNDLE_DIR ${PROJECT_BINARY_DIR}/share/BriselFoundation/BriselFoundation.bundle)

@@ -1,0 +1,24 @@
+# Tests stand beside the code; each folder collects its own into one program.
+
+if(BRISEL_BUILD_TESTS)
+  find_package(GTest REQUIRED)
+  find_package(Threads REQUIRED)
+  find_library(BRISEL_RAPIDCHECK rapidcheck REQUIRED)
+  include(GoogleTest)
+endif()
+
+# brisel_tests(<suite> SOURCES … LIBRARIES …): the program <suite>_tests. Each test runs in a process of its own, so that
+# a test may count what has been built since the start, and is listed as <suite>.<Suite>.<Name>.
+function(brisel_tests suite)
+  if(NOT BRISEL_BUILD_TESTS)
+    return()
+  endif()
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
+  set(target ${suite}_tests)
+  add_executable(${target} ${ARG_SOURCES})
+  brisel_target_options(${target})
+  target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${target} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main ${BRISEL_RAPIDCHECK}
+                                          Threads::Threads)
+  gtest_discover_tests(${target} TEST_PREFIX ${suite}. DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120)
+endfunction()
