@@ -82,6 +82,7 @@ struct TypefaceSpan {
   std::uint32_t end = 0;
   std::shared_ptr<const Typeface> typeface;
   CGFloat pointSize = 0;
+  bool usesLigatures = true;  // false where letters are spaced out
 };
 
 /// The direction of a paragraph: its own (that of its first strong character, else the layout direction), or a given
