@@ -22,6 +22,7 @@
 #include "brisel/platform/color.h"
 #include "brisel/platform/geometry.h"
 #include "brisel/platform/shaped_text.h"
+#include "brisel/platform/text_direction.h"
 
 namespace Brisel::Platform {
 
@@ -84,10 +85,6 @@ struct TypefaceSpan {
   CGFloat pointSize = 0;
   bool usesLigatures = true;  // false where letters are spaced out
 };
-
-/// The direction of a paragraph: its own (that of its first strong character, else the layout direction), or a given
-/// one.
-enum class WritingDirection : std::uint8_t { natural, leftToRight, rightToLeft };
 
 struct ShapeRequest {
   std::u16string_view text;                 // well-formed UTF-16
