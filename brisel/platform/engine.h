@@ -83,6 +83,7 @@ struct TypefaceSpan {
   std::uint32_t end = 0;
   std::shared_ptr<const Typeface> typeface;
   CGFloat pointSize = 0;
+  bool usesLigatures = true;  // false where letters are spaced out
 };
 
 struct ShapeRequest {

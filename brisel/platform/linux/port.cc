@@ -1,8 +1,10 @@
 #include "brisel/platform/port.h"
 
+#include "brisel/platform/linux/engine.h"
+
 namespace Brisel::Platform {
 
-std::shared_ptr<Engine> makeDefaultEngine() { return nullptr; }
+std::shared_ptr<Engine> makeDefaultEngine() { return std::make_shared<Linux::LinuxEngine>(); }
 std::shared_ptr<SystemEvents> makeDefaultSystemEvents() { return nullptr; }
 
 }  // namespace Brisel::Platform
