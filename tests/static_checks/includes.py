@@ -32,7 +32,7 @@ PORTS = {"brisel/platform/linux", "brisel/platform/recording"}
 
 STANDARD_HEADER = re.compile(r"[a-z_0-9]+")
 # What the plain half may ask of the C library: where the code lies, and bytes of a file.
-POSIX_HEADERS = {"dlfcn.h", "fcntl.h", "sys/stat.h", "sys/types.h", "sys/wait.h", "unistd.h"}
+POSIX_HEADERS = {"dlfcn.h", "fcntl.h", "link.h", "sys/stat.h", "sys/types.h", "sys/wait.h", "unistd.h"}
 TEST_HEADERS = re.compile(r"(gtest|gmock|rapidcheck)[/.].*")
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^">]+)[">]', re.MULTILINE)
