@@ -53,6 +53,9 @@ def build_by_pkg_config(source, prefix, scratch, compiler, flags):
 
 
 def check(source, build, compiler, flags):
+    example = (source / "examples/hello/main.cc").read_text()
+    if example not in (source / "README.md").read_text():
+        sys.exit("README.md does not show examples/hello/main.cc as it is")
     with tempfile.TemporaryDirectory() as folder:
         scratch = Path(folder)
         prefix = installed_and_moved(build, scratch)
