@@ -130,7 +130,7 @@ bool isIgnorable(char32_t character) {
          u_hasBinaryProperty(static_cast<UChar32>(character), UCHAR_DEFAULT_IGNORABLE_CODE_POINT) != 0;
 }
 
-std::string upperCase(const std::string& wellFormedText) {
+std::string upperCased(const std::string& wellFormedText) {
   UErrorCode error = U_ZERO_ERROR;
   const std::unique_ptr<UCaseMap, Close<UCaseMap, ucasemap_close>> map(ucasemap_open("", 0, &error));
   if (U_FAILURE(error)) return wellFormedText;
