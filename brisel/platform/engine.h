@@ -22,6 +22,7 @@
 #include "brisel/platform/color.h"
 #include "brisel/platform/geometry.h"
 #include "brisel/platform/shaped_text.h"
+#include "brisel/platform/text_direction.h"
 
 namespace Brisel::Platform {
 
@@ -82,11 +83,8 @@ struct TypefaceSpan {
   std::uint32_t end = 0;
   std::shared_ptr<const Typeface> typeface;
   CGFloat pointSize = 0;
+  bool usesLigatures = true;  // false where letters are spaced out
 };
-
-/// The direction of a paragraph: its own (that of its first strong character, else the layout direction), or a given
-/// one.
-enum class WritingDirection : std::uint8_t { natural, leftToRight, rightToLeft };
 
 struct ShapeRequest {
   std::u16string_view text;                 // well-formed UTF-16

@@ -1,0 +1,120 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "brisel/platform/object.h"
+#include "brisel/platform/value.h"
+
+namespace Brisel::Platform {
+
+/// A UIFont.
+inline constexpr std::string_view NSFontAttributeName = "NSFontAttributeName";
+/// A UIColor: of the glyphs, and behind them.
+inline constexpr std::string_view NSForegroundColorAttributeName = "NSForegroundColorAttributeName";
+inline constexpr std::string_view NSBackgroundColorAttributeName = "NSBackgroundColorAttributeName";
+/// An NSParagraphStyle; the one at the first character of a paragraph holds for all of it.
+inline constexpr std::string_view NSParagraphStyleAttributeName = "NSParagraphStyleAttributeName";
+/// A number of points that is added to each character's advance.
+inline constexpr std::string_view NSKernAttributeName = "NSKernAttributeName";
+/// A number of points by which the text is raised above the baseline.
+inline constexpr std::string_view NSBaselineOffsetAttributeName = "NSBaselineOffsetAttributeName";
+
+/// A part of a text, in UTF-16 code units.
+struct NSRange {
+  std::size_t location = 0;
+  std::size_t length = 0;
+  std::size_t end() const noexcept { return location + length; }
+  friend bool operator==(const NSRange&, const NSRange&) = default;
+};
+
+/// A longest part of a text whose attributes are equal.
+struct AttributeRun {
+  NSRange range;
+  Dictionary attributes;
+};
+
+class NSMutableAttributedString;
+
+/// An immutable text whose characters bear attributes. Positions are UTF-16 code units. A position beyond the text is a
+/// programming error; a range that cuts a surrogate pair stands for the one with the whole pair, so that no half ever
+/// comes about. Equal when texts and attributes are equal.
+class NSAttributedString : public NSObject {
+ public:
+  /// `initWithString:attributes:`: a text with the same attributes throughout. Ill-formed bytes are replaced.
+  static std::shared_ptr<const NSAttributedString> initWithString(std::string_view text, Dictionary attributes = {});
+
+  const std::string& string() const noexcept { return text_; }
+  std::u16string_view utf16() const noexcept { return utf16_; }
+  std::size_t length() const noexcept { return utf16_.size(); }
+
+  /// All attributes in order: the runs are never empty and cover the text.
+  std::span<const AttributeRun> attributeRuns() const noexcept { return runs_; }
+
+  /// `attributesAtIndex:effectiveRange:`: the attributes of a character, and the longest part around it that has the
+  /// same. `index` must be below the length.
+  const Dictionary& attributesAtIndex(std::size_t index, NSRange* effectiveRange = nullptr) const;
+
+  /// `attribute:atIndex:effectiveRange:`: one attribute of a character, or null; valid until the string is changed.
+  const Value* attribute(std::string_view name, std::size_t index) const;
+
+  /// `enumerateAttributesInRange:options:usingBlock:` over the whole text: calls `block(range, attributes)` for each
+  /// run as it was at the beginning, so that the block may change a mutable string.
+  template <class Block>
+  void enumerateAttributes(Block&& block) const {
+    const std::vector<AttributeRun> runs = runs_;
+    for (const AttributeRun& run : runs) block(run.range, run.attributes);
+  }
+
+  std::shared_ptr<const NSAttributedString> attributedSubstringFromRange(NSRange range) const;
+  std::shared_ptr<NSMutableAttributedString> mutableCopy() const;
+  /// The string as it is now, which nobody can change.
+  std::shared_ptr<const NSAttributedString> copy() const;
+
+  bool isEqual(const NSObject& other) const override;
+  std::size_t objectHash() const override;
+
+ protected:
+  NSAttributedString(std::u16string text, std::vector<AttributeRun> runs);
+
+  /// The range, checked against the text, with whole pairs.
+  NSRange checked(NSRange range) const;
+
+  std::string text_;
+  std::u16string utf16_;  // the same text
+  std::vector<AttributeRun> runs_;
+};
+
+/// An attributed string that can be changed. For one thread at a time.
+class NSMutableAttributedString final : public NSAttributedString {
+ public:
+  static std::shared_ptr<NSMutableAttributedString> initWithString(std::string_view text, Dictionary attributes = {});
+
+  /// `replaceCharactersInRange:withString:`: the new text takes the attributes of the first replaced character; where
+  /// none is replaced, those of the character before, else of the one behind.
+  void replaceCharactersInRange(NSRange range, std::string_view text);
+  /// `replaceCharactersInRange:withAttributedString:`
+  void replaceCharactersInRange(NSRange range, const NSAttributedString& text);
+  void appendAttributedString(const NSAttributedString& text);
+
+  /// `addAttribute:value:range:`, `addAttributes:range:`: sets these and keeps all others.
+  void addAttribute(std::string_view name, Value value, NSRange range);
+  void addAttributes(const Dictionary& attributes, NSRange range);
+  /// `setAttributes:range:`: these and no others.
+  void setAttributes(const Dictionary& attributes, NSRange range);
+  void removeAttribute(std::string_view name, NSRange range);
+
+ private:
+  friend class NSAttributedString;
+  using NSAttributedString::NSAttributedString;
+
+  void replace(NSRange range, std::u16string_view text, std::span<const AttributeRun> runs);
+  template <class Change>
+  void changeAttributes(NSRange range, Change change);
+};
+
+}  // namespace Brisel::Platform

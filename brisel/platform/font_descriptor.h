@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "brisel/platform/geometry.h"
+#include "brisel/platform/object.h"
+#include "brisel/platform/value.h"
+
+namespace Brisel::Platform {
+
+struct TypefaceRequest;
+
+/// A PostScript name.
+inline constexpr std::string_view UIFontDescriptorNameAttribute = "UIFontDescriptorNameAttribute";
+/// A number of points.
+inline constexpr std::string_view UIFontDescriptorSizeAttribute = "UIFontDescriptorSizeAttribute";
+/// A list of UIFontDescriptor, whose fonts draw what the named one has no glyph for.
+inline constexpr std::string_view UIFontDescriptorCascadeListAttribute = "UIFontDescriptorCascadeListAttribute";
+/// A list of dictionaries, each of which has an integer under the two keys below, or asks for nothing.
+inline constexpr std::string_view UIFontDescriptorFeatureSettingsAttribute = "UIFontDescriptorFeatureSettingsAttribute";
+inline constexpr std::string_view UIFontFeatureTypeIdentifierKey = "UIFontFeatureTypeIdentifierKey";
+inline constexpr std::string_view UIFontFeatureSelectorIdentifierKey = "UIFontFeatureSelectorIdentifierKey";
+
+/// An immutable description of a font: attributes, of which the name and the size are always there. Whether there is
+/// such a font is another matter. Equal when all attributes are equal.
+class UIFontDescriptor final : public NSObject {
+ public:
+  static std::shared_ptr<const UIFontDescriptor> fontDescriptorWithName(std::string_view name, CGFloat size);
+
+  /// `fontDescriptorByAddingAttributes:`: a description with these attributes as well; they replace its own of the same
+  /// keys.
+  std::shared_ptr<const UIFontDescriptor> fontDescriptorByAddingAttributes(const Dictionary& attributes) const;
+
+  /// Empty where the name attribute is no text.
+  std::string postscriptName() const;
+  /// 0 where the size attribute is no number.
+  CGFloat pointSize() const;
+  const Dictionary& fontAttributes() const noexcept { return attributes_; }
+  /// An attribute, or null; lives as long as the descriptor.
+  const Value* objectForKey(std::string_view key) const noexcept { return attributes_.find(key); }
+
+  /// What an engine is asked for: name, cascade and features. What is malformed in the lists is passed over.
+  TypefaceRequest typefaceRequest() const;
+
+  bool isEqual(const NSObject& other) const override;
+  std::size_t objectHash() const override;
+
+ private:
+  explicit UIFontDescriptor(Dictionary attributes) : attributes_(std::move(attributes)) {}
+  Dictionary attributes_;
+};
+
+}  // namespace Brisel::Platform

@@ -1,0 +1,25 @@
+// Registration of font files.
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+
+namespace Brisel::Platform {
+
+/// For whom a font is registered.
+enum CTFontManagerScope : std::uint32_t { kCTFontManagerScopeProcess = 1 };
+
+/// Why a font file was refused.
+enum CTFontManagerError : std::int32_t {
+  kCTFontManagerErrorFileNotFound = 101,
+  kCTFontManagerErrorUnrecognizedFormat = 103,
+  kCTFontManagerErrorInvalidFontData = 104,
+  kCTFontManagerErrorAlreadyRegistered = 105,
+};
+
+/// Makes the fonts of a file known to this process, whatever the scope. Returns whether it did; where not, nothing has
+/// changed, and `error`, if there is one, says why. May be called on any thread. Needs a port.
+bool CTFontManagerRegisterFontsForURL(const std::filesystem::path& url, CTFontManagerScope scope,
+                                      CTFontManagerError* error = nullptr);
+
+}  // namespace Brisel::Platform

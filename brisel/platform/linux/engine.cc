@@ -1,0 +1,90 @@
+#include "brisel/platform/linux/engine.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "brisel/platform/internal/hash.h"
+#include "brisel/platform/linux/canvas.h"
+#include "brisel/platform/linux/shaper.h"
+#include "brisel/platform/linux/typeface.h"
+#include "brisel/platform/linux/unicode.h"
+#include "brisel/platform/log.h"
+
+namespace Brisel::Platform::Linux {
+namespace {
+
+// A design system asks for a few dozen typefaces; whoever asks for more pays for making them anew.
+constexpr std::size_t kMostTypefaces = 512;
+
+}  // namespace
+
+LinuxEngine::LinuxEngine() : registry_(*this), hostFonts_(*this) {}
+LinuxEngine::~LinuxEngine() = default;
+
+std::size_t LinuxEngine::RequestHash::operator()(const TypefaceRequest& request) const {
+  Platform::internal::Hasher hasher;
+  hasher(request.name, request.cascade);
+  for (const FontFeatureSetting& setting : request.features) hasher(setting.type, setting.selector);
+  return hasher.finish();
+}
+
+Engine::Registration LinuxEngine::onRegisterFontFile(const std::filesystem::path& file) {
+  const Registration result = registry_.registerFile(file);
+  if (result == Registration::registered) {
+    const std::lock_guard lock(mutex_);
+    typefaces_.clear();  // A name that had a substitute may now have its own face.
+  } else if (result == Registration::unrecognizedFormat || result == Registration::invalidFontData) {
+    log("Not a usable font file: " + file.string());
+  }
+  return result;
+}
+
+void LinuxEngine::onSetUsesHostFonts(bool uses) {
+  usesHostFonts_.store(uses, std::memory_order_relaxed);
+  const std::lock_guard lock(mutex_);
+  typefaces_.clear();
+}
+
+std::shared_ptr<const Typeface> LinuxEngine::onTypeface(const TypefaceRequest& request) {
+  {
+    const std::lock_guard lock(mutex_);
+    if (const auto known = typefaces_.find(request); known != typefaces_.end()) return known->second;
+  }
+  auto typeface = makeTypeface(request);
+  const std::lock_guard lock(mutex_);
+  if (typefaces_.size() >= kMostTypefaces) typefaces_.clear();
+  return typefaces_.try_emplace(request, std::move(typeface)).first->second;
+}
+
+std::shared_ptr<const Typeface> LinuxEngine::makeTypeface(const TypefaceRequest& request) {
+  LinuxTypeface::Faces faces{primaryFace(request.name)};
+  for (const std::string& name : request.cascade) {
+    if (auto face = registry_.find(name)) faces.push_back(std::move(face));
+  }
+  return std::make_shared<const LinuxTypeface>(*this, std::move(faces), request.features);
+}
+
+std::shared_ptr<const FontFace> LinuxEngine::primaryFace(const std::string& name) {
+  if (auto face = registry_.find(name)) return face;
+  const int weight = weightOfName(name);
+  if (auto face = registry_.substitute(weight)) return face;
+  if (usesHostFonts_.load(std::memory_order_relaxed)) {
+    if (auto face = hostFonts_.textFace(weight)) return face;
+  }
+  return FontFace::empty(*this);
+}
+
+std::shared_ptr<const ShapedText> LinuxEngine::onShape(const ShapeRequest& request) {
+  return shapeText(request, usesHostFonts_.load(std::memory_order_relaxed) ? &hostFonts_ : nullptr);
+}
+
+std::unique_ptr<Canvas> LinuxEngine::onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale) {
+  return makeCairoCanvas(*this, pixelWidth, pixelHeight, scale);
+}
+
+std::vector<std::uint8_t> LinuxEngine::onEncodePng(const Bitmap& bitmap) { return pngOf(bitmap); }
+
+std::string LinuxEngine::onUpperCase(const std::string& text) { return upperCased(text); }
+
+}  // namespace Brisel::Platform::Linux

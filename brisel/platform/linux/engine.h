@@ -1,0 +1,43 @@
+#pragma once
+
+#include <atomic>
+#include <memory>
+#include <mutex>
+#include <unordered_map>
+
+#include "brisel/platform/engine.h"
+#include "brisel/platform/linux/font_registry.h"
+#include "brisel/platform/linux/host_fonts.h"
+
+namespace Brisel::Platform::Linux {
+
+/// Fonts, text and painting by HarfBuzz, ICU, FreeType, Fontconfig and Cairo.
+class LinuxEngine final : public Engine {
+ public:
+  LinuxEngine();
+  ~LinuxEngine() override;
+
+ private:
+  struct RequestHash {
+    std::size_t operator()(const TypefaceRequest& request) const;
+  };
+
+  Registration onRegisterFontFile(const std::filesystem::path& file) override;
+  void onSetUsesHostFonts(bool uses) override;
+  std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& request) override;
+  std::shared_ptr<const ShapedText> onShape(const ShapeRequest& request) override;
+  std::unique_ptr<Canvas> onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale) override;
+  std::vector<std::uint8_t> onEncodePng(const Bitmap& bitmap) override;
+  std::string onUpperCase(const std::string& text) override;
+
+  std::shared_ptr<const Typeface> makeTypeface(const TypefaceRequest& request);
+  std::shared_ptr<const FontFace> primaryFace(const std::string& name);
+
+  FontRegistry registry_;
+  HostFonts hostFonts_;
+  std::atomic<bool> usesHostFonts_{true};
+  std::mutex mutex_;
+  std::unordered_map<TypefaceRequest, std::shared_ptr<const Typeface>, RequestHash> typefaces_;
+};
+
+}  // namespace Brisel::Platform::Linux

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <cstdint>
+
+namespace Brisel::Platform {
+
+/// The direction of a paragraph: its own (that of its first strong character, else the layout direction), or a given
+/// one.
+enum class WritingDirection : std::uint8_t { natural, leftToRight, rightToLeft };
+
+}  // namespace Brisel::Platform

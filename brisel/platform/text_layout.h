@@ -1,0 +1,88 @@
+// Shaped text set into lines: the one measure behind bounding rectangles, labels, drawing and fitting.
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "brisel/platform/engine.h"
+#include "brisel/platform/paragraph_style.h"
+#include "brisel/platform/shaped_text.h"
+
+namespace Brisel::Platform {
+
+/// The sizes of a stretch of text, which ends before the UTF-16 code unit `end`.
+struct TextSizeSpan {
+  std::uint32_t end = 0;
+  CGFloat pointSize = 0;       // points
+  CGFloat kern = 0;            // points, added to each cluster's advance
+  CGFloat baselineOffset = 0;  // points, upwards
+  FontMetrics metrics;         // of the stretch's own typeface, in ems; a line is never lower
+};
+
+/// The style of the paragraphs that begin before the UTF-16 code unit `end`.
+struct ParagraphSpan {
+  std::uint32_t end = 0;
+  std::shared_ptr<const NSParagraphStyle> style;  // null: the default one
+};
+
+/// The colours of a stretch of text. Null: nothing is drawn behind, black is drawn with.
+struct PaintSpan {
+  std::uint32_t end = 0;
+  ColorPtr foreground;
+  ColorPtr background;
+};
+
+/// One line. Distances are points.
+struct TextLine {
+  std::uint32_t firstCluster = 0;
+  std::uint32_t endCluster = 0;         // with the white space that it ends in
+  std::uint32_t endVisibleCluster = 0;  // without
+  CGFloat x = 0;                        // of its left end
+  CGFloat baseline = 0;                 // from the top of the text
+  CGFloat width = 0;                    // without trailing white space
+  CGFloat ascent = 0;                   // above the baseline
+  CGFloat descent = 0;                  // below the baseline, positive
+  CGFloat extraPerSpace = 0;            // what justification adds to each space
+  bool endsParagraph = false;
+};
+
+/// Lines of a shaped text at given sizes and a given width. Immutable; may be shared between threads.
+///
+/// Lines are filled greedily. A word that is wider than the line is torn between its clusters; the clipping and
+/// truncating modes do not wrap. Within a line every cluster adds (advance × size + kern), in the order of the text, so
+/// that a width is the same wherever it is measured. Heights are sums of the faces' own heights, nothing is rounded.
+class TextLayout {
+ public:
+  struct Options {
+    CGFloat width = std::numeric_limits<CGFloat>::infinity();  // points; what is not above 0 counts as no room at all
+    bool usesFontLeading = true;
+  };
+
+  /// `sizes` and `paragraphs` ascend and end with the text. Sizes that are negative or not finite count as 0.
+  TextLayout(std::shared_ptr<const ShapedText> text, std::span<const TextSizeSpan> sizes,
+             std::span<const ParagraphSpan> paragraphs, const Options& options);
+
+  /// The width of the widest line and the height of all; nothing for an empty text.
+  CGSize size() const noexcept { return size_; }
+  std::span<const TextLine> lines() const noexcept { return lines_; }
+  /// The first line's baseline, from the top.
+  CGFloat firstBaseline() const noexcept { return lines_.empty() ? 0 : lines_.front().baseline; }
+
+  /// Draws the text with its upper left corner at `at`. Lines that are aligned to a side are aligned in the width that
+  /// the text was laid out in, or its own width where that is unbounded. `paints` ascend; text behind the last is
+  /// black.
+  void draw(Canvas& canvas, CGPoint at, std::span<const PaintSpan> paints) const;
+
+ private:
+  class Filler;
+
+  std::shared_ptr<const ShapedText> text_;
+  std::vector<TextSizeSpan> sizes_;
+  std::vector<TextLine> lines_;
+  CGSize size_;
+};
+
+}  // namespace Brisel::Platform

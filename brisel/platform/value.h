@@ -1,0 +1,180 @@
+// Values of any kind: text attributes, notification information, font descriptors, dictionaries.
+#pragma once
+
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "brisel/platform/color.h"
+#include "brisel/platform/object.h"
+
+namespace Brisel::Platform {
+
+class Value;
+struct DictionaryEntry;
+namespace internal {
+struct ListStorage;
+struct DictionaryStorage;
+}  // namespace internal
+
+/// An immutable sequence of values. Copies share their elements. Any nesting may be compared, hashed and destroyed.
+class List {
+ public:
+  List() noexcept = default;
+  /// A list of one list is written List{Value(list)}: compilers disagree on whether List{list} is a copy.
+  List(std::initializer_list<Value> elements);
+  explicit List(std::vector<Value> elements);
+
+  std::size_t size() const noexcept;
+  bool empty() const noexcept { return size() == 0; }
+  const Value* begin() const noexcept;
+  const Value* end() const noexcept;
+  /// `index` must be below the size.
+  const Value& operator[](std::size_t index) const noexcept;
+
+  /// Equal sizes and, in order, equal elements. A list always equals its copies, even with a NaN in it.
+  friend bool operator==(const List& a, const List& b);
+
+ private:
+  std::shared_ptr<const internal::ListStorage> storage_;  // null when empty
+};
+
+/// An immutable map from values to values, enumerated in the order of insertion. Copies share their entries. Where a
+/// key is given twice, the first one's place and the last one's value stand.
+class Dictionary {
+ public:
+  using Entry = DictionaryEntry;
+
+  Dictionary() noexcept = default;
+  Dictionary(std::initializer_list<Entry> entries);
+  explicit Dictionary(std::vector<Entry> entries);
+
+  std::size_t size() const noexcept;
+  bool empty() const noexcept { return size() == 0; }
+  const Entry* begin() const noexcept;
+  const Entry* end() const noexcept;
+
+  /// The value of a key, or null. Looking up a text allocates nothing.
+  const Value* find(std::string_view key) const noexcept;
+  const Value* find(const std::same_as<Value> auto& key) const { return findValue(key); }
+
+  /// The same entries and this one, which replaces the one of an equal key.
+  Dictionary with(Value key, Value value) const;
+  /// The same entries but the one of this key.
+  Dictionary without(std::string_view key) const;
+  /// The entries of both; where both have a key, the value is that of `other`.
+  Dictionary mergedWith(const Dictionary& other) const;
+
+  /// Equal sizes and, under each key, equal values; order does not count. A dictionary always equals its copies.
+  friend bool operator==(const Dictionary& a, const Dictionary& b);
+
+ private:
+  const Value* findValue(const Value& key) const;
+  std::shared_ptr<const internal::DictionaryStorage> storage_;  // null when empty
+};
+
+namespace internal {
+template <class T>
+concept CharacterType = std::same_as<T, char> || std::same_as<T, wchar_t> || std::same_as<T, char8_t> ||
+    std::same_as<T, char16_t> || std::same_as<T, char32_t>;
+template <class T>
+concept IntegerType = std::integral<T> && !std::same_as<T, bool> && !CharacterType<T>;
+}  // namespace internal
+
+/// Null, a boolean, an integer, a double, a text, a list, a dictionary, an object or a colour. Immutable but for
+/// assignment. Equality is the platform's: numbers are equal when they are the same number, so that 1, 1.0 and true are
+/// equal and NaN equals nothing; objects and colours are asked; values of other kinds are never equal.
+class Value {
+ public:
+  enum class Kind : std::uint8_t { null, boolean, integer, real, string, list, dictionary, object, color };
+
+  Value() noexcept = default;
+  Value(std::nullptr_t) noexcept {}
+  // Templates, so that neither a pointer nor a text becomes a boolean, nor a character a number.
+  Value(std::same_as<bool> auto boolean) noexcept : storage_(boolean) {}
+  /// What exceeds 64 signed bits becomes the nearest double.
+  template <internal::IntegerType Integer>
+  Value(Integer integer) noexcept;
+  template <std::floating_point Real>
+  Value(Real real) noexcept : storage_(static_cast<double>(real)) {}
+  /// A text; its ill-formed bytes are replaced. A null pointer makes a null value.
+  Value(const char* text);
+  Value(std::string_view text);
+  Value(const std::string& text) : Value(std::string_view(text)) {}
+  Value(List list) noexcept : storage_(std::move(list)) {}
+  Value(Dictionary dictionary) noexcept : storage_(std::move(dictionary)) {}
+  /// An object, which is shared, not copied. A null pointer makes a null value.
+  template <std::derived_from<NSObject> Object>
+  Value(std::shared_ptr<Object> object) noexcept {
+    if (object) storage_ = std::shared_ptr<const NSObject>(std::move(object));
+  }
+  Value(ColorPtr color) noexcept {
+    if (color) storage_ = std::move(color);
+  }
+
+  Kind kind() const noexcept { return static_cast<Kind>(storage_.index()); }
+  bool isNull() const noexcept { return kind() == Kind::null; }
+
+  /// The number as another kind of number; nothing for what is no number, or cannot be said exactly in that kind
+  /// (`asDouble` alone rounds: integers beyond 2⁵³ to the nearest double).
+  std::optional<bool> asBool() const noexcept;
+  std::optional<std::int64_t> asInteger() const noexcept;
+  std::optional<double> asDouble() const noexcept;
+
+  /// The text, list or dictionary; null for other kinds. Lives as long as this value is not assigned to.
+  const std::string* asString() const noexcept { return std::get_if<std::string>(&storage_); }
+  const List* asList() const noexcept { return std::get_if<List>(&storage_); }
+  const Dictionary* asDictionary() const noexcept { return std::get_if<Dictionary>(&storage_); }
+
+  /// The object of this class (`UIColor` for colours); null for another class or kind.
+  template <class T>
+  std::shared_ptr<const T> as() const noexcept {
+    if constexpr (std::same_as<T, UIColor>) {
+      const ColorPtr* color = std::get_if<ColorPtr>(&storage_);
+      return color ? *color : nullptr;
+    } else {
+      const auto* object = std::get_if<std::shared_ptr<const NSObject>>(&storage_);
+      return object ? std::dynamic_pointer_cast<const T>(*object) : nullptr;
+    }
+  }
+
+  friend bool operator==(const Value& a, const Value& b);
+  /// Agrees with `==`. Of deep nestings only the outermost levels count.
+  std::size_t hash() const;
+
+ private:
+  std::size_t hash(int levels) const;
+
+  // In the order of Kind.
+  std::variant<std::monostate, bool, std::int64_t, double, std::string, List, Dictionary,
+               std::shared_ptr<const NSObject>, ColorPtr>
+      storage_;
+};
+
+struct DictionaryEntry {
+  Value key;
+  Value value;
+};
+
+template <internal::IntegerType Integer>
+Value::Value(Integer integer) noexcept {
+  if (std::in_range<std::int64_t>(integer))
+    storage_ = static_cast<std::int64_t>(integer);
+  else
+    storage_ = static_cast<double>(integer);
+}
+
+}  // namespace Brisel::Platform
+
+template <>
+struct std::hash<Brisel::Platform::Value> {
+  std::size_t operator()(const Brisel::Platform::Value& value) const { return value.hash(); }
+};
