@@ -33,6 +33,8 @@ PORTS = {"brisel/platform/linux", "brisel/platform/recording"}
 STANDARD_HEADER = re.compile(r"[a-z_0-9]+")
 # What the plain half may ask of the C library: where the code lies, and bytes of a file.
 POSIX_HEADERS = {"dlfcn.h", "fcntl.h", "link.h", "sys/stat.h", "sys/types.h", "sys/wait.h", "unistd.h"}
+# What tests ask besides, to fill memory and to end children.
+PROCESS_HEADERS = {"signal.h", "sys/mman.h"}
 TEST_HEADERS = re.compile(r"(gtest|gmock|rapidcheck)[/.].*")
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^">]+)[">]', re.MULTILINE)
@@ -45,13 +47,13 @@ def folder_of(path):
 
 
 def is_test(path):
-    return re.search(r"(_test\.cc|_testing\.h|_test_support\.(h|cc))$", path) is not None
+    return re.search(r"(_test\.(h|cc)|_testing\.h|_test_support\.(h|cc))$", path) is not None
 
 
 def complaint_about_system_header(path, header):
     if STANDARD_HEADER.fullmatch(header) or folder_of(path) == "brisel/platform/linux":
         return None
-    if is_test(path) and (TEST_HEADERS.fullmatch(header) or header in POSIX_HEADERS):
+    if is_test(path) and (TEST_HEADERS.fullmatch(header) or header in POSIX_HEADERS | PROCESS_HEADERS):
         return None
     if header in POSIX_HEADERS and path.endswith(".cc"):
         return None
@@ -59,6 +61,8 @@ def complaint_about_system_header(path, header):
 
 
 def complaint_about_own_header(path, header, root):
+    if is_test(path) and header.startswith("tests/"):
+        return None if (root / header).exists() else f'"{header}" does not exist'
     if not header.startswith("brisel/"):
         return f'"{header}" is not written as "brisel/…"'
     if not (root / header).exists():
