@@ -46,8 +46,9 @@ DescriptionPtr pangoDescription(double size) {
   return description;
 }
 
-std::shared_ptr<const Platform::UIFont> font(double size) {
-  return Font::font(FontStack::text.primaryFont, FontStack::text.fallbackFonts, Font::Weight::book, size, {});
+std::shared_ptr<const Platform::UIFont> font(double size, std::size_t fallbacks) {
+  return Font::font(FontStack::text.primaryFont, FontStack::text.fallbackFonts.first(fallbacks), Font::Weight::book,
+                    size, {});
 }
 
 }  // namespace Brisel::Benchmarks

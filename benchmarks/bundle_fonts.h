@@ -1,6 +1,8 @@
 // The bundle's fonts, for ours and the peers alike.
 #pragma once
 
+#include <cstddef>
+#include <iterator>
 #include <memory>
 
 #include <fontconfig/fontconfig.h>
@@ -34,7 +36,7 @@ PangoContext* pangoContext();
 /// The families at a size, in pixels.
 DescriptionPtr pangoDescription(double size);
 
-/// The same of ours.
-std::shared_ptr<const Platform::UIFont> font(double size);
+/// The same of ours, or the primary family with the first few of the others behind it.
+std::shared_ptr<const Platform::UIFont> font(double size, std::size_t fallbacks = std::size(kFamilies) - 1);
 
 }  // namespace Brisel::Benchmarks

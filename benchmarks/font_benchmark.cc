@@ -1,5 +1,6 @@
 // A font by name and size: one that was asked for before, and a new size of a family that is known.
-#include <string>
+#include <cstddef>
+#include <iterator>
 
 #include "benchmarks/bundle_fonts.h"
 #include "benchmarks/job.h"
@@ -27,16 +28,16 @@ BRISEL_JOB("font_cached/Pango", [](auto& state) {
   }
 });
 
-BRISEL_JOB("font_new_size/ours", [](auto& state) {
-  for (auto _ : state) benchmark::DoNotOptimize(font(nextSize()));
-});
+void oursNewSize(benchmark::State& state, std::size_t families) {
+  for (auto _ : state) benchmark::DoNotOptimize(font(nextSize(), families - 1));
+}
 
-BRISEL_JOB("font_new_size/FcFontMatch", [](auto& state) {
+void fcFontMatch(benchmark::State& state, std::size_t families) {
   FcConfig* const config = fontConfig();
   for (auto _ : state) {
     FcPattern* pattern = FcPatternCreate();
-    for (const char* family : kFamilies)
-      FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(family));
+    for (std::size_t i = 0; i < families; ++i)
+      FcPatternAddString(pattern, FC_FAMILY, reinterpret_cast<const FcChar8*>(kFamilies[i]));
     FcPatternAddInteger(pattern, FC_WEIGHT, FC_WEIGHT_REGULAR);
     FcPatternAddDouble(pattern, FC_PIXEL_SIZE, nextSize());
     FcConfigSubstitute(config, pattern, FcMatchPattern);
@@ -47,6 +48,11 @@ BRISEL_JOB("font_new_size/FcFontMatch", [](auto& state) {
     FcPatternDestroy(match);
     FcPatternDestroy(pattern);
   }
-});
+}
+
+BRISEL_JOB("font_new_size/ours", [](auto& state) { oursNewSize(state, 2); });
+BRISEL_JOB("font_new_size/FcFontMatch", [](auto& state) { fcFontMatch(state, 2); });
+BRISEL_JOB("font_new_size_stack/ours", [](auto& state) { oursNewSize(state, std::size(kFamilies)); });
+BRISEL_JOB("font_new_size_stack/FcFontMatch", [](auto& state) { fcFontMatch(state, std::size(kFamilies)); });
 
 }  // namespace
