@@ -1,10 +1,11 @@
 #include <cstdio>
 
-#include "brisel/tokens/color.h"
+#include "brisel/platform/content_size_category.h"
 #include "brisel/tokens/spacer.h"
+#include "brisel/typography/type_style.h"
 
 int main() {
-  const auto [red, green, blue, alpha] = Brisel::Color::gray7().value()->getRed();
-  std::printf("gray7 is (%.3f, %.3f, %.3f), alpha %.1f\n", red, green, blue, alpha);
-  std::printf("x16 is %.0f points\n", Brisel::Spacer::x16().value());
+  const auto font = Brisel::TypeStyle::ballad().font(Brisel::Platform::UIContentSizeCategoryLarge);
+  std::printf("%s, %g points, ", font->fontName().c_str(), font->pointSize());
+  std::printf("%g points from the edge\n", Brisel::Spacer::x16().value());
 }
