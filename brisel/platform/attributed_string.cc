@@ -44,8 +44,8 @@ NSAttributedString::NSAttributedString(std::u16string text, std::vector<Attribut
     : text_(internal::toUtf8(text)), utf16_(std::move(text)), runs_(std::move(runs)) {}
 
 std::shared_ptr<const NSAttributedString> NSAttributedString::initWithString(std::string_view text,
-                                                                             Dictionary attributes) {
-  return NSMutableAttributedString::initWithString(text, std::move(attributes))->copy();
+                                                                             const Dictionary& attributes) {
+  return NSMutableAttributedString::initWithString(text, attributes)->copy();
 }
 
 const Dictionary& NSAttributedString::attributesAtIndex(std::size_t index, NSRange* effectiveRange) const {
@@ -105,7 +105,7 @@ NSRange NSAttributedString::checked(NSRange range) const {
 }
 
 std::shared_ptr<NSMutableAttributedString> NSMutableAttributedString::initWithString(std::string_view text,
-                                                                                     Dictionary attributes) {
+                                                                                     const Dictionary& attributes) {
   std::u16string units = internal::toUtf16(text);
   std::vector<AttributeRun> runs = oneRun(units.size(), attributes);
   return std::shared_ptr<NSMutableAttributedString>(new NSMutableAttributedString(std::move(units), std::move(runs)));

@@ -46,7 +46,8 @@ class NSMutableAttributedString;
 class NSAttributedString : public NSObject {
  public:
   /// `initWithString:attributes:`: a text with the same attributes throughout. Ill-formed bytes are replaced.
-  static std::shared_ptr<const NSAttributedString> initWithString(std::string_view text, Dictionary attributes = {});
+  static std::shared_ptr<const NSAttributedString> initWithString(std::string_view text,
+                                                                  const Dictionary& attributes = {});
 
   const std::string& string() const noexcept { return text_; }
   std::u16string_view utf16() const noexcept { return utf16_; }
@@ -92,7 +93,8 @@ class NSAttributedString : public NSObject {
 /// An attributed string that can be changed. For one thread at a time.
 class NSMutableAttributedString final : public NSAttributedString {
  public:
-  static std::shared_ptr<NSMutableAttributedString> initWithString(std::string_view text, Dictionary attributes = {});
+  static std::shared_ptr<NSMutableAttributedString> initWithString(std::string_view text,
+                                                                   const Dictionary& attributes = {});
 
   /// `replaceCharactersInRange:withString:`: the new text takes the attributes of the first replaced character; where
   /// none is replaced, those of the character before, else of the one behind.

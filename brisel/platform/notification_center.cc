@@ -24,7 +24,7 @@ struct NSNotificationCenter::Registration {
 };
 
 NSNotificationCenter& NSNotificationCenter::defaultCenter() {
-  static NSNotificationCenter* const center = new NSNotificationCenter;  // Never freed.
+  static auto* const center = new NSNotificationCenter;  // Never freed.
   return *center;
 }
 

@@ -101,6 +101,7 @@ template <class Storage, class Elements>
 std::shared_ptr<const Storage> store(Elements elements) {
   if (elements.empty()) return nullptr;
   return std::shared_ptr<const Storage>(new Storage(std::move(elements)), [](const Storage* storage) {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): made just above, and not as a constant.
     internal::ValueStorage::release(const_cast<Storage*>(storage));
   });
 }

@@ -21,7 +21,7 @@ void DynamicTypeMonitor::buildShared(void* place, std::size_t) noexcept {
 }
 
 std::shared_ptr<DynamicTypeMonitor> DynamicTypeMonitor::make() {
-  const std::shared_ptr<DynamicTypeMonitor> monitor(new DynamicTypeMonitor);
+  std::shared_ptr<DynamicTypeMonitor> monitor(new DynamicTypeMonitor);
   NSNotificationCenter::defaultCenter().addObserver(monitor, Platform::UIContentSizeCategoryDidChangeNotification,
                                                     [observer = monitor.get()](const NSNotification& notification) {
                                                       observer->contentSizeCategoryDidChange(notification);
@@ -43,6 +43,8 @@ void DynamicTypeMonitor::contentSizeCategoryDidChange(const NSNotification& noti
   if (auto category = UIContentSizeCategory::fromValue(*value)) notifySubscribers(*std::move(category));
 }
 
+// By value: what the caller refers to may change while closures run.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void DynamicTypeMonitor::notifySubscribers(UIContentSizeCategory category) {
   currentContentSizeCategory_ = category;
   listeners_.sweep();

@@ -70,7 +70,7 @@ std::size_t SystemEvents::onRunPending() {
     const std::lock_guard lock(mutex_);
     if (watch_) {
       std::vector<pollfd> fds;
-      for (const auto& [channel, tag] : watch_->polled) fds.push_back({channel.fd.get(), channel.events, 0});
+      for (const auto& polled : watch_->polled) fds.push_back({polled.channel.fd.get(), polled.channel.events, 0});
       if (::poll(fds.data(), fds.size(), 0) > 0)
         for (std::size_t i = fds.size(); i-- > 0;) take(*watch_, i, fds[i].revents);
     }

@@ -9,7 +9,8 @@
 #include "brisel/platform/internal/work_queue.h"
 #include "brisel/platform/linux/memory_pressure_watcher.h"
 
-typedef struct _GSource GSource;
+// As GLib declares it, whose headers stay out of ours.
+typedef struct _GSource GSource;  // NOLINT(bugprone-reserved-identifier,modernize-use-using)
 
 namespace Brisel::Platform::Linux {
 
