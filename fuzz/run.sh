@@ -7,7 +7,7 @@ set -euo pipefail
 programs=$1 seconds=$2
 cd "$(dirname "$0")/.."
 mkdir -p out/fuzz
-export ASAN_OPTIONS=detect_stack_use_after_return=1 LSAN_OPTIONS=suppressions=$PWD/setup/lsan.supp
+export ASAN_OPTIONS=detect_stack_use_after_return=1
 failed=()
 for program in "$programs"/*_fuzzer; do
   name=$(basename "$program" _fuzzer)
