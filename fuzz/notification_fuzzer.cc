@@ -141,7 +141,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         center.removeObserver(object, name);
         break;
       default:
-        center.postNotification(name, sender, script.dictionary(3));
+        center.postNotificationName(name, sender, script.dictionary(3));
         break;
     }
   };

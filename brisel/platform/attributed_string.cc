@@ -104,6 +104,14 @@ NSRange NSAttributedString::checked(NSRange range) const {
   return {range.location, end - range.location};
 }
 
+std::vector<AttributeRun> NSAttributedString::runsIn(NSRange range) const {
+  range = checked(range);
+  std::vector<AttributeRun> runs;
+  appendRuns(runs, runs_, range);
+  for (AttributeRun& run : runs) run.range.location += range.location;
+  return runs;
+}
+
 std::shared_ptr<NSMutableAttributedString> NSMutableAttributedString::initWithString(std::string_view text,
                                                                                      const Dictionary& attributes) {
   std::u16string units = internal::toUtf16(text);

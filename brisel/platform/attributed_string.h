@@ -63,12 +63,12 @@ class NSAttributedString : public NSObject {
   /// `attribute:atIndex:effectiveRange:`: one attribute of a character, or null; valid until the string is changed.
   const Value* attribute(std::string_view name, std::size_t index) const;
 
-  /// `enumerateAttributesInRange:options:usingBlock:` over the whole text: calls `block(range, attributes)` for each
-  /// run as it was at the beginning, so that the block may change a mutable string.
+  /// `enumerateAttributesInRange:options:usingBlock:`, which has no options: calls `block(range, attributes)` for the
+  /// part of each run that lies in `range`, in order and as it was at the beginning, so that the block may change a
+  /// mutable string.
   template <class Block>
-  void enumerateAttributes(Block&& block) const {
-    const std::vector<AttributeRun> runs = runs_;
-    for (const AttributeRun& run : runs) block(run.range, run.attributes);
+  void enumerateAttributesInRange(NSRange range, Block&& block) const {
+    for (const AttributeRun& run : runsIn(range)) block(run.range, run.attributes);
   }
 
   std::shared_ptr<const NSAttributedString> attributedSubstringFromRange(NSRange range) const;
@@ -84,6 +84,8 @@ class NSAttributedString : public NSObject {
 
   /// The range, checked against the text, with whole pairs.
   NSRange checked(NSRange range) const;
+  /// The runs of a part, cut to it, at their places in the whole.
+  std::vector<AttributeRun> runsIn(NSRange range) const;
 
   std::string text_;
   std::u16string utf16_;  // the same text

@@ -18,7 +18,8 @@ constexpr std::string_view kNote = "\U0001F3B5";  // two code units
 
 std::vector<NSRange> ranges(const NSAttributedString& string) {
   std::vector<NSRange> found;
-  string.enumerateAttributes([&](NSRange range, const Dictionary&) { found.push_back(range); });
+  string.enumerateAttributesInRange({0, string.length()},
+                                    [&](NSRange range, const Dictionary&) { found.push_back(range); });
   return found;
 }
 
@@ -107,11 +108,26 @@ TEST(AttributedString, MayBeChangedWhileItIsEnumerated) {
   const auto string = NSMutableAttributedString::initWithString("ab");
   string->addAttribute("a", 1, {0, 1});
   int runs = 0;
-  string->enumerateAttributes([&](NSRange, const Dictionary&) {
+  string->enumerateAttributesInRange({0, 2}, [&](NSRange, const Dictionary&) {
     ++runs;
     string->setAttributes({}, {0, 2});
   });
   EXPECT_EQ(runs, 2);
+}
+
+TEST(AttributedString, EnumeratesThePartsOfItsRunsThatLieInARange) {
+  const auto string = NSMutableAttributedString::initWithString("abcde");
+  string->addAttribute("a", 1, {0, 2});
+  string->addAttribute("b", 1, {4, 1});
+  std::vector<NSRange> found;
+  std::vector<Dictionary> attributes;
+  string->enumerateAttributesInRange({1, 3}, [&](NSRange range, const Dictionary& run) {
+    found.push_back(range);
+    attributes.push_back(run);
+  });
+  EXPECT_EQ(found, (std::vector<NSRange>{{1, 1}, {2, 2}}));
+  EXPECT_EQ(attributes, (std::vector<Dictionary>{{{"a", 1}}, {}}));
+  string->enumerateAttributesInRange({2, 0}, [](NSRange, const Dictionary&) { FAIL(); });
 }
 
 TEST(AttributedStringDeathTest, RefusesPositionsBeyondTheText) {
@@ -120,6 +136,7 @@ TEST(AttributedStringDeathTest, RefusesPositionsBeyondTheText) {
   EXPECT_DEATH((string->addAttribute("a", 1, {1, 2})), "beyond");
   EXPECT_DEATH((string->replaceCharactersInRange({3, 0}, "")), "beyond");
   EXPECT_DEATH((string->setAttributes({}, {1, SIZE_MAX})), "beyond");
+  EXPECT_DEATH((string->enumerateAttributesInRange({0, 3}, [](NSRange, const Dictionary&) {})), "beyond");
 }
 
 TEST(AttributeKeys, AreTheirOwnNames) {

@@ -24,21 +24,22 @@ class NSMapTable {
   NSMapTable(const NSMapTable&) = delete;
   NSMapTable& operator=(const NSMapTable&) = delete;
 
-  /// Puts a value under a key, in the place of an earlier one. A key that no `shared_ptr` owns is a programming error.
+  /// `setObject:forKey:`: puts a value under a key, in the place of an earlier one. A key that no `shared_ptr` owns is
+  /// a programming error.
   template <class T>
-  void set(const std::shared_ptr<T>& key, std::shared_ptr<V> value) {
+  void setObject(std::shared_ptr<V> object, const std::shared_ptr<T>& key) {
     if (!key || key.use_count() == 0) fatalError("A key of an NSMapTable must be an object held by a shared_ptr");
     // Doubling keeps the cost of sweeping in proportion to that of inserting.
     if (entries_.size() >= 2 * std::max(sizeAfterSweep_, kSmallest)) sweep();
     internal::WeakKey weakKey(key);
     Entry& entry = entries_[weakKey.address()];
     // What stood here, perhaps of a freed key with the same address, dies when the table is whole again.
-    const Entry displaced = std::exchange(entry, Entry{std::move(weakKey), std::move(value)});
+    const Entry displaced = std::exchange(entry, Entry{std::move(weakKey), std::move(object)});
   }
 
   /// The value of a key, or null.
   template <class T>
-  std::shared_ptr<V> find(const std::shared_ptr<T>& key) const {
+  std::shared_ptr<V> objectForKey(const std::shared_ptr<T>& key) const {
     const internal::WeakKey weakKey(key);
     const auto found = entries_.find(weakKey.address());
     return found != entries_.end() && found->second.key == weakKey ? found->second.value : nullptr;
@@ -46,7 +47,7 @@ class NSMapTable {
 
   /// Forgets a key; harmless where it has no value.
   template <class T>
-  void remove(const std::shared_ptr<T>& key) {
+  void removeObjectForKey(const std::shared_ptr<T>& key) {
     const internal::WeakKey weakKey(key);
     const auto found = entries_.find(weakKey.address());
     if (found == entries_.end() || found->second.key != weakKey) return;
@@ -54,8 +55,8 @@ class NSMapTable {
     entries_.erase(found);
   }
 
-  /// The keys that are alive now, in no particular order. What is locked of them may be given to `find`.
-  std::vector<Key> keys() const {
+  /// The keys that are alive now, in no particular order. What is locked of them may be given to `objectForKey`.
+  std::vector<Key> keyEnumerator() const {
     std::vector<Key> keys;
     keys.reserve(entries_.size());
     for (const auto& [address, entry] : entries_)

@@ -29,14 +29,14 @@ std::shared_ptr<int> value(int number) { return std::make_shared<int>(number); }
 TEST(MapTable, FindsTheLastValueOfAKey) {
   NSMapTable<int> table;
   const auto key = std::make_shared<Key>();
-  EXPECT_EQ(table.find(key), nullptr);
-  table.set(key, value(1));
-  table.set(key, value(2));
-  EXPECT_EQ(*table.find(key), 2);
+  EXPECT_EQ(table.objectForKey(key), nullptr);
+  table.setObject(value(1), key);
+  table.setObject(value(2), key);
+  EXPECT_EQ(*table.objectForKey(key), 2);
   EXPECT_EQ(table.count(), 1U);
-  table.remove(key);
-  table.remove(key);
-  EXPECT_EQ(table.find(key), nullptr);
+  table.removeObjectForKey(key);
+  table.removeObjectForKey(key);
+  EXPECT_EQ(table.objectForKey(key), nullptr);
 }
 
 TEST(MapTable, HoldsKeysWeaklyAndValuesStrongly) {
@@ -46,13 +46,13 @@ TEST(MapTable, HoldsKeysWeaklyAndValuesStrongly) {
   {
     const auto number = value(1);
     stored = number;
-    table.set(key, number);
+    table.setObject(number, key);
   }
   EXPECT_EQ(key.use_count(), 1);
   EXPECT_FALSE(stored.expired());
   key.reset();
   EXPECT_EQ(table.count(), 0U);
-  EXPECT_TRUE(table.keys().empty());
+  EXPECT_TRUE(table.keyEnumerator().empty());
   table.sweep();
   EXPECT_TRUE(stored.expired());
 }
@@ -60,10 +60,10 @@ TEST(MapTable, HoldsKeysWeaklyAndValuesStrongly) {
 TEST(MapTable, KnowsAnObjectBehindEachOfItsBases) {
   NSMapTable<int> table;
   const auto object = std::make_shared<Both>();
-  table.set(std::shared_ptr<Left>(object), value(1));
-  EXPECT_EQ(*table.find(std::shared_ptr<const Right>(object)), 1);
-  EXPECT_EQ(*table.find(object), 1);
-  table.set(std::shared_ptr<Right>(object), value(2));
+  table.setObject(value(1), std::shared_ptr<Left>(object));
+  EXPECT_EQ(*table.objectForKey(std::shared_ptr<const Right>(object)), 1);
+  EXPECT_EQ(*table.objectForKey(object), 1);
+  table.setObject(value(2), std::shared_ptr<Right>(object));
   EXPECT_EQ(table.count(), 1U);
 }
 
@@ -75,33 +75,33 @@ TEST(MapTable, TellsAnObjectFromAMemberWithTheSameOwner) {
   NSMapTable<int> table;
   const auto whole = std::make_shared<Whole>();
   const std::shared_ptr<Key> member(whole, &whole->member);
-  table.set(whole, value(1));
-  table.set(member, value(2));
-  EXPECT_EQ(*table.find(whole), 1);
-  EXPECT_EQ(*table.find(member), 2);
+  table.setObject(value(1), whole);
+  table.setObject(value(2), member);
+  EXPECT_EQ(*table.objectForKey(whole), 1);
+  EXPECT_EQ(*table.objectForKey(member), 2);
 }
 
 TEST(MapTable, TellsANewObjectFromAFreedOneAtTheSameAddress) {
   NSMapTable<int> table;
   Key place;
   const auto ownedAgain = [&place] { return std::shared_ptr<Key>(&place, [](Key*) {}); };
-  table.set(ownedAgain(), value(1));
+  table.setObject(value(1), ownedAgain());
   const auto second = ownedAgain();
-  EXPECT_EQ(table.find(second), nullptr);
-  table.remove(second);
-  table.set(second, value(2));
-  EXPECT_EQ(*table.find(second), 2);
+  EXPECT_EQ(table.objectForKey(second), nullptr);
+  table.removeObjectForKey(second);
+  table.setObject(value(2), second);
+  EXPECT_EQ(*table.objectForKey(second), 2);
 }
 
 TEST(MapTable, HandsOutKeysThatFindTheirValues) {
   NSMapTable<int> table;
   const auto object = std::make_shared<Both>();
   const auto key = std::make_shared<Key>();
-  table.set(std::shared_ptr<Right>(object), value(1));
-  table.set(key, value(2));
+  table.setObject(value(1), std::shared_ptr<Right>(object));
+  table.setObject(value(2), key);
   int sum = 0;
-  for (const auto& weak : table.keys())
-    if (const auto alive = weak.lock()) sum += *table.find(alive);
+  for (const auto& weak : table.keyEnumerator())
+    if (const auto alive = weak.lock()) sum += *table.objectForKey(alive);
   EXPECT_EQ(sum, 3);
 }
 
@@ -109,11 +109,11 @@ TEST(MapTable, SweepsWhenAnInsertionFindsItDoubled) {
   NSMapTable<int> table;
   for (int i = 0; i < 1'000; ++i) {
     const auto key = std::make_shared<Key>();
-    table.set(key, value(i));
+    table.setObject(value(i), key);
     EXPECT_LE(table.storedCount(), 16U);
   }
   std::vector<std::shared_ptr<Key>> kept;
-  for (int i = 0; i < 1'000; ++i) table.set(kept.emplace_back(std::make_shared<Key>()), value(i));
+  for (int i = 0; i < 1'000; ++i) table.setObject(value(i), kept.emplace_back(std::make_shared<Key>()));
   EXPECT_EQ(table.count(), 1'000U);
 }
 
@@ -129,10 +129,10 @@ TEST(MapTable, IsWholeWhenItsValuesAreDestroyed) {
   NSMapTable<Curious> table;
   const auto a = std::make_shared<Key>();
   auto b = std::make_shared<Key>();
-  table.set(a, std::make_shared<Curious>(table, seen));
-  table.set(b, std::make_shared<Curious>(table, seen));
-  table.set(a, nullptr);  // displaced
-  table.remove(a);        // null, so silent
+  table.setObject(std::make_shared<Curious>(table, seen), a);
+  table.setObject(std::make_shared<Curious>(table, seen), b);
+  table.setObject(nullptr, a);  // displaced
+  table.removeObjectForKey(a);  // null, so silent
   b.reset();
   table.sweep();
   EXPECT_EQ(seen, (std::vector<std::size_t>{2, 0}));
@@ -140,10 +140,10 @@ TEST(MapTable, IsWholeWhenItsValuesAreDestroyed) {
 
 TEST(MapTableDeathTest, RefusesAKeyThatNobodyOwns) {
   NSMapTable<int> table;
-  EXPECT_DEATH(table.set(std::shared_ptr<Key>(), value(1)), "held by a shared_ptr");
+  EXPECT_DEATH(table.setObject(value(1), std::shared_ptr<Key>()), "held by a shared_ptr");
   Key onTheStack;
   const std::shared_ptr<Key> unowned(std::shared_ptr<void>(), &onTheStack);
-  EXPECT_DEATH(table.set(unowned, value(1)), "held by a shared_ptr");
+  EXPECT_DEATH(table.setObject(value(1), unowned), "held by a shared_ptr");
 }
 
 }  // namespace

@@ -58,8 +58,8 @@ void NSNotificationCenter::remove(const internal::WeakKey& observer, const std::
   });
 }
 
-void NSNotificationCenter::postNotification(std::string_view name, std::shared_ptr<const NSObject> object,
-                                            Dictionary userInfo) {
+void NSNotificationCenter::postNotificationName(std::string_view name, std::shared_ptr<const NSObject> object,
+                                                Dictionary userInfo) {
   const NSNotification notification{std::string(name), std::move(object), std::move(userInfo)};
   const internal::WeakKey sender(notification.object);
   std::vector<std::shared_ptr<Registration>> called;

@@ -62,8 +62,8 @@ class NSNotificationCenter {
 
   /// `postNotificationName:object:userInfo:`: calls the observers on this thread, in the order in which they were
   /// added, before it returns. Those that are added meanwhile are not called, those removed or freed are skipped.
-  void postNotification(std::string_view name, std::shared_ptr<const NSObject> object = nullptr,
-                        Dictionary userInfo = {});
+  void postNotificationName(std::string_view name, std::shared_ptr<const NSObject> object = nullptr,
+                            Dictionary userInfo = {});
 
  private:
   struct Registration;

@@ -33,14 +33,14 @@ TEST_F(NotificationCenter, CallsTheObserversOfANameInOrder) {
   center_.addObserver(a_, "news", hear("a"));
   center_.addObserver(b_, "other", hear("other"));
   center_.addObserver(b_, "news", hear("b"));
-  center_.postNotification("news");
+  center_.postNotificationName("news");
   EXPECT_THAT(heard_, ElementsAre("a", "b"));
 }
 
 TEST_F(NotificationCenter, HandsOnNameSenderAndInformation) {
   NSNotification received;
   center_.addObserver(a_, "news", [&](const NSNotification& notification) { received = notification; });
-  center_.postNotification("news", b_, {{"key", 1}});
+  center_.postNotificationName("news", b_, {{"key", 1}});
   EXPECT_EQ(received.name, "news");
   EXPECT_EQ(received.object, b_);
   EXPECT_EQ(received.userInfo, (Dictionary{{"key", 1}}));
@@ -48,10 +48,10 @@ TEST_F(NotificationCenter, HandsOnNameSenderAndInformation) {
 
 TEST_F(NotificationCenter, AsksForTheSenderWhereOneWasNamed) {
   center_.addObserver(a_, "news", hear("from b"), b_);
-  center_.postNotification("news");
-  center_.postNotification("news", a_);
+  center_.postNotificationName("news");
+  center_.postNotificationName("news", a_);
   EXPECT_TRUE(heard_.empty());
-  center_.postNotification("news", b_);
+  center_.postNotificationName("news", b_);
   EXPECT_THAT(heard_, ElementsAre("from b"));
 }
 
@@ -62,15 +62,15 @@ TEST_F(NotificationCenter, ForgetsFreedObserversAndSenders) {
   center_.addObserverForName("news", b_, [captured](const NSNotification&) { FAIL(); });
   a_.reset();
   b_.reset();
-  center_.postNotification("news");
+  center_.postNotificationName("news");
   EXPECT_EQ(captured.use_count(), 1);
 }
 
 TEST_F(NotificationCenter, KeepsATokenUntilItIsRemoved) {
   std::weak_ptr<const NSObject> weak = center_.addObserverForName("news", nullptr, hear("token"));
-  center_.postNotification("news");
+  center_.postNotificationName("news");
   center_.removeObserver(weak.lock());
-  center_.postNotification("news");
+  center_.postNotificationName("news");
   EXPECT_THAT(heard_, ElementsAre("token"));
   EXPECT_TRUE(weak.expired());
 }
@@ -80,11 +80,11 @@ TEST_F(NotificationCenter, RemovesAnObserverOfOneNameOrOfAll) {
   center_.addObserver(a_, "two", hear("two"));
   center_.addObserver(b_, "one", hear("b"));
   center_.removeObserver(a_, "one");
-  center_.postNotification("one");
-  center_.postNotification("two");
+  center_.postNotificationName("one");
+  center_.postNotificationName("two");
   EXPECT_THAT(heard_, ElementsAre("b", "two"));
   center_.removeObserver(a_);
-  center_.postNotification("two");
+  center_.postNotificationName("two");
   EXPECT_EQ(heard_.size(), 2U);
 }
 
@@ -97,16 +97,16 @@ TEST_F(NotificationCenter, LetsAHandlerAddAndRemoveObservers) {
     center_.removeObserver(a_);
   });
   center_.addObserver(b_, "news", hear("b"));
-  center_.postNotification("news");
+  center_.postNotificationName("news");
   EXPECT_THAT(heard_, ElementsAre("a"));
-  center_.postNotification("news");
+  center_.postNotificationName("news");
   EXPECT_THAT(heard_, ElementsAre("a", "late"));
 }
 
 TEST_F(NotificationCenter, SkipsAnObserverThatAHandlerFrees) {
   center_.addObserver(a_, "news", [&](const NSNotification&) { b_.reset(); });
   center_.addObserver(b_, "news", hear("b"));
-  center_.postNotification("news");
+  center_.postNotificationName("news");
   EXPECT_TRUE(heard_.empty());
 }
 
@@ -116,17 +116,17 @@ TEST_F(NotificationCenter, KeepsAnObserverAliveDuringItsHandler) {
     a_.reset();
     EXPECT_FALSE(weak.expired());
   });
-  center_.postNotification("news");
+  center_.postNotificationName("news");
   EXPECT_TRUE(weak.expired());
 }
 
 TEST_F(NotificationCenter, LetsAHandlerPost) {
   center_.addObserver(a_, "outer", [&](const NSNotification&) {
-    center_.postNotification("inner");
+    center_.postNotificationName("inner");
     heard_.push_back("outer");
   });
   center_.addObserver(b_, "inner", hear("inner"));
-  center_.postNotification("outer");
+  center_.postNotificationName("outer");
   EXPECT_THAT(heard_, ElementsAre("inner", "outer"));
 }
 
@@ -134,7 +134,7 @@ TEST_F(NotificationCenter, DestroysHandlersOutsideItsLock) {
   // Something whose destructor uses the centre.
   struct Captured {
     NSNotificationCenter& center;
-    ~Captured() { center.postNotification("destroyed"); }
+    ~Captured() { center.postNotificationName("destroyed"); }
   };
   center_.addObserver(b_, "destroyed", hear("destroyed"));
   center_.addObserver(a_, "news", [held = std::shared_ptr<Captured>(new Captured{center_})](const NSNotification&) {});
@@ -145,7 +145,7 @@ TEST_F(NotificationCenter, DestroysHandlersOutsideItsLock) {
 TEST_F(NotificationCenter, IgnoresAMissingObserverOrHandler) {
   center_.addObserver(std::shared_ptr<Observer>(), "news", hear("nobody"));
   center_.addObserver(a_, "news", nullptr);
-  center_.postNotification("news");
+  center_.postNotificationName("news");
   EXPECT_TRUE(heard_.empty());
 }
 
@@ -157,7 +157,7 @@ TEST_F(NotificationCenter, MayBeUsedFromSeveralThreads) {
       for (int i = 0; i < 200; ++i) {
         const auto observer = std::make_shared<Observer>();
         center_.addObserver(observer, "news", [&](const NSNotification&) { ++calls; });
-        center_.postNotification("news");
+        center_.postNotificationName("news");
         if (i % 2) center_.removeObserver(observer);
       }
     });

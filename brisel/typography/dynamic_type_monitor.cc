@@ -50,9 +50,10 @@ void DynamicTypeMonitor::notifySubscribers(UIContentSizeCategory category) {
   listeners_.sweep();
   // Closures may free, subscribe and unsubscribe whom they like. So the snapshot keeps nobody alive but the subscriber
   // that is being called, and what to call is looked up just before the call.
-  for (const auto& key : listeners_.keys())
+  for (const auto& key : listeners_.keyEnumerator())
     if (const auto subscriber = key.lock())
-      if (const auto wrapper = listeners_.find(subscriber); wrapper && wrapper->onUpdate) wrapper->onUpdate(category);
+      if (const auto wrapper = listeners_.objectForKey(subscriber); wrapper && wrapper->onUpdate)
+        wrapper->onUpdate(category);
 }
 
 }  // namespace Brisel

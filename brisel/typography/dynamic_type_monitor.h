@@ -35,7 +35,7 @@ class DynamicTypeMonitor final : public Platform::NSObject {
   /// the closure. An object that no `shared_ptr` holds is a programming error; an empty closure is never called.
   template <class T>
   void subscribe(const std::shared_ptr<T>& subscriber, Update onUpdate) {
-    listeners_.set(subscriber, std::make_shared<const Wrapper>(Wrapper{std::move(onUpdate)}));
+    listeners_.setObject(std::make_shared<const Wrapper>(Wrapper{std::move(onUpdate)}), subscriber);
   }
   template <class T>
   requires requires(T& object) { object.weak_from_this(); }
@@ -44,7 +44,7 @@ class DynamicTypeMonitor final : public Platform::NSObject {
   /// Ends a subscription; harmless where there is none. During a notification it takes effect at once.
   template <class T>
   void unsubscribe(const std::shared_ptr<T>& subscriber) {
-    listeners_.remove(subscriber);
+    listeners_.removeObjectForKey(subscriber);
   }
   template <class T>
   requires requires(T& object) { object.weak_from_this(); }

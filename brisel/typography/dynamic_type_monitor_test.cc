@@ -35,8 +35,8 @@ class Listener {
 };
 
 void post(Dictionary userInfo) {
-  NSNotificationCenter::defaultCenter().postNotification(UIContentSizeCategoryDidChangeNotification, nullptr,
-                                                         std::move(userInfo));
+  NSNotificationCenter::defaultCenter().postNotificationName(UIContentSizeCategoryDidChangeNotification, nullptr,
+                                                             std::move(userInfo));
 }
 
 TEST(DynamicTypeMonitor, IsOneForTheProcess) {
@@ -82,7 +82,7 @@ TEST(DynamicTypeMonitor, HearsTheNotificationFromAnySender) {
   Listener listener;
   monitor().subscribe(view, listener.update());
   post({{UIContentSizeCategoryNewValueKey, UIContentSizeCategoryExtraLarge}});
-  NSNotificationCenter::defaultCenter().postNotification(
+  NSNotificationCenter::defaultCenter().postNotificationName(
       UIContentSizeCategoryDidChangeNotification, view,
       {{UIContentSizeCategoryNewValueKey, UIContentSizeCategoryExtraSmall}});
   EXPECT_THAT(listener.heard, ElementsAre("UIContentSizeCategoryExtraLarge", "UIContentSizeCategoryExtraSmall"));
@@ -97,7 +97,7 @@ TEST(DynamicTypeMonitor, IgnoresNotificationsWithoutACategory) {
   post({{"another key", UIContentSizeCategorySmall}});
   for (const Value& value : {Value(), Value(true), Value(1.5), Value(List{UIContentSizeCategorySmall}), Value(view)})
     post({{UIContentSizeCategoryNewValueKey, value}});
-  NSNotificationCenter::defaultCenter().postNotification(
+  NSNotificationCenter::defaultCenter().postNotificationName(
       "another notification", nullptr, {{UIContentSizeCategoryNewValueKey, UIContentSizeCategorySmall}});
   EXPECT_THAT(listener.heard, IsEmpty());
   EXPECT_EQ(monitor().preferredContentSizeCategory(), UIContentSizeCategoryLarge);
