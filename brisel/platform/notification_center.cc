@@ -1,5 +1,6 @@
 #include "brisel/platform/notification_center.h"
 
+#include <algorithm>
 #include <atomic>
 #include <iterator>
 #include <utility>
@@ -8,6 +9,8 @@ namespace Brisel::Platform {
 namespace {
 
 class ObserverToken final : public NSObject {};
+
+constexpr std::size_t kSmallest = 8;
 
 }  // namespace
 
@@ -43,7 +46,10 @@ void NSNotificationCenter::add(internal::WeakKey observer, std::shared_ptr<const
   std::shared_ptr<Registration> registration(new Registration{std::move(observer), std::move(token), std::string(name),
                                                               std::move(handler), object != nullptr,
                                                               internal::WeakKey(object)});
+  std::vector<std::shared_ptr<Registration>> dead;
   const std::lock_guard lock(mutex_);
+  // Doubling keeps the cost of sweeping in proportion to that of adding.
+  if (registrations_.size() >= 2 * std::max(sizeAfterSweep_, kSmallest)) dead = sweep();
   registrations_.push_back(std::move(registration));
 }
 
@@ -58,6 +64,17 @@ void NSNotificationCenter::remove(const internal::WeakKey& observer, const std::
   });
 }
 
+std::vector<std::shared_ptr<NSNotificationCenter::Registration>> NSNotificationCenter::sweep() {
+  std::vector<std::shared_ptr<Registration>> dead;
+  std::erase_if(registrations_, [&](std::shared_ptr<Registration>& registration) {
+    if (!registration->isDead()) return false;
+    dead.push_back(std::move(registration));
+    return true;
+  });
+  sizeAfterSweep_ = registrations_.size();
+  return dead;
+}
+
 void NSNotificationCenter::postNotificationName(std::string_view name, std::shared_ptr<const NSObject> object,
                                                 Dictionary userInfo) {
   const NSNotification notification{std::string(name), std::move(object), std::move(userInfo)};
@@ -66,15 +83,10 @@ void NSNotificationCenter::postNotificationName(std::string_view name, std::shar
   std::vector<std::shared_ptr<Registration>> dead;
   {
     const std::lock_guard lock(mutex_);
-    std::erase_if(registrations_, [&](std::shared_ptr<Registration>& registration) {
-      if (registration->isDead()) {
-        dead.push_back(std::move(registration));
-        return true;
-      }
+    dead = sweep();
+    for (const std::shared_ptr<Registration>& registration : registrations_)
       if (registration->name == notification.name && (!registration->hasSender || registration->sender == sender))
         called.push_back(registration);
-      return false;
-    });
   }
   dead.clear();
   for (const std::shared_ptr<Registration>& registration : called) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -71,9 +72,12 @@ class NSNotificationCenter {
   void add(internal::WeakKey observer, std::shared_ptr<const NSObject> token, std::string_view name, Handler handler,
            const std::shared_ptr<const NSObject>& object);
   void remove(const internal::WeakKey& observer, const std::string_view* name);
+  // Takes out the registrations of freed observers and senders, for the caller to destroy without the lock.
+  std::vector<std::shared_ptr<Registration>> sweep();
 
-  std::mutex mutex_;
+  std::mutex mutex_;  // guards what follows
   std::vector<std::shared_ptr<Registration>> registrations_;
+  std::size_t sizeAfterSweep_ = 0;
 };
 
 }  // namespace Brisel::Platform

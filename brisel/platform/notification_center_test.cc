@@ -66,6 +66,21 @@ TEST_F(NotificationCenter, ForgetsFreedObserversAndSenders) {
   EXPECT_EQ(captured.use_count(), 1);
 }
 
+TEST_F(NotificationCenter, ForgetsFreedObserversWhereNobodyPosts) {
+  const auto captured = std::make_shared<int>(0);
+  for (int i = 0; i < 1'000; ++i)
+    center_.addObserver(std::make_shared<Observer>(), "news", [captured](const NSNotification&) { FAIL(); });
+  EXPECT_LE(captured.use_count(), 1 + 16);
+}
+
+TEST_F(NotificationCenter, KeepsLivingObserversWhenItGrows) {
+  std::vector<std::shared_ptr<Observer>> observers;
+  for (int i = 0; i < 1'000; ++i)
+    center_.addObserver(observers.emplace_back(std::make_shared<Observer>()), "news", hear("alive"));
+  center_.postNotificationName("news");
+  EXPECT_EQ(heard_.size(), 1'000U);
+}
+
 TEST_F(NotificationCenter, KeepsATokenUntilItIsRemoved) {
   std::weak_ptr<const NSObject> weak = center_.addObserverForName("news", nullptr, hear("token"));
   center_.postNotificationName("news");
