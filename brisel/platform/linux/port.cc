@@ -6,6 +6,6 @@
 namespace Brisel::Platform {
 
 std::shared_ptr<Engine> makeDefaultEngine() { return std::make_shared<Linux::LinuxEngine>(); }
-std::shared_ptr<SystemEvents> makeDefaultSystemEvents() { return std::make_shared<Linux::SystemEvents>(); }
+std::shared_ptr<SystemEvents> makeDefaultSystemEvents() { return std::make_shared<Linux::LinuxSystemEvents>(); }
 
 }  // namespace Brisel::Platform

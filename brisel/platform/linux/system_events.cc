@@ -33,7 +33,7 @@ void destroySource(GSource* source) {
 
 // One watching: the channels and the source that polls them. Deliveries hold the handler weakly, so that ending the
 // watching drops those that have not begun.
-struct SystemEvents::Watch {
+struct LinuxSystemEvents::Watch {
   struct Polled {
     MemoryPressureChannel channel;
     gpointer tag;
@@ -55,17 +55,17 @@ struct SystemEvents::Watch {
   std::vector<Polled> polled;
 };
 
-SystemEvents::SystemEvents(std::optional<MemoryPressurePlaces> places)
+LinuxSystemEvents::LinuxSystemEvents(std::optional<MemoryPressurePlaces> places)
     : places_(std::move(places)), queueSource_(attachSource(dispatchQueue, this)) {}
 
-SystemEvents::~SystemEvents() { destroySource(queueSource_); }
+LinuxSystemEvents::~LinuxSystemEvents() { destroySource(queueSource_); }
 
-void SystemEvents::onPost(Work work) {
+void LinuxSystemEvents::onPost(Work work) {
   queue_.push(std::move(work));
   g_source_set_ready_time(queueSource_, 0);
 }
 
-std::size_t SystemEvents::onRunPending() {
+std::size_t LinuxSystemEvents::onRunPending() {
   {
     const std::lock_guard lock(mutex_);
     if (watch_) {
@@ -78,23 +78,23 @@ std::size_t SystemEvents::onRunPending() {
   return runQueue();
 }
 
-std::size_t SystemEvents::runQueue() {
+std::size_t LinuxSystemEvents::runQueue() {
   const std::size_t count = queue_.run();
   // What was posted meanwhile is due next; whoever has run nothing leaves that to whoever is running.
   if (count > 0 && !queue_.isEmpty()) g_source_set_ready_time(queueSource_, 0);
   return count;
 }
 
-int SystemEvents::dispatchQueue(void* self) {
-  auto& events = *static_cast<SystemEvents*>(self);
+int LinuxSystemEvents::dispatchQueue(void* self) {
+  auto& events = *static_cast<LinuxSystemEvents*>(self);
   g_source_set_ready_time(events.queueSource_, -1);
   events.runQueue();
   return G_SOURCE_CONTINUE;
 }
 
 // The outcome of a poll is passed on and not asked for again: a poll of a pressure file consumes its event.
-int SystemEvents::dispatchPressure(void* self) {
-  auto& events = *static_cast<SystemEvents*>(self);
+int LinuxSystemEvents::dispatchPressure(void* self) {
+  auto& events = *static_cast<LinuxSystemEvents*>(self);
   const std::lock_guard lock(events.mutex_);
   if (!events.watch_) return G_SOURCE_REMOVE;
   Watch& watch = *events.watch_;
@@ -104,7 +104,7 @@ int SystemEvents::dispatchPressure(void* self) {
   return G_SOURCE_CONTINUE;
 }
 
-void SystemEvents::take(Watch& watch, std::size_t channel, short revents) {
+void LinuxSystemEvents::take(Watch& watch, std::size_t channel, short revents) {
   const auto& polled = watch.polled[channel];
   switch (newsOf(polled.channel, revents)) {
     case MemoryPressureNews::none:
@@ -121,7 +121,7 @@ void SystemEvents::take(Watch& watch, std::size_t channel, short revents) {
   }
 }
 
-void SystemEvents::onWatchMemoryPressure(PressureHandler handler) {
+void LinuxSystemEvents::onWatchMemoryPressure(PressureHandler handler) {
   auto opened = MemoryPressureChannels::open(places_ ? *places_ : MemoryPressurePlaces::ofThisProcess());
   const bool isRefused = opened.channels.empty() && !opened.isTurnedOff;
   bool complains = false;
@@ -136,7 +136,7 @@ void SystemEvents::onWatchMemoryPressure(PressureHandler handler) {
   if (complains) log("memory pressure: neither the service manager, the cgroup nor the system can be watched");
 }
 
-void SystemEvents::onStopWatchingMemoryPressure() {
+void LinuxSystemEvents::onStopWatchingMemoryPressure() {
   std::unique_ptr<Watch> ended;  // closed without the lock
   const std::lock_guard lock(mutex_);
   ended.swap(watch_);

@@ -18,11 +18,11 @@ namespace Brisel::Platform::Linux {
 ///
 /// `runPending` needs no GLib loop: it looks at the pressure descriptors itself, without waiting, and runs the queue. A
 /// host may use both at once. Destroyed where no loop runs at the time.
-class SystemEvents final : public Platform::SystemEvents {
+class LinuxSystemEvents final : public SystemEvents {
  public:
   /// Pressure is looked for in `places`; where none are given in those of the process, read when the watching starts.
-  explicit SystemEvents(std::optional<MemoryPressurePlaces> places = std::nullopt);
-  ~SystemEvents() override;
+  explicit LinuxSystemEvents(std::optional<MemoryPressurePlaces> places = std::nullopt);
+  ~LinuxSystemEvents() override;
 
  protected:
   void onPost(Work work) override;

@@ -37,8 +37,8 @@ void runLoop() {
 
 // ---- The main queue -------------------------------------------------------------------------------------------------
 
-TEST(SystemEvents, RunsItsQueueInTheMainLoop) {
-  SystemEvents events;
+TEST(LinuxSystemEvents, RunsItsQueueInTheMainLoop) {
+  LinuxSystemEvents events;
   std::vector<int> ran;
   for (int i = 0; i < 3; ++i) events.post([&ran, i] { ran.push_back(i); });
   runLoop();
@@ -46,8 +46,8 @@ TEST(SystemEvents, RunsItsQueueInTheMainLoop) {
   EXPECT_EQ(events.runPending(), 0U);
 }
 
-TEST(SystemEvents, RunsItsQueueWithoutAMainLoopAndNothingTwice) {
-  SystemEvents events;
+TEST(LinuxSystemEvents, RunsItsQueueWithoutAMainLoopAndNothingTwice) {
+  LinuxSystemEvents events;
   std::vector<int> ran;
   for (int i = 0; i < 3; ++i) events.post([&ran, i] { ran.push_back(i); });
   EXPECT_EQ(events.runPending(), 3U);
@@ -56,8 +56,8 @@ TEST(SystemEvents, RunsItsQueueWithoutAMainLoopAndNothingTwice) {
   EXPECT_THAT(ran, SizeIs(3));
 }
 
-TEST(SystemEvents, RunsWhatItsWorkPostsInALaterTurn) {
-  SystemEvents events;
+TEST(LinuxSystemEvents, RunsWhatItsWorkPostsInALaterTurn) {
+  LinuxSystemEvents events;
   std::vector<int> ran;
   events.post([&] {
     events.post([&] { ran.push_back(2); });
@@ -71,8 +71,8 @@ TEST(SystemEvents, RunsWhatItsWorkPostsInALaterTurn) {
   EXPECT_THAT(ran, ElementsAre(1, 2));
 }
 
-TEST(SystemEvents, StaysSerialInALoopNestedInTheMainLoop) {
-  SystemEvents events;
+TEST(LinuxSystemEvents, StaysSerialInALoopNestedInTheMainLoop) {
+  LinuxSystemEvents events;
   std::vector<int> ran;
   events.post([&] {
     events.post([&] { ran.push_back(2); });
@@ -83,8 +83,8 @@ TEST(SystemEvents, StaysSerialInALoopNestedInTheMainLoop) {
   EXPECT_THAT(ran, ElementsAre(1, 2));
 }
 
-TEST(SystemEvents, WakesAMainLoopThatWaits) {
-  SystemEvents events;
+TEST(LinuxSystemEvents, WakesAMainLoopThatWaits) {
+  LinuxSystemEvents events;
   GMainLoop* const loop = g_main_loop_new(nullptr, FALSE);
   std::thread posting([&] { events.post([&] { g_main_loop_quit(loop); }); });
   g_main_loop_run(loop);
@@ -92,8 +92,8 @@ TEST(SystemEvents, WakesAMainLoopThatWaits) {
   g_main_loop_unref(loop);
 }
 
-TEST(SystemEvents, RunsEachPieceOnceAndSeriallyWhereALoopAndRunPendingCompete) {
-  SystemEvents events;
+TEST(LinuxSystemEvents, RunsEachPieceOnceAndSeriallyWhereALoopAndRunPendingCompete) {
+  LinuxSystemEvents events;
   constexpr int kCount = 2'000;
   std::atomic<int> inside{0};
   std::atomic<int> ran{0};
@@ -147,7 +147,7 @@ class MemoryPressureWatching : public ::testing::Test {
 
   void makeFifo(std::string_view name) const { ASSERT_EQ(::mkfifo(path(name).c_str(), 0600), 0); }
 
-  SystemEvents::PressureHandler recording() {
+  LinuxSystemEvents::PressureHandler recording() {
     return [this](MemoryPressureLevel level) { told.push_back(level); };
   }
 
@@ -164,7 +164,7 @@ constexpr std::string_view kCriticalTrigger("full 100000 2000000\0", 20);
 TEST_F(MemoryPressureWatching, HearsAFifoWithoutAMainLoop) {
   makeFifo("fifo");
   places.watch = path("fifo");
-  SystemEvents events(places);
+  LinuxSystemEvents events(places);
   events.watchMemoryPressure(recording());
   EXPECT_EQ(events.runPending(), 0U);
   poke("fifo");
@@ -178,7 +178,7 @@ TEST_F(MemoryPressureWatching, HearsAFifoWithoutAMainLoop) {
 TEST_F(MemoryPressureWatching, HearsAFifoInTheMainLoop) {
   makeFifo("fifo");
   places.watch = path("fifo");
-  SystemEvents events(places);
+  LinuxSystemEvents events(places);
   events.watchMemoryPressure(recording());
   runLoop();
   EXPECT_THAT(told, IsEmpty());
@@ -192,7 +192,7 @@ TEST_F(MemoryPressureWatching, HearsAFifoInTheMainLoop) {
 TEST_F(MemoryPressureWatching, DropsEventsThatAreUnderWayWhenItStops) {
   makeFifo("fifo");
   places.watch = path("fifo");
-  SystemEvents events(places);
+  LinuxSystemEvents events(places);
   events.stopWatchingMemoryPressure();  // harmless
   events.watchMemoryPressure(recording());
   events.post([&] { events.stopWatchingMemoryPressure(); });
@@ -206,7 +206,7 @@ TEST_F(MemoryPressureWatching, DropsEventsThatAreUnderWayWhenItStops) {
 TEST_F(MemoryPressureWatching, CanBeStartedAgain) {
   makeFifo("fifo");
   places.watch = path("fifo");
-  SystemEvents events(places);
+  LinuxSystemEvents events(places);
   events.watchMemoryPressure(recording());
   events.stopWatchingMemoryPressure();
   events.watchMemoryPressure(recording());
@@ -235,7 +235,7 @@ TEST_F(MemoryPressureWatching, HearsASocketUntilItsPeerLeaves) {
   const Listener listener(path("socket"));
   places.watch = path("socket");
   places.write = "aGVsbG8=";
-  SystemEvents events(places);
+  LinuxSystemEvents events(places);
   events.watchMemoryPressure(recording());
   {
     const FileDescriptor peer = listener.accept();
@@ -352,7 +352,7 @@ std::atomic<int> logged{0};
 
 TEST_F(MemoryPressureWatching, SaysOnceThatNothingCanBeWatched) {
   setLogHandler([](std::string_view) { ++logged; });
-  SystemEvents events(places);
+  LinuxSystemEvents events(places);
   for (int i = 0; i < 3; ++i) {
     events.watchMemoryPressure(recording());
     events.stopWatchingMemoryPressure();
@@ -365,7 +365,7 @@ TEST_F(MemoryPressureWatching, SaysNothingWhereItIsTurnedOff) {
   logged = 0;
   setLogHandler([](std::string_view) { ++logged; });
   places.watch = "/dev/null";
-  SystemEvents events(places);
+  LinuxSystemEvents events(places);
   events.watchMemoryPressure(recording());
   EXPECT_EQ(logged, 0);
   setLogHandler(nullptr);
