@@ -1,6 +1,5 @@
 // From the service manager's pressure file through the port, the main queue and the monitor to a cache.
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 
 #include <fcntl.h>
@@ -11,20 +10,17 @@
 #include "brisel/infrastructure/cache.h"
 #include "brisel/platform/main_queue.h"
 
+#include "tests/temporary_directory.h"
+
 namespace Brisel {
 namespace {
 
 class CacheOnLinux : public ::testing::Test {
  protected:
   void SetUp() override {
-    char pattern[] = "/tmp/brisel-cache-XXXXXX";
-    ASSERT_NE(::mkdtemp(pattern), nullptr);
-    directory_ = pattern;
-    fifo_ = directory_ + "/pressure";
     ASSERT_EQ(::mkfifo(fifo_.c_str(), 0600), 0);
     ::setenv("MEMORY_PRESSURE_WATCH", fifo_.c_str(), 1);
   }
-  void TearDown() override { std::filesystem::remove_all(directory_); }
 
   // Succeeds where somebody reads.
   int open() const { return ::open(fifo_.c_str(), O_WRONLY | O_NONBLOCK | O_CLOEXEC); }
@@ -37,8 +33,8 @@ class CacheOnLinux : public ::testing::Test {
   }
 
  private:
-  std::string directory_;
-  std::string fifo_;
+  const TemporaryDirectory directory_;
+  const std::string fifo_ = directory_.path() / "pressure";
 };
 
 TEST_F(CacheOnLinux, IsPurgedThroughAPressureFileWithoutAMainLoop) {

@@ -2,7 +2,6 @@
 
 #include <atomic>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -22,6 +21,8 @@
 #include <unistd.h>
 
 #include "brisel/platform/log.h"
+
+#include "tests/temporary_directory.h"
 
 namespace Brisel::Platform::Linux {
 namespace {
@@ -121,16 +122,12 @@ TEST(LinuxSystemEvents, RunsEachPieceOnceAndSeriallyWhereALoopAndRunPendingCompe
 class MemoryPressureWatching : public ::testing::Test {
  protected:
   void SetUp() override {
-    char pattern[] = "/tmp/brisel-pressure-XXXXXX";
-    ASSERT_NE(::mkdtemp(pattern), nullptr);
-    directory = pattern;
     places.cgroup = path("cgroup");
     places.mountInfo = path("mountinfo");
     places.system = path("system");
   }
-  void TearDown() override { std::filesystem::remove_all(directory); }
 
-  std::string path(std::string_view name) const { return directory + "/" + std::string(name); }
+  std::string path(std::string_view name) const { return temporary.path() / name; }
 
   void write(std::string_view name, std::string_view text) const { std::ofstream(path(name)) << text; }
 
@@ -151,7 +148,7 @@ class MemoryPressureWatching : public ::testing::Test {
     return [this](MemoryPressureLevel level) { told.push_back(level); };
   }
 
-  std::string directory;
+  const TemporaryDirectory temporary;
   MemoryPressurePlaces places;
   std::vector<MemoryPressureLevel> told;
 };
@@ -221,7 +218,7 @@ class Listener {
   explicit Listener(const std::string& path) : fd_(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
-    std::memcpy(address.sun_path, path.c_str(), path.size());
+    path.copy(address.sun_path, sizeof address.sun_path - 1);
     EXPECT_EQ(::bind(fd_.get(), reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
     EXPECT_EQ(::listen(fd_.get(), 4), 0);
   }
@@ -286,8 +283,8 @@ TEST_F(MemoryPressureWatching, IsTurnedOffByTheNullDevice) {
 TEST_F(MemoryPressureWatching, PrefersTheServiceManagerThenTheCgroupThenTheSystem) {
   write("system", "");
   write("cgroup", "4:memory:/old\n0::/app/ours\n");
-  write("mountinfo", "30 24 0:26 / /elsewhere rw - cgroup cgroup rw,memory\n31 24 0:27 / " + directory +
-                         "/unified rw,nosuid shared:9 - cgroup2 cgroup2 rw\n");
+  write("mountinfo", "30 24 0:26 / /elsewhere rw - cgroup cgroup rw,memory\n31 24 0:27 / " + path("unified") +
+                         " rw,nosuid shared:9 - cgroup2 cgroup2 rw\n");
   std::filesystem::create_directories(path("unified/app/ours"));
   makeFifo("fifo");
 
@@ -310,7 +307,7 @@ TEST_F(MemoryPressureWatching, PrefersTheServiceManagerThenTheCgroupThenTheSyste
 
 TEST_F(MemoryPressureWatching, FindsItsCgroupBelowTheRootOfAMount) {
   write("cgroup", "0::/container/app\n");
-  write("mountinfo", "31 24 0:27 /container " + directory + "/mount rw - cgroup2 cgroup2 rw\n");
+  write("mountinfo", "31 24 0:27 /container " + path("mount") + " rw - cgroup2 cgroup2 rw\n");
   std::filesystem::create_directories(path("mount/app"));
   write("mount/app/memory.pressure", "");
   EXPECT_THAT(MemoryPressureChannels::open(places).channels, SizeIs(2));
