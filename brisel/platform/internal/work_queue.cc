@@ -18,7 +18,8 @@ std::size_t WorkQueue::run() {
   std::size_t due = 0;
   {
     const std::lock_guard lock(mutex_);
-    if (isRunning_) return 0;
+    // A run of nothing would turn away whoever comes for what is pushed in its course.
+    if (isRunning_ || work_.empty()) return 0;
     isRunning_ = true;
     due = work_.size();
   }

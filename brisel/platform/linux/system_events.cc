@@ -79,9 +79,17 @@ std::size_t LinuxSystemEvents::onRunPending() {
 }
 
 std::size_t LinuxSystemEvents::runQueue() {
+  // Whoever has run work, be it some that threw, sees to what is left. Whoever has run nothing leaves that to whoever
+  // is running: a loop nested in a piece of work would spin.
+  struct Rearm {
+    LinuxSystemEvents& events;
+    bool hasRun = true;
+    ~Rearm() {
+      if (hasRun && !events.queue_.isEmpty()) g_source_set_ready_time(events.queueSource_, 0);
+    }
+  } rearm{*this};
   const std::size_t count = queue_.run();
-  // What was posted meanwhile is due next; whoever has run nothing leaves that to whoever is running.
-  if (count > 0 && !queue_.isEmpty()) g_source_set_ready_time(queueSource_, 0);
+  rearm.hasRun = count > 0;
   return count;
 }
 

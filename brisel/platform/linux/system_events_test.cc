@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -114,6 +115,48 @@ TEST(LinuxSystemEvents, RunsEachPieceOnceAndSeriallyWhereALoopAndRunPendingCompe
   EXPECT_EQ(events.runPending(), 0U);
   EXPECT_EQ(ran, kCount);
   EXPECT_EQ(overlaps, 0);
+}
+
+TEST(LinuxSystemEvents, LeavesTheMainLoopArmedWhereWorkThrows) {
+  LinuxSystemEvents events;
+  bool hasRun = false;
+  events.post([&] {
+    events.post([&] { hasRun = true; });
+    runLoop();  // uses up the wake-up
+    throw std::runtime_error("thrown by a piece of work");
+  });
+  EXPECT_THROW(events.runPending(), std::runtime_error);
+  runLoop();
+  EXPECT_TRUE(hasRun);
+}
+
+TEST(LinuxSystemEvents, LosesNoWakeUpToACallOfRunPendingThatFindsNothing) {
+  LinuxSystemEvents events;
+  constexpr int kRounds = 200;
+  int lost = 0;
+  for (int round = 0; round < kRounds; ++round) {
+    std::atomic<bool> hasRun{false};
+    std::atomic<bool> isPosted{false};
+    std::atomic<int> ready{0};
+    std::atomic<int> done{0};
+    std::thread pending([&] {
+      for (++ready; !isPosted;) events.runPending();
+      ++done;
+    });
+    std::thread poster([&] {
+      for (++ready; ready < 2;) std::this_thread::yield();
+      events.post([&] { hasRun = true; });
+      isPosted = true;
+      ++done;
+    });
+    while (done < 2) g_main_context_iteration(nullptr, FALSE);
+    pending.join();
+    poster.join();
+    runLoop();
+    lost += hasRun ? 0 : 1;
+    events.runPending();
+  }
+  EXPECT_EQ(lost, 0);
 }
 
 // ---- Memory pressure ------------------------------------------------------------------------------------------------
