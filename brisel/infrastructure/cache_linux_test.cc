@@ -1,6 +1,9 @@
 // From the service manager's pressure file through the port, the main queue and the monitor to a cache.
 #include <cstdlib>
+#include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -8,7 +11,10 @@
 #include <unistd.h>
 
 #include "brisel/infrastructure/cache.h"
+#include "brisel/platform/linux/system_events.h"
+#include "brisel/platform/log.h"
 #include "brisel/platform/main_queue.h"
+#include "brisel/platform/port.h"
 
 #include "tests/temporary_directory.h"
 
@@ -58,6 +64,19 @@ TEST_F(CacheOnLinux, LetsThePressureFileGoWithTheLastCache) {
   const int fd = open();
   EXPECT_GE(fd, 0);
   ::close(fd);
+}
+
+std::optional<Cache<int, int>> madeByTheLogHandler;
+
+TEST(CacheWhereNothingCanBeWatched, MayBeMadeByTheLogHandlerThatIsToldSo) {
+  const TemporaryDirectory nothing;
+  Platform::Linux::MemoryPressurePlaces places;
+  places.cgroup = places.mountInfo = places.system = nothing.path() / "missing";
+  Platform::setSystemEvents(std::make_shared<Platform::Linux::LinuxSystemEvents>(places));
+  Platform::setLogHandler([](std::string_view) { madeByTheLogHandler.emplace(10, 100); });
+  const Cache<int, int> cache(10, 100);
+  Platform::mainQueue().runPending();
+  EXPECT_TRUE(madeByTheLogHandler);
 }
 
 }  // namespace

@@ -141,7 +141,9 @@ void LinuxSystemEvents::onWatchMemoryPressure(PressureHandler handler) {
       watch_ = std::make_unique<Watch>(std::move(opened), std::move(handler), attachSource(dispatchPressure, this));
     complains = isRefused && !std::exchange(hasComplained_, true);
   }
-  if (complains) log("memory pressure: neither the service manager, the cgroup nor the system can be watched");
+  // Later, since our caller may hold a lock that the host's log handler needs.
+  if (complains)
+    onPost([] { log("memory pressure: neither the service manager, the cgroup nor the system can be watched"); });
 }
 
 void LinuxSystemEvents::onStopWatchingMemoryPressure() {

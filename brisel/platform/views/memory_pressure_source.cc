@@ -83,7 +83,8 @@ class Registry {
     return registry;
   }
 
-  // The system is told under the lock, so that its watching starts and stops in the order of the sources.
+  // The system is told under the lock, so that its watching starts and stops in the order of the sources; so a port
+  // calls no code of the host's from there, but posts it.
   void add(const std::shared_ptr<MemoryPressureSourceState>& state) {
     const std::lock_guard lock(mutex_);
     if (state->stage != MemoryPressureSourceState::Stage::made) return;
