@@ -2,7 +2,6 @@
 #pragma once
 
 #include "brisel/infrastructure/cache.h"
-#include "brisel/infrastructure/memory_pressure_monitor.h"
 #include "brisel/infrastructure/memory_pressure_observable.h"
 #include "brisel/themes/catalogue.h"
 #include "brisel/themes/theme.h"
