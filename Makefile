@@ -11,7 +11,7 @@ python := /usr/bin/python3
 build = cmake --preset $(1) && cmake --build --preset $(1) -j $(JOBS) $(if $(2),--target $(2))
 ctest = ctest --preset $(1) -j $(JOBS)
 
-.PHONY: help setup gallery test check asan tsan corpora lint browser fuzz bench coverage install clean
+.PHONY: help setup gallery test check release pressure asan tsan corpora lint browser fuzz bench coverage install clean
 .NOTPARALLEL:
 
 help:
@@ -39,7 +39,7 @@ test:
 	$(call build,dev)
 	$(call ctest,dev)
 
-check_stages := gallery release asan tsan corpora lint browser
+check_stages := gallery release pressure asan tsan corpora lint browser
 check:
 	$(install_for) build assets gallery test check
 	@for stage in $(check_stages); do setup/stage.sh $$stage $(MAKE) --no-print-directory $$stage || exit 1; done
@@ -49,6 +49,12 @@ release:
 	$(install_for) build assets
 	$(call build,release)
 	$(python) tests/static_checks/no_static_constructors.py build/release
+
+# Tests that make the machine run short of memory: alone, and not under sanitizers.
+pressure:
+	$(install_for) build assets test
+	$(call build,dev,pressure_tests)
+	ctest --test-dir build/dev -L pressure --no-tests=error --output-on-failure
 
 asan tsan:
 	$(install_for) build assets test
