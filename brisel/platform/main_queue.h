@@ -5,8 +5,8 @@
 
 namespace Brisel::Platform {
 
-/// The process's main queue: work runs serially, in the order of posting, on the thread that runs the host's main loop.
-/// On Linux that is GLib's default main context; a host without a GLib loop calls `runPending` now and then.
+/// The process's main queue: work runs serially, in the order of posting, on the thread that runs the host's main loop,
+/// if that is the kind of loop that the port serves; other hosts call `runPending` now and then. Needs a port.
 class MainQueue {
  public:
   /// Runs `work` later. May be called from any thread; nothing is lost while nobody runs the queue. Empty work is

@@ -15,7 +15,7 @@ class MemoryPressureSourceState;
 /// A source of memory-pressure events, delivered on the main queue.
 ///
 /// The process watches its system once for all sources: from the first that is resumed to the last that is cancelled.
-/// Sources in between cost no system call. All members may be called from any thread.
+/// Sources in between cost no system call. All members may be called from any thread. Needs a port.
 class MemoryPressureSource {
  public:
   /// A source of the events of the levels in `eventMask`. It is silent until it is resumed.
@@ -41,7 +41,7 @@ class MemoryPressureSource {
 };
 
 /// The host's own word that memory runs short: delivers one event to every live source, on the main queue. May be
-/// called from any thread.
+/// called from any thread. Needs a port.
 void reportMemoryPressure(MemoryPressureLevel level);
 
 }  // namespace Brisel::Platform

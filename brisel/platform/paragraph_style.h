@@ -37,7 +37,7 @@ class NSParagraphStyle : public NSObject {
   NSTextAlignment alignment() const noexcept { return settings_.alignment; }
   NSLineBreakMode lineBreakMode() const noexcept { return settings_.lineBreakMode; }
   WritingDirection baseWritingDirection() const noexcept { return settings_.baseWritingDirection; }
-  /// Between the bottom of a line and the top of the next one in the same paragraph.
+  /// Between the bottom of a line and the top of the next one, be it of the next paragraph; not behind a text's last.
   CGFloat lineSpacing() const noexcept { return settings_.lineSpacing; }
   /// What a line's own height is multiplied by, before the minimum and maximum are applied.
   CGFloat lineHeightMultiple() const noexcept { return settings_.lineHeightMultiple; }
