@@ -132,7 +132,7 @@ TEST(LinuxSystemEvents, LeavesTheMainLoopArmedWhereWorkThrows) {
 
 TEST(LinuxSystemEvents, LosesNoWakeUpToACallOfRunPendingThatFindsNothing) {
   LinuxSystemEvents events;
-  constexpr int kRounds = 200;
+  constexpr int kRounds = 100;
   int lost = 0;
   for (int round = 0; round < kRounds; ++round) {
     std::atomic<bool> hasRun{false};
