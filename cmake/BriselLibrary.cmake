@@ -18,10 +18,6 @@ function(brisel_target_options target)
       target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
     endif()
     target_link_options(${target} PRIVATE -fsanitize=${BRISEL_SANITIZE})
-    if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
-      # Instrumented variants look uninitialised to g++ 12 where they are not (GCC bug 80635 and its kin).
-      target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
-    endif()
   endif()
 endfunction()
 
