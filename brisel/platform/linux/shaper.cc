@@ -1,6 +1,7 @@
 #include "brisel/platform/linux/shaper.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -41,10 +42,28 @@ bool isOfNoScript(hb_script_t script) {
   return script == HB_SCRIPT_COMMON || script == HB_SCRIPT_INHERITED || script == HB_SCRIPT_UNKNOWN;
 }
 
+// What HarfBuzz made of a run.
+struct Glyphs {
+  std::span<const hb_glyph_info_t> infos;
+  std::span<const hb_glyph_position_t> positions;
+};
+
+// The one glyph of a run that is but a space, without features.
+struct LoneSpace {
+  std::shared_ptr<const FontFace> face;
+  hb_script_t script;
+  bool isReversed;
+  hb_glyph_info_t info;
+  hb_glyph_position_t position;
+};
+
+constexpr std::size_t kMostLoneSpaces = 32;
+
 // What a thread needs to shape, kept warm from text to text.
 struct Workshop {
   TextAnalysis analysis;
   std::vector<Item> items;
+  std::vector<LoneSpace> loneSpaces;
   std::unique_ptr<hb_buffer_t, HbDelete<hb_buffer_t, hb_buffer_destroy>> buffer{hb_buffer_create()};
 };
 
@@ -154,14 +173,9 @@ class Shaper {
     const std::uint32_t begin = item.begin;
     const std::uint32_t end = endItem < items.size() ? items[endItem].begin : text_->length;
 
-    hb_buffer_t* buffer = workshop_.buffer.get();
-    hb_buffer_clear_contents(buffer);
-    hb_buffer_add_utf16(buffer, reinterpret_cast<const std::uint16_t*>(request_.text.data()),
-                        static_cast<int>(text_->length), begin, static_cast<int>(end - begin));
-    hb_buffer_set_direction(buffer, item.level % 2 == 1 ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
-    hb_buffer_set_script(buffer, item.script);
-    hb_buffer_set_language(buffer, HB_LANGUAGE_INVALID);
-    shapeBuffer(face, typeface(item.span), span.usesLigatures);
+    const bool isLoneSpace = end - begin == 1 && request_.text[begin] == u' ' && span.usesLigatures &&
+                             typeface(item.span).features().empty();
+    const Glyphs glyphs = isLoneSpace ? shapeLoneSpace(item) : shapeByHarfBuzz(item, end);
 
     const auto runIndex = static_cast<std::uint32_t>(text_->runs.size());
     ShapedRun& run = text_->runs.emplace_back();
@@ -169,9 +183,42 @@ class Shaper {
     run.metrics = face.metrics();
     run.level = item.level;
     run.firstCluster = static_cast<std::uint32_t>(text_->clusters.size());
-    addClusters(runIndex, begin, end);
+    addClusters(runIndex, begin, end, glyphs);
     run.endCluster = static_cast<std::uint32_t>(text_->clusters.size());
-    addGlyphs(run, face);
+    addGlyphs(run, face, glyphs);
+  }
+
+  // Between words that a fallback face draws every space is a run of its own, and each comes out like the others.
+  Glyphs shapeLoneSpace(const Item& item) {
+    auto& known = workshop_.loneSpaces;
+    const bool isReversed = item.level % 2 == 1;
+    auto space = std::find_if(known.begin(), known.end(), [&](const LoneSpace& s) {
+      return s.face == *item.face && s.script == item.script && s.isReversed == isReversed;
+    });
+    if (space == known.end()) {
+      const Glyphs glyphs = shapeByHarfBuzz(item, item.begin + 1);
+      if (glyphs.infos.size() != 1) return glyphs;
+      if (known.size() == kMostLoneSpaces) known.clear();
+      known.push_back({*item.face, item.script, isReversed, glyphs.infos[0], glyphs.positions[0]});
+      space = known.end() - 1;
+    }
+    space->info.cluster = item.begin;
+    return {{&space->info, 1}, {&space->position, 1}};
+  }
+
+  // The result lies in the thread's buffer.
+  Glyphs shapeByHarfBuzz(const Item& item, std::uint32_t end) {
+    hb_buffer_t* buffer = workshop_.buffer.get();
+    hb_buffer_clear_contents(buffer);
+    hb_buffer_add_utf16(buffer, reinterpret_cast<const std::uint16_t*>(request_.text.data()),
+                        static_cast<int>(text_->length), item.begin, static_cast<int>(end - item.begin));
+    hb_buffer_set_direction(buffer, item.level % 2 == 1 ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
+    hb_buffer_set_script(buffer, item.script);
+    hb_buffer_set_language(buffer, HB_LANGUAGE_INVALID);
+    shapeBuffer(**item.face, typeface(item.span), request_.typefaces[item.span].usesLigatures);
+    unsigned count = 0;
+    const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
+    return {{infos, count}, {hb_buffer_get_glyph_positions(buffer, nullptr), count}};
   }
 
   void shapeBuffer(const FontFace& face, const LinuxTypeface& typeface, bool usesLigatures) {
@@ -189,13 +236,12 @@ class Shaper {
   }
 
   // One cluster for each cluster value that HarfBuzz kept, in the order of the text.
-  void addClusters(std::uint32_t run, std::uint32_t begin, std::uint32_t end) {
+  void addClusters(std::uint32_t run, std::uint32_t begin, std::uint32_t end, const Glyphs& glyphs) {
     const auto& analysis = workshop_.analysis;
-    unsigned count = 0;
-    const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(workshop_.buffer.get(), &count);
-    const bool isReversed = HB_DIRECTION_IS_BACKWARD(hb_buffer_get_direction(workshop_.buffer.get()));
-    for (unsigned i = 0; i < count; ++i) {
-      const std::uint32_t at = infos[isReversed ? count - 1 - i : i].cluster;
+    const std::size_t count = glyphs.infos.size();
+    const bool isReversed = text_->runs[run].level % 2 == 1;
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::uint32_t at = glyphs.infos[isReversed ? count - 1 - i : i].cluster;
       if (at < begin || at >= end) continue;
       if (analysis.boundaries[at] == Boundary::none) continue;  // HarfBuzz parts CR and LF
       if (!text_->clusters.empty() && text_->clusters.back().begin >= at) continue;
@@ -212,16 +258,14 @@ class Shaper {
     }
   }
 
-  void addGlyphs(ShapedRun& run, const FontFace& face) {
-    unsigned count = 0;
-    const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(workshop_.buffer.get(), &count);
-    const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(workshop_.buffer.get(), &count);
+  void addGlyphs(ShapedRun& run, const FontFace& face, const Glyphs& glyphs) {
+    const auto& [infos, positions] = glyphs;
     const CGFloat em = face.unitsPerEm();
     auto& clusters = text_->clusters;
-    run.glyphs.reserve(count);
+    run.glyphs.reserve(infos.size());
     const bool isReversed = run.level % 2 == 1;
     std::uint32_t cluster = isReversed ? run.endCluster - 1 : run.firstCluster;
-    for (unsigned i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < infos.size(); ++i) {
       const std::uint32_t at = infos[i].cluster;
       while (!isReversed && cluster + 1 < run.endCluster && clusters[cluster + 1].begin <= at) ++cluster;
       while (isReversed && cluster > run.firstCluster && clusters[cluster].begin > at) --cluster;

@@ -47,9 +47,13 @@ bool hasStrongCharacter(std::u16string_view text) {
   return std::any_of(text.begin(), text.end(), [](char16_t unit) { return u_charDirection(unit) == U_LEFT_TO_RIGHT; });
 }
 
-// Below the combining marks every code unit is a user-perceived character, but for the pair CR LF.
+// Nothing joins characters that say nothing of how they join: the letters of most scripts. Below the combining marks
+// only the pair CR LF is joined.
 bool everyUnitIsAGrapheme(std::u16string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x0300 && unit != u'\r'; });
+  return std::all_of(text.begin(), text.end(), [](char16_t unit) {
+    if (unit < 0x0300) return unit != u'\r';
+    return u_getIntPropertyValue(unit, UCHAR_GRAPHEME_CLUSTER_BREAK) == U_GCB_OTHER;
+  });
 }
 
 }  // namespace
@@ -115,8 +119,8 @@ void TextAnalysis::findBoundaries(std::u16string_view text) {
 
 bool isBreakingSpace(char32_t character) {
   if (character < 0x80) return character == U' ' || (character >= 0x09 && character <= 0x0D);
-  const auto kind = static_cast<ULineBreak>(u_getIntPropertyValue(static_cast<UChar32>(character), UCHAR_LINE_BREAK));
-  return (u_isUWhiteSpace(static_cast<UChar32>(character)) != 0) && kind != U_LB_GLUE;
+  const auto c = static_cast<UChar32>(character);
+  return u_isUWhiteSpace(c) != 0 && u_getIntPropertyValue(c, UCHAR_LINE_BREAK) != U_LB_GLUE;
 }
 
 bool isControl(char32_t character) {
