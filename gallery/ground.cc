@@ -1,0 +1,60 @@
+#include "gallery/ground.h"
+
+#include <algorithm>
+
+#include "brisel/themes/catalogue.h"
+#include "brisel/tokens/catalogue.h"
+
+#include "gallery/catalogue_names.h"
+
+namespace Brisel::Gallery {
+namespace {
+
+std::string slotProperties(const Theme::ColorSet& set) {
+  std::string rules;
+  for (const auto& slot : Catalogue::slots()) {
+    std::string name(slot.path);
+    std::replace(name.begin(), name.end(), '.', '-');
+    rules += "  --" + name + ": " + hexText(*slot.get(set)) + ";\n";
+  }
+  return rules;
+}
+
+std::string_view cssWeight(Font::Weight weight) {
+  switch (weight) {
+    case Font::Weight::Case::book:
+      return "400";
+    case Font::Weight::Case::bold:
+      return "700";
+    case Font::Weight::Case::black:
+      return "900";
+  }
+  return {};
+}
+
+// In root ems of 16 points, so that the page follows the reader's own text size.
+std::string rem(double points) { return decimal(points / 16, 4) + "rem"; }
+
+}  // namespace
+
+std::string groundStyleSheet() {
+  std::string rules = "/* Made from the library's tokens. */\n:root {\n";
+  rules += slotProperties(Theme::dark().base());
+  for (const auto& spacer : Catalogue::spacers()) {
+    const std::string points = decimal(spacer.get().value());
+    rules += "  --space-" + points + ": " + points + "px;\n";
+  }
+  for (const NamedStyle& style : styles()) {
+    const auto font = style.get().font(ContentSizeCategory::large.platformCategory());
+    rules += "  --type-" + std::string(style.identifier) + ": ";
+    rules += cssWeight(style.get().fontWeight());
+    rules += " " + rem(font->pointSize()) + "/" + rem(font->lineHeight()) + " \"";
+    rules += style.get().primaryFont().description();
+    rules += "\", sans-serif;\n";
+  }
+  rules += "}\n\n/* Paper is light. */\n@media print {\n:root {\n";
+  rules += slotProperties(Theme::dark().invertedLight());
+  return rules + "}\n}\n";
+}
+
+}  // namespace Brisel::Gallery
