@@ -23,6 +23,8 @@ if(PROJECT_IS_TOP_LEVEL)
   set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
   set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
   set(CMAKE_ARCHIVE_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+  # Not lib/<triplet>, which Debian prefers below /usr: the library looks for ../share beside its own folder.
+  set(CMAKE_INSTALL_LIBDIR lib CACHE PATH "Where libraries are installed, one level below the prefix")
   set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib" "$ORIGIN")
 endif()
 set(BRISEL_BUNDLE_DIR ${PROJECT_BINARY_DIR}/share/BriselFoundation/BriselFoundation.bundle)

@@ -26,11 +26,15 @@ enum class Side : std::uint8_t { left, center, right };
 
 Side sideOf(NSTextAlignment alignment, bool isRightToLeft) {
   switch (alignment) {
-    case NSTextAlignment::left: return Side::left;
-    case NSTextAlignment::center: return Side::center;
-    case NSTextAlignment::right: return Side::right;
+    case NSTextAlignment::left:
+      return Side::left;
+    case NSTextAlignment::center:
+      return Side::center;
+    case NSTextAlignment::right:
+      return Side::right;
     case NSTextAlignment::justified:
-    case NSTextAlignment::natural: break;
+    case NSTextAlignment::natural:
+      break;
   }
   return isRightToLeft ? Side::right : Side::left;
 }
@@ -187,9 +191,14 @@ class TextLayout::Filler {
         }
       }
       switch (sideOf(alignment, isRightToLeft)) {
-        case Side::left: break;
-        case Side::center: line.x = room / 2; break;
-        case Side::right: line.x = room; break;
+        case Side::left:
+          break;
+        case Side::center:
+          line.x = room / 2;
+          break;
+        case Side::right:
+          line.x = room;
+          break;
       }
     }
   }
@@ -286,9 +295,9 @@ void place(const Segment& segment, const TextLine& line, const ShapedText& text,
     const CGFloat gap = size.kern + (cluster.isSpace ? line.extraPerSpace : 0);
     CGFloat pen = isReversed ? x + gap : x;
     for (; glyph != run.glyphs.end() && glyph->cluster == index; ++glyph) {
-      out.push_back({glyph->id,
-                     {pen + glyph->xOffset * size.pointSize,
-                      baseline - size.baselineOffset - glyph->yOffset * size.pointSize}});
+      out.push_back(
+          {glyph->id,
+           {pen + glyph->xOffset * size.pointSize, baseline - size.baselineOffset - glyph->yOffset * size.pointSize}});
       pen += glyph->advance * size.pointSize;
     }
     x += cluster.advance * size.pointSize + gap;

@@ -72,7 +72,8 @@ class TextLayout {
   CGFloat firstBaseline() const noexcept { return lines_.empty() ? 0 : lines_.front().baseline; }
 
   /// Draws the text with its upper left corner at `at`. Lines that are aligned to a side are aligned in the width that
-  /// the text was laid out in, or its own width where that is unbounded. `paints` ascend; text behind the last is black.
+  /// the text was laid out in, or its own width where that is unbounded. `paints` ascend; text behind the last is
+  /// black.
   void draw(Canvas& canvas, CGPoint at, std::span<const PaintSpan> paints) const;
 
  private:

@@ -29,6 +29,7 @@ struct DictionaryStorage;
 class List {
  public:
   List() noexcept = default;
+  /// A list of one list is written List{Value(list)}: compilers disagree on whether List{list} is a copy.
   List(std::initializer_list<Value> elements);
   explicit List(std::vector<Value> elements);
 
@@ -43,7 +44,6 @@ class List {
   friend bool operator==(const List& a, const List& b);
 
  private:
-  friend class Value;
   std::shared_ptr<const internal::ListStorage> storage_;  // null when empty
 };
 
@@ -77,7 +77,6 @@ class Dictionary {
   friend bool operator==(const Dictionary& a, const Dictionary& b);
 
  private:
-  friend class Value;
   const Value* findValue(const Value& key) const;
   std::shared_ptr<const internal::DictionaryStorage> storage_;  // null when empty
 };

@@ -148,7 +148,7 @@ std::unique_ptr<Canvas> makeCairoCanvas(const Engine& maker, int pixelWidth, int
   return std::make_unique<CairoCanvas>(maker, std::move(surface), scale);
 }
 
-std::vector<std::uint8_t> encodePng(const Bitmap& bitmap) {
+std::vector<std::uint8_t> pngOf(const Bitmap& bitmap) {
   const SurfacePtr surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, bitmap.width, bitmap.height));
   if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return {};
   cairo_surface_flush(surface.get());

@@ -83,8 +83,8 @@ std::unique_ptr<Canvas> LinuxEngine::onMakeCanvas(int pixelWidth, int pixelHeigh
   return makeCairoCanvas(*this, pixelWidth, pixelHeight, scale);
 }
 
-std::vector<std::uint8_t> LinuxEngine::onEncodePng(const Bitmap& bitmap) { return encodePng(bitmap); }
+std::vector<std::uint8_t> LinuxEngine::onEncodePng(const Bitmap& bitmap) { return pngOf(bitmap); }
 
-std::string LinuxEngine::onUpperCase(const std::string& text) { return upperCase(text); }
+std::string LinuxEngine::onUpperCase(const std::string& text) { return upperCased(text); }
 
 }  // namespace Brisel::Platform::Linux

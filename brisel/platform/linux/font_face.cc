@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
-#include <optional>
+#include <string_view>
 #include <system_error>
 #include <utility>
 
@@ -26,6 +26,16 @@ struct FreeTypeLibrary {
   FT_Library library = nullptr;
 };
 
+// Whether the file says that it is an OpenType font or a collection of them.
+bool hasFontSignature(hb_blob_t* blob) {
+  unsigned length = 0;
+  const char* data = hb_blob_get_data(blob, &length);
+  if (length < 4) return false;
+  const std::string_view signature(data, 4);
+  return signature == std::string_view("\0\1\0\0", 4) || signature == "OTTO" || signature == "true" ||
+         signature == "ttcf";
+}
+
 // FreeType reads a face strictly and so tells damaged files from sound ones; HarfBuzz, which draws, would take a
 // damaged table for an absent one. The result is the face's PostScript name.
 std::pair<Registration, std::string> inspect(hb_blob_t* blob, unsigned index) {
@@ -35,7 +45,6 @@ std::pair<Registration, std::string> inspect(hb_blob_t* blob, unsigned index) {
   FT_Face face = nullptr;
   const FT_Error error = FT_New_Memory_Face(freetype.library, reinterpret_cast<const FT_Byte*>(data),
                                             static_cast<FT_Long>(length), static_cast<FT_Long>(index & 0xFFFF), &face);
-  if (error == FT_Err_Unknown_File_Format) return {Registration::unrecognizedFormat, {}};
   if (error != FT_Err_Ok) return {Registration::invalidFontData, {}};
   const char* name = FT_Get_Postscript_Name(face);
   const bool isSound = name && *name != '\0' && FT_IS_SFNT(face) && face->num_glyphs > 0 && face->num_charmaps > 0;
@@ -85,7 +94,7 @@ FontFace::Loaded FontFace::load(const Engine& maker, const std::filesystem::path
   if (!std::filesystem::exists(file, error)) return {nullptr, Registration::fileNotFound};
   if (!std::filesystem::is_regular_file(file, error)) return {nullptr, Registration::unrecognizedFormat};
   const HbBlobPtr blob(hb_blob_create_from_file_or_fail(file.c_str()));
-  if (!blob || hb_blob_get_length(blob.get()) == 0) return {nullptr, Registration::unrecognizedFormat};
+  if (!blob || !hasFontSignature(blob.get())) return {nullptr, Registration::unrecognizedFormat};
 
   auto [result, name] = inspect(blob.get(), index);
   if (result != Registration::registered) return {nullptr, result};

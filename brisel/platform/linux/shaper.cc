@@ -197,6 +197,7 @@ class Shaper {
     for (unsigned i = 0; i < count; ++i) {
       const std::uint32_t at = infos[isReversed ? count - 1 - i : i].cluster;
       if (at < begin || at >= end) continue;
+      if (analysis.boundaries[at] == Boundary::none) continue;  // HarfBuzz parts CR and LF
       if (!text_->clusters.empty() && text_->clusters.back().begin >= at) continue;
       ShapedCluster& cluster = text_->clusters.emplace_back();
       std::size_t next = 0;

@@ -8,7 +8,7 @@ namespace {
 
 struct KnownFeature {
   FontFeatureSetting setting;
-  hb_tag_t tag;
+  hb_tag_t tag = HB_TAG_NONE;
 };
 
 // The number-coded features that have an OpenType counterpart; all others ask for nothing.

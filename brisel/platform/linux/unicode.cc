@@ -67,7 +67,8 @@ void TextAnalysis::findLevels(std::u16string_view text, WritingDirection directi
       (direction == WritingDirection::leftToRight ||
        (direction == WritingDirection::natural && (!naturalFallbackIsRightToLeft || hasStrongCharacter(text))));
   // A text of several paragraphs may have one without a strong character, which the fallback then decides.
-  const bool fallbackMatters = naturalFallbackIsRightToLeft && text.find_first_of(u"\n\r\u2029") != text.npos;
+  const bool fallbackMatters =
+      naturalFallbackIsRightToLeft && text.find_first_of(u"\n\r\u2029") != std::u16string_view::npos;
   if (isPlainlyLeftToRight && !fallbackMatters) return;
 
   UBiDiLevel base = naturalFallbackIsRightToLeft ? UBIDI_DEFAULT_RTL : UBIDI_DEFAULT_LTR;
@@ -129,7 +130,7 @@ bool isIgnorable(char32_t character) {
          u_hasBinaryProperty(static_cast<UChar32>(character), UCHAR_DEFAULT_IGNORABLE_CODE_POINT) != 0;
 }
 
-std::string upperCase(const std::string& wellFormedText) {
+std::string upperCased(const std::string& wellFormedText) {
   UErrorCode error = U_ZERO_ERROR;
   const std::unique_ptr<UCaseMap, Close<UCaseMap, ucasemap_close>> map(ucasemap_open("", 0, &error));
   if (U_FAILURE(error)) return wellFormedText;

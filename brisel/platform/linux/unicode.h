@@ -41,6 +41,6 @@ bool isControl(char32_t character);
 /// direction.
 bool isIgnorable(char32_t character);
 
-std::string upperCase(const std::string& wellFormedText);
+std::string upperCased(const std::string& wellFormedText);
 
 }  // namespace Brisel::Platform::Linux

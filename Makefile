@@ -1,0 +1,96 @@
+# The front door. Every target installs what it lacks and may be the first command after a clone.
+
+JOBS ?= $(shell nproc)
+SECONDS ?= 60
+PREFIX ?= /usr/local
+FOR ?= build assets gallery test
+
+install_for := @setup/install.sh
+python := /usr/bin/python3
+# $(call build,<preset>[,<target>])
+build = cmake --preset $(1) && cmake --build --preset $(1) -j $(JOBS) $(if $(2),--target $(2))
+ctest = ctest --preset $(1) -j $(JOBS)
+
+.PHONY: help setup gallery test check asan tsan corpora lint browser fuzz bench coverage install clean
+.NOTPARALLEL:
+
+help:
+	@echo 'make gallery   build the library and draw its style guide: out/gallery/index.html'
+	@echo 'make test      build and run the tests'
+	@echo 'make check     what test leaves out: $(check_stages)'
+	@echo 'make bench     measure against the peers: out/bench/report.md'
+	@echo 'make fuzz      run every fuzz target for SECONDS=$(SECONDS)'
+	@echo 'make coverage  which lines the tests reach: out/coverage/index.html'
+	@echo 'make install   install below PREFIX=$(PREFIX)'
+	@echo 'make setup     install what FOR="$(FOR)" needs (setup/packages.txt), nothing else'
+	@echo 'make clean     remove build/ and out/'
+
+setup:
+	$(install_for) $(FOR)
+
+gallery:
+	$(install_for) build assets gallery
+	$(call build,release)
+	build/release/bin/brisel gallery --out out/gallery
+	@echo 'The style guide is at out/gallery/index.html'
+
+test:
+	$(install_for) build assets test
+	$(call build,dev)
+	$(call ctest,dev)
+
+check_stages := gallery release asan tsan corpora lint browser
+check:
+	$(install_for) build assets gallery test check
+	@for stage in $(check_stages); do setup/stage.sh $$stage $(MAKE) --no-print-directory $$stage || exit 1; done
+
+# What is shipped has no static constructors at -O2 either.
+release:
+	$(install_for) build assets
+	$(call build,release)
+	$(python) tests/static_checks/no_static_constructors.py build/release
+
+asan tsan:
+	$(install_for) build assets test
+	$(call build,$@)
+	$(call ctest,$@)
+
+# The stored inputs of every fuzz target, replayed.
+corpora:
+	$(install_for) build assets check
+	$(call build,fuzz,brisel_fuzzers)
+	$(call ctest,fuzz)
+
+lint:
+	$(install_for) build assets check
+	tests/lint/run.sh $(JOBS)
+
+browser: gallery
+	$(install_for) build assets gallery check
+	node tests/browser/run.mjs out/gallery
+
+fuzz:
+	$(install_for) build assets check
+	$(call build,fuzz,brisel_fuzzers)
+	fuzz/run.sh build/fuzz/bin $(SECONDS)
+
+bench:
+	$(install_for) build assets bench
+	cmake --preset release -D BRISEL_BUILD_BENCHMARKS=ON
+	cmake --build --preset release -j $(JOBS) --target brisel_benchmarks
+	$(python) benchmarks/report.py build/release/bin/brisel_benchmarks out/bench
+
+coverage:
+	$(install_for) build assets test coverage
+	$(call build,coverage)
+	$(call ctest,coverage)
+	mkdir -p out/coverage
+	gcovr --filter brisel/ --exclude '.*_test\.cc' --html-details out/coverage/index.html --print-summary build/coverage
+
+install:
+	$(install_for) build assets gallery
+	$(call build,release)
+	cmake --install build/release --prefix $(PREFIX)
+
+clean:
+	rm -rf build out

@@ -1,0 +1,153 @@
+#include "brisel/platform/recording/engine.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Brisel::Platform {
+
+class RecordingTypeface final : public Typeface {
+ public:
+  RecordingTypeface(const RecordingEngine& maker, std::string name)
+      : Typeface(maker, std::move(name), RecordingEngine::kMetrics), state_(maker.state_) {}
+
+ private:
+  bool onHasCharacter(char32_t character) const override {
+    const std::lock_guard lock(state_->mutex);
+    return !state_->missing.contains(character);
+  }
+
+  std::shared_ptr<RecordingEngine::State> state_;
+};
+
+class RecordingCanvas final : public Canvas {
+ public:
+  RecordingCanvas(const RecordingEngine& maker, int pixelWidth, int pixelHeight, CGFloat scale)
+      : Canvas(maker, scale), state_(maker.state_), width_(pixelWidth), height_(pixelHeight) {}
+
+ private:
+  void onFillRect(const CGRect& rect, const UIColor& color) override {
+    const std::lock_guard lock(state_->mutex);
+    state_->record.fills.push_back({rect, color});
+  }
+
+  void onDrawGlyphs(const PortObject& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
+                    const UIColor& color) override {
+    const std::lock_guard lock(state_->mutex);
+    state_->record.drawings.push_back(
+        {static_cast<const RecordingTypeface&>(face).name(), pointSize, {glyphs.begin(), glyphs.end()}, color});
+  }
+
+  Bitmap onBitmap() const override {
+    const auto pixels = static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_);
+    return {width_, height_, std::vector<std::uint8_t>(pixels * 4)};
+  }
+
+  std::shared_ptr<RecordingEngine::State> state_;
+  int width_;
+  int height_;
+};
+
+RecordingEngine::RecordingEngine() = default;
+RecordingEngine::~RecordingEngine() = default;
+
+RecordingEngine::Record RecordingEngine::record() const {
+  const std::lock_guard lock(state_->mutex);
+  return state_->record;
+}
+
+void RecordingEngine::forget() {
+  const std::lock_guard lock(state_->mutex);
+  state_->record = {};
+}
+
+void RecordingEngine::setMissingCharacters(std::u32string_view characters) {
+  const std::lock_guard lock(state_->mutex);
+  state_->missing = {characters.begin(), characters.end()};
+}
+
+void RecordingEngine::setRegistrationResult(Registration result) {
+  const std::lock_guard lock(state_->mutex);
+  state_->hasRegistrationResult = true;
+  state_->registrationResult = result;
+}
+
+Engine::Registration RecordingEngine::onRegisterFontFile(const std::filesystem::path& file) {
+  const std::lock_guard lock(state_->mutex);
+  auto& files = state_->record.registeredFiles;
+  const bool isKnown = std::find(files.begin(), files.end(), file) != files.end();
+  files.push_back(file);
+  if (state_->hasRegistrationResult) return state_->registrationResult;
+  return isKnown ? Registration::alreadyRegistered : Registration::registered;
+}
+
+void RecordingEngine::onSetUsesHostFonts(bool uses) {
+  const std::lock_guard lock(state_->mutex);
+  state_->record.usesHostFonts = uses;
+}
+
+std::shared_ptr<const Typeface> RecordingEngine::onTypeface(const TypefaceRequest& request) {
+  const std::lock_guard lock(state_->mutex);
+  state_->record.typefaces.push_back(request);
+  return std::make_shared<const RecordingTypeface>(*this, request.name);
+}
+
+std::shared_ptr<const ShapedText> RecordingEngine::onShape(const ShapeRequest& request) {
+  {
+    const std::lock_guard lock(state_->mutex);
+    state_->record.shapedTexts.emplace_back(request.text);
+  }
+  const std::u16string_view text = request.text;
+  const bool isRightToLeft = request.direction == WritingDirection::rightToLeft;
+  auto shaped = std::make_shared<ShapedText>();
+  shaped->length = static_cast<std::uint32_t>(text.size());
+  shaped->endsWithLineBreak = text.back() == u'\n';
+
+  std::size_t at = 0;
+  for (const TypefaceSpan& span : request.typefaces) {
+    const auto runIndex = static_cast<std::uint32_t>(shaped->runs.size());
+    ShapedRun& run = shaped->runs.emplace_back();
+    run.face = span.typeface;
+    run.metrics = span.typeface->metrics();
+    run.firstCluster = static_cast<std::uint32_t>(shaped->clusters.size());
+    run.level = isRightToLeft ? 1 : 0;
+    while (at < span.end) {
+      const char16_t unit = text[at];
+      const bool isPair = unit >= 0xD800 && unit < 0xDC00 && at + 1 < text.size();
+      const char32_t character = isPair ? 0x10000 + ((char32_t{unit} - 0xD800) << 10) + (text[at + 1] - 0xDC00U) : unit;
+      const char16_t before = at > 0 ? text[at - 1] : u'\0';
+      ShapedCluster& cluster = shaped->clusters.emplace_back();
+      cluster.begin = static_cast<std::uint32_t>(at);
+      cluster.run = runIndex;
+      cluster.isSpace = unit == u' ' || unit == u'\n';
+      cluster.isParagraphStart = at == 0 || before == u'\n';
+      cluster.paragraphIsRightToLeft = isRightToLeft;
+      if (before == u'\n') cluster.breakBefore = ShapedCluster::Break::required;
+      if (before == u' ' && unit != u' ' && unit != u'\n') cluster.breakBefore = ShapedCluster::Break::allowed;
+      if (unit != u'\n') {
+        cluster.advance = kAdvance;
+        const auto index = static_cast<std::uint32_t>(shaped->clusters.size() - 1);
+        run.glyphs.push_back({static_cast<std::uint32_t>(character), index, kAdvance, 0, 0});
+      }
+      at += isPair ? 2 : 1;
+    }
+    run.endCluster = static_cast<std::uint32_t>(shaped->clusters.size());
+    if (isRightToLeft) std::reverse(run.glyphs.begin(), run.glyphs.end());
+  }
+  return shaped;
+}
+
+std::unique_ptr<Canvas> RecordingEngine::onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale) {
+  return std::make_unique<RecordingCanvas>(*this, pixelWidth, pixelHeight, scale);
+}
+
+std::vector<std::uint8_t> RecordingEngine::onEncodePng(const Bitmap& bitmap) { return bitmap.rgba; }
+
+std::string RecordingEngine::onUpperCase(const std::string& text) {
+  std::string upper = text;
+  for (char& c : upper) {
+    if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+  }
+  return upper;
+}
+
+}  // namespace Brisel::Platform

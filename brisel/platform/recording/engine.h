@@ -1,0 +1,81 @@
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <mutex>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "brisel/platform/engine.h"
+
+namespace Brisel::Platform {
+
+/// An engine for tests, a host's or ours: it needs no fonts, draws nothing, measures by plain numbers, and keeps what
+/// it was asked.
+///
+/// Every font has every character (but for those declared missing), whatever its name. Each character is one glyph of
+/// half an em, whose number is its code point. Lines may break behind a space and end behind a line feed; there is no
+/// bidirectional text, except that paragraphs set from right to left run that way throughout. Upper-casing knows ASCII.
+class RecordingEngine final : public Engine {
+ public:
+  static constexpr FontMetrics kMetrics{
+      .ascender = 0.75, .descender = -0.25, .leading = 0, .capHeight = 0.75, .xHeight = 0.5};
+  static constexpr CGFloat kAdvance = 0.5;  // ems
+
+  struct Fill {
+    CGRect rect;
+    UIColor color;
+  };
+  struct GlyphDrawing {
+    std::string face;
+    CGFloat pointSize;
+    std::vector<PositionedGlyph> glyphs;
+    UIColor color;
+  };
+  struct Record {
+    std::vector<std::filesystem::path> registeredFiles;
+    std::vector<TypefaceRequest> typefaces;
+    std::vector<std::u16string> shapedTexts;
+    std::vector<Fill> fills;
+    std::vector<GlyphDrawing> drawings;
+    bool usesHostFonts = true;
+  };
+
+  RecordingEngine();
+  ~RecordingEngine() override;
+
+  /// All that was asked so far.
+  Record record() const;
+  void forget();
+
+  /// From now on no typeface has these characters.
+  void setMissingCharacters(std::u32string_view characters);
+  /// What registration answers from now on, instead of "registered" the first time and "already registered" later.
+  void setRegistrationResult(Registration result);
+
+ private:
+  friend class RecordingCanvas;
+  friend class RecordingTypeface;
+
+  Registration onRegisterFontFile(const std::filesystem::path& file) override;
+  void onSetUsesHostFonts(bool uses) override;
+  std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& request) override;
+  std::shared_ptr<const ShapedText> onShape(const ShapeRequest& request) override;
+  std::unique_ptr<Canvas> onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale) override;
+  /// No PNG: the bitmap's bytes as they are.
+  std::vector<std::uint8_t> onEncodePng(const Bitmap& bitmap) override;
+  std::string onUpperCase(const std::string& text) override;
+
+  // Canvases may outlive the engine; they share the record with it.
+  struct State {
+    mutable std::mutex mutex;
+    Record record;
+    std::set<char32_t> missing;
+    bool hasRegistrationResult = false;
+    Registration registrationResult = Registration::registered;
+  };
+  std::shared_ptr<State> state_ = std::make_shared<State>();
+};
+
+}  // namespace Brisel::Platform

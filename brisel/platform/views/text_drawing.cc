@@ -1,0 +1,83 @@
+#include "brisel/platform/views/text_drawing.h"
+
+#include <utility>
+
+#include "brisel/platform/font.h"
+#include "brisel/platform/layout_direction.h"
+#include "brisel/platform/port.h"
+
+namespace Brisel::Platform {
+namespace {
+
+constexpr CGFloat kDefaultPointSize = 12;
+
+CGFloat number(const Dictionary& attributes, std::string_view name) {
+  const Value* value = attributes.find(name);
+  return value ? value->asDouble().value_or(0) : 0;
+}
+
+template <class T>
+std::shared_ptr<const T> object(const Dictionary& attributes, std::string_view name) {
+  const Value* value = attributes.find(name);
+  return value ? value->as<T>() : nullptr;
+}
+
+}  // namespace
+
+TextSpans::TextSpans(const NSAttributedString& text) {
+  for (const AttributeRun& run : text.attributeRuns()) {
+    const Dictionary& attributes = run.attributes;
+    const auto end = static_cast<std::uint32_t>(run.range.end());
+    const auto font = object<UIFont>(attributes, NSFontAttributeName);
+    auto typeface = font ? font->typeface() : engine().typeface({});
+    const CGFloat pointSize = font ? font->pointSize() : kDefaultPointSize;
+    const CGFloat kern = number(attributes, NSKernAttributeName);
+    const CGFloat baselineOffset = number(attributes, NSBaselineOffsetAttributeName);
+
+    sizes.push_back({end, pointSize, kern, baselineOffset, typeface->metrics()});
+    // Equal neighbours are shaped together, so that a change of colour does not part a ligature.
+    const bool shapesOn = !typefaces.empty() && typefaces.back().typeface == typeface &&
+                          typefaces.back().pointSize == pointSize && typefaces.back().usesLigatures == (kern == 0);
+    if (shapesOn) {
+      typefaces.back().end = end;
+    } else {
+      typefaces.push_back({end, std::move(typeface), pointSize, kern == 0});
+    }
+    paragraphs.push_back({end, object<NSParagraphStyle>(attributes, NSParagraphStyleAttributeName)});
+    paints.push_back({end, object<UIColor>(attributes, NSForegroundColorAttributeName),
+                      object<UIColor>(attributes, NSBackgroundColorAttributeName)});
+  }
+  if (!paragraphs.empty() && paragraphs.front().style) direction = paragraphs.front().style->baseWritingDirection();
+}
+
+std::shared_ptr<const ShapedText> shape(const NSAttributedString& text, const TextSpans& spans) {
+  ShapeRequest request;
+  request.text = text.utf16();
+  request.typefaces = spans.typefaces;
+  request.direction = spans.direction;
+  request.naturalFallbackIsRightToLeft = userInterfaceLayoutDirection() == UIUserInterfaceLayoutDirection::rightToLeft;
+  return engine().shape(request);
+}
+
+TextDrawing::TextDrawing(const NSAttributedString& text, const TextLayout::Options& options)
+    : spans_(text), layout_(shape(text, spans_), spans_.sizes, spans_.paragraphs, options) {}
+
+CGRect boundingRectWithSize(const NSAttributedString& text, CGSize size, unsigned options) {
+  TextLayout::Options layoutOptions;
+  const bool usesLineFragmentOrigin = (options & NSStringDrawingUsesLineFragmentOrigin) != 0;
+  if (usesLineFragmentOrigin) layoutOptions.width = size.width;
+  layoutOptions.usesFontLeading = (options & NSStringDrawingUsesFontLeading) != 0;
+  const TextDrawing drawing(text, layoutOptions);
+  const CGFloat top = usesLineFragmentOrigin ? 0 : -drawing.layout().firstBaseline();
+  return {{0, top}, drawing.size()};
+}
+
+void drawInRect(const NSAttributedString& text, Canvas& canvas, const CGRect& rect) {
+  TextDrawing(text, {.width = rect.size.width}).draw(canvas, rect.origin);
+}
+
+void drawAtPoint(const NSAttributedString& text, Canvas& canvas, CGPoint point) {
+  TextDrawing(text).draw(canvas, point);
+}
+
+}  // namespace Brisel::Platform

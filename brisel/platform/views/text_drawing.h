@@ -1,0 +1,65 @@
+// Attributed strings measured and drawn: from attributes to shaped text, lines and pixels.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "brisel/platform/attributed_string.h"
+#include "brisel/platform/engine.h"
+#include "brisel/platform/text_layout.h"
+
+namespace Brisel::Platform {
+
+/// What an attributed string asks of shaping, layout and painting, span by span. Text without a font is set in the
+/// port's substitute at 12 points. The paragraph style at a paragraph's first character holds for all of it; the base
+/// direction at the text's first character holds for the text.
+struct TextSpans {
+  explicit TextSpans(const NSAttributedString& text);
+
+  std::vector<TypefaceSpan> typefaces;
+  std::vector<TextSizeSpan> sizes;
+  std::vector<ParagraphSpan> paragraphs;
+  std::vector<PaintSpan> paints;
+  WritingDirection direction = WritingDirection::natural;
+};
+
+/// Shapes a text. Sizes, kerning's amount, colours and paragraph styles take no part, so that the result serves all of
+/// them as long as it scales linearly.
+std::shared_ptr<const ShapedText> shape(const NSAttributedString& text, const TextSpans& spans);
+
+/// A text set into lines, with all that is needed to draw it.
+class TextDrawing {
+ public:
+  explicit TextDrawing(const NSAttributedString& text, const TextLayout::Options& options = {});
+
+  const TextLayout& layout() const noexcept { return layout_; }
+  CGSize size() const noexcept { return layout_.size(); }
+  void draw(Canvas& canvas, CGPoint at) const { layout_.draw(canvas, at, spans_.paints); }
+
+ private:
+  TextSpans spans_;
+  TextLayout layout_;
+};
+
+/// Options for measuring, to be combined with |.
+enum NSStringDrawingOptions : unsigned {
+  /// The rectangle's origin is the upper left corner, and lines wrap at the width; else it is the first baseline, and
+  /// only
+  /// line endings begin new lines.
+  NSStringDrawingUsesLineFragmentOrigin = 1U << 0,
+  /// The fonts' leading counts as part of the lines.
+  NSStringDrawingUsesFontLeading = 1U << 1,
+};
+
+/// `boundingRectWithSize:options:context:`: the room that the text takes within the width of `size`, in points, not
+/// rounded. Its height is not cut to that of `size`. Nothing for an empty text.
+CGRect boundingRectWithSize(const NSAttributedString& text, CGSize size, unsigned options);
+
+/// `drawInRect:`: draws the text into the rectangle's width, from its top. What is higher than the rectangle is drawn
+/// all the same.
+void drawInRect(const NSAttributedString& text, Canvas& canvas, const CGRect& rect);
+
+/// `drawAtPoint:`: draws the text without wrapping, its upper left corner at the point.
+void drawAtPoint(const NSAttributedString& text, Canvas& canvas, CGPoint point);
+
+}  // namespace Brisel::Platform

@@ -1,0 +1,28 @@
+// A theme's colour sets and a colour set's slots, by name: what style guides, exports and tests walk through.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "brisel/platform/color.h"
+#include "brisel/themes/theme.h"
+
+namespace Brisel::Catalogue {
+
+struct ColorSetEntry {
+  std::string_view name;  ///< such as "mutedAccent"
+  const Theme::ColorSet& (Theme::*get)() const noexcept;
+};
+
+struct SlotEntry {
+  std::string_view path;  ///< such as "background.elevated.press"
+  const Platform::ColorPtr& (*get)(const Theme::ColorSet& set) noexcept;
+};
+
+/// The ten colour sets of a theme, in field order.
+std::span<const ColorSetEntry> colorSets() noexcept;
+
+/// The 28 slots of a colour set, in slot order.
+std::span<const SlotEntry> slots() noexcept;
+
+}  // namespace Brisel::Catalogue
