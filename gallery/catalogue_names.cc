@@ -7,15 +7,10 @@
 
 #include "brisel/tokens/catalogue.h"
 #include "brisel/tokens/color_parsing.h"
+#include "brisel/typography/catalogue.h"
 
 namespace Brisel::Gallery {
 namespace {
-
-constexpr NamedStyle kStyles[] = {
-#define BRISEL_TYPE_STYLE(name, title, stack, weight, size, fontSizes, scaleFactors, upperCase, group) \
-  {#name, &TypeStyle::name},
-#include "brisel/typography/type_styles.def"
-};
 
 constexpr NamedCategory kCategories[] = {
 #define BRISEL_CONTENT_SIZE(name, scale, platformCategory) {#name, ContentSizeCategory::name},
@@ -38,12 +33,11 @@ std::string numberText(double number, Format... format) {
 
 }  // namespace
 
-std::span<const NamedStyle> styles() { return kStyles; }
 std::span<const NamedCategory> categories() { return kCategories; }
 
 const TypeStyle* findStyle(std::string_view identifier) {
-  for (const NamedStyle& style : kStyles) {
-    if (style.identifier == identifier) return &style.get();
+  for (const auto& style : Catalogue::typeStyles()) {
+    if (style.name == identifier) return &style.get();
   }
   return nullptr;
 }

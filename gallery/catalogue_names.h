@@ -12,18 +12,11 @@
 
 namespace Brisel::Gallery {
 
-struct NamedStyle {
-  std::string_view identifier;  // such as "balladBold"
-  const TypeStyle& (*get)() noexcept;
-};
-
 struct NamedCategory {
   std::string_view name;  // such as "extraLarge"
   ContentSizeCategory category;
 };
 
-/// All, in published order.
-std::span<const NamedStyle> styles();
 /// All, from the smallest to the largest.
 std::span<const NamedCategory> categories();
 

@@ -46,12 +46,12 @@ class ColorPage {
       addFamily(family.title, rows);
     }
     endSection();
-    section_ = "Older names";
+    section_ = "Older names, on the object interface alone";
     std::string rows;
     for (const auto& entry : Catalogue::legacyColors()) {
       rows += row(entry.objectName, *entry.get(), {"VLMBriselColors::" + std::string(entry.objectName) + "()"});
     }
-    addFamily("Older names, on the object interface alone", rows);
+    addFamily("Older names", rows);
     endSection();
     page_.markup = fillTemplate(siteFile("colours.html"), {{"facts", facts()}, {"sections", sections_}});
     return std::move(page_);
@@ -65,8 +65,8 @@ class ColorPage {
     });
     std::string cells;
     for (const std::string& code : names) {
-      cells +=
-          "<div role=\"gridcell\" class=\"name\"><button type=\"button\">" + escapeHtml(code) + "</button></div>\n";
+      cells += fillTemplate(siteFile("colour_name.html"),
+                            {{"class", names.size() == 1 ? "only name" : "name"}, {"name", code}});
     }
     const std::string hex = hexText(color);
     page_.items.push_back({identifier, hex, picture.path + ".png", names});

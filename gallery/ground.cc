@@ -4,6 +4,7 @@
 
 #include "brisel/themes/catalogue.h"
 #include "brisel/tokens/catalogue.h"
+#include "brisel/typography/catalogue.h"
 
 #include "gallery/catalogue_names.h"
 
@@ -44,9 +45,9 @@ std::string groundStyleSheet() {
     const std::string points = decimal(spacer.get().value());
     rules += "  --space-" + points + ": " + points + "px;\n";
   }
-  for (const NamedStyle& style : styles()) {
+  for (const Catalogue::TypeStyleEntry& style : Catalogue::typeStyles()) {
     const auto font = style.get().font(ContentSizeCategory::large.platformCategory());
-    rules += "  --type-" + std::string(style.identifier) + ": ";
+    rules += "  --type-" + std::string(style.name) + ": ";
     rules += cssWeight(style.get().fontWeight());
     rules += " " + rem(font->pointSize()) + "/" + rem(font->lineHeight()) + " \"";
     rules += style.get().primaryFont().description();

@@ -5,6 +5,7 @@
 
 #include "brisel/platform/views/text_drawing.h"
 #include "brisel/tokens/catalogue.h"
+#include "brisel/typography/catalogue.h"
 
 #include "gallery/catalogue_names.h"
 #include "gallery/html.h"
@@ -18,10 +19,11 @@ namespace {
 
 using Colors = std::vector<Platform::UIColor>;
 
-constexpr Platform::CGSize kPicture{600, 0};  // points; the height follows
-constexpr double kRampHeight = 240;           // points
-constexpr double kBandHeight = 32;            // points
-constexpr double kGap = 8;                    // points
+constexpr double kWidth = 525;       // points; each of the 25 ramps has 21
+constexpr double kRampHeight = 240;  // points
+constexpr double kBandHeight = 32;   // points
+constexpr double kGap = 8;           // points
+constexpr double kTextsFrom = 270;   // points
 
 // All colours: the ramps as columns beside one another, all others as bands below.
 class ColorChart {
@@ -48,13 +50,13 @@ class ColorChart {
   }
 
   Platform::CGSize size() const {
-    return {kPicture.width, kRampHeight + static_cast<double>(bands_.size()) * (kGap + kBandHeight)};
+    return {kWidth, kRampHeight + static_cast<double>(bands_.size()) * (kGap + kBandHeight)};
   }
 
   void paint(Platform::Canvas& canvas) const {
     canvas.fillRect({{}, size()}, specimenGround());
     for (std::size_t i = 0; i < ramps_.size(); ++i) {
-      const auto [left, width] = part(kPicture.width, i, ramps_.size());
+      const auto [left, width] = part(kWidth, i, ramps_.size());
       for (std::size_t step = 0; step < ramps_[i].size(); ++step) {
         const auto [top, height] = part(kRampHeight, step, ramps_[i].size());
         fillSwatch(canvas, {{left, top}, {width, height}}, ramps_[i][step]);
@@ -63,7 +65,7 @@ class ColorChart {
     double top = kRampHeight + kGap;
     for (const Colors& band : bands_) {
       for (std::size_t i = 0; i < band.size(); ++i) {
-        const auto [left, width] = part(kPicture.width, i, band.size());
+        const auto [left, width] = part(kWidth, i, band.size());
         fillSwatch(canvas, {{left, top}, {width, kBandHeight}}, band[i]);
       }
       top += kGap + kBandHeight;
@@ -90,22 +92,21 @@ class TypeChart {
  public:
   explicit TypeChart(ContentSizeCategory category) {
     std::vector<const TypeStyle*> ordered;
-    for (const NamedStyle& style : styles()) ordered.push_back(&style.get());
+    for (const Catalogue::TypeStyleEntry& style : Catalogue::typeStyles()) ordered.push_back(&style.get());
     std::stable_sort(ordered.begin(), ordered.end(),
                      [](const TypeStyle* a, const TypeStyle* b) { return a->fontSize() > b->fontSize(); });
     double tops[] = {0, 0};
     for (const TypeStyle* style : ordered) {
       const bool isTitle = style->primaryFont() == Font::tondalTitle;
       double& top = tops[isTitle ? 0 : 1];
-      Line line{Platform::TextDrawing(*specimenText(style->name(), *style, category)),
-                {isTitle ? 0 : kPicture.width / 2, top}};
+      Line line{Platform::TextDrawing(*specimenText(style->name(), *style, category)), {isTitle ? 0 : kTextsFrom, top}};
       top += line.drawing.size().height;
       lines_.push_back(std::move(line));
     }
     height_ = std::max(tops[0], tops[1]);
   }
 
-  Platform::CGSize size() const { return {kPicture.width, height_}; }
+  Platform::CGSize size() const { return {kWidth, height_}; }
 
   void paint(Platform::Canvas& canvas) const {
     canvas.fillRect({{}, {size().width, std::ceil(height_)}}, specimenGround());
@@ -138,8 +139,8 @@ Page makeStartPage(PictureBook& pictures) {
       {{"control", textSizeControl()},
        {"colourFacts",
         std::to_string(colors) + " colours in " + std::to_string(Catalogue::colorFamilies().size() + 1) + " families"},
-       {"typeFacts",
-        std::to_string(styles().size()) + " styles in " + std::to_string(categories().size()) + " text sizes"},
+       {"typeFacts", std::to_string(Catalogue::typeStyles().size()) + " styles in " +
+                         std::to_string(categories().size()) + " text sizes"},
        {"colours", plan(pictures, "pictures/start/colours", std::make_shared<const ColorChart>()).attributes()},
        {"type", followingPicture("pictures/start/type", [&](std::string path, ContentSizeCategory category) {
           return plan(pictures, std::move(path), std::make_shared<const TypeChart>(category));

@@ -1,4 +1,4 @@
-#include <map>
+#include "brisel/typography/catalogue.h"
 
 #include "gallery/catalogue_names.h"
 #include "gallery/html.h"
@@ -56,22 +56,22 @@ std::string specimen(PictureBook& pictures, const std::string& path, std::string
   });
 }
 
-std::string styleMarkup(PictureBook& pictures, const NamedStyle& named) {
+std::string styleMarkup(PictureBook& pictures, const Catalogue::TypeStyleEntry& named) {
   const TypeStyle& style = named.get();
   const std::string sample = style.name() + ". " + std::string(kSample);
   return fillTemplate(siteFile("type_style.html"),
-                      {{"id", named.identifier},
+                      {{"id", named.name},
                        {"name", style.name()},
                        {"points", pointSizes(style)},
                        {"point", defaultPointSize(style)},
                        {"sample", sample},
-                       {"image", specimen(pictures, "pictures/type/" + std::string(named.identifier), sample, style)},
+                       {"image", specimen(pictures, "pictures/type/" + std::string(named.name), sample, style)},
                        {"facts", facts(style)}});
 }
 
 std::string groupMarkup(PictureBook& pictures, const Group& group) {
   std::string members;
-  for (const NamedStyle& style : styles()) {
+  for (const Catalogue::TypeStyleEntry& style : Catalogue::typeStyles()) {
     if (style.get().group() == group.group) members += styleMarkup(pictures, style);
   }
   return fillTemplate(siteFile("type_group.html"),
@@ -94,8 +94,8 @@ std::string scriptsMarkup(PictureBook& pictures, std::string_view stack, std::st
 
 std::string sizeRows() {
   std::string rows;
-  for (const NamedStyle& named : styles()) {
-    rows += "<tr><th scope=\"row\">" + std::string(named.identifier) + "</th>";
+  for (const Catalogue::TypeStyleEntry& named : Catalogue::typeStyles()) {
+    rows += "<tr><th scope=\"row\">" + std::string(named.name) + "</th>";
     for (const NamedCategory& entry : categories()) {
       rows += "<td>" + decimal(named.get().configuration().fontSize().value(entry.category.rawValue())) + "</td>";
     }
@@ -123,15 +123,15 @@ Page makeTypePage(PictureBook& pictures) {
   }
   page.contents.emplace_back("scripts", "Six scripts");
   page.contents.emplace_back("sizes", "Sizes");
-  for (const NamedStyle& style : styles()) {
-    const std::string identifier(style.identifier);
+  for (const Catalogue::TypeStyleEntry& style : Catalogue::typeStyles()) {
+    const std::string identifier(style.name);
     page.items.push_back({identifier,
                           defaultPointSize(style.get()) + " pt",
                           {},
                           {"Brisel::TypeStyle::" + identifier + "()", "VLMBriselTypeStyle::" + identifier + "()"}});
   }
-  const std::string count = std::to_string(styles().size()) + " styles in " + std::to_string(categories().size()) +
-                            " text sizes. A click on a name copies it.";
+  const std::string count = std::to_string(Catalogue::typeStyles().size()) + " styles in " +
+                            std::to_string(categories().size()) + " text sizes. A click on a name copies it.";
   page.markup = fillTemplate(siteFile("type.html"),
                              {{"facts", count},
                               {"control", textSizeControl()},
