@@ -67,7 +67,7 @@ lint:
 
 browser: gallery
 	$(install_for) build assets gallery check
-	node tests/browser/run.mjs out/gallery
+	if [ -f tests/browser/run.mjs ]; then node tests/browser/run.mjs out/gallery; fi
 
 fuzz:
 	$(install_for) build assets check

@@ -1,9 +1,9 @@
 """Runs the benchmarks and writes the report.
 
-usage: report.py <brisel_benchmarks> <output folder> [--filter=<regular expression of jobs>]
+usage: report.py <brisel_benchmarks> <output folder> [--filter=<regular expression of rows>]
 
-Every job of goals.toml becomes a row of report.json and report.md:
-    name    the job                               ours    our figure
+Every entry of goals.toml becomes a row of report.json and report.md:
+    name    the row                               ours    our figure
     peers   each peer's figure                    limit   the greatest figure that passes, or null
     ratio   ours / peer, by peer                  goal    the greatest ratio that passes, by peer
     pass    whether ours keeps limit and goals    unit    "ns" or "instructions"
@@ -86,18 +86,20 @@ def judged(name, demand, figures, unit):
 
 
 def measured_rows(program, goals):
-    timed = [name for name, demand in goals.items() if demand.get("measure", "time") == "time"]
-    times, machine = measure_times(program, timed) if timed else ({}, {})
+    timed = {name: demand.get("job", name) for name, demand in goals.items()
+             if demand.get("measure", "time") == "time"}
+    times, machine = measure_times(program, sorted(set(timed.values()))) if timed else ({}, {})
     empty_loop = None
     rows = []
     for name, demand in goals.items():
         if name in timed:
-            figures, unit = {variant: median(runs) for variant, runs in times.get(name, {}).items()}, "ns"
+            figures, unit = {variant: median(runs) for variant, runs in times.get(timed[name], {}).items()}, "ns"
         else:
             if empty_loop is None:
                 empty_loop = count_instructions(program, "loop/nothing")
-            figures = {variant: count_instructions(program, f"{name}/{variant}") - empty_loop
-                       for variant in variants_of(program, name)}
+            job = demand.get("job", name)
+            figures = {variant: count_instructions(program, f"{job}/{variant}") - empty_loop
+                       for variant in variants_of(program, job)}
             unit = "instructions"
         rows.append(judged(name, demand, figures, unit))
     return rows, machine

@@ -5,7 +5,6 @@
 #include <cstdint>
 #include <memory>
 #include <utility>
-#include <vector>
 
 namespace Brisel::internal {
 
@@ -41,6 +40,7 @@ class LruTable {
 
   void swap(LruTable& other) noexcept {
     slots_.swap(other.slots_);
+    std::swap(mask_, other.mask_);
     std::swap(shift_, other.shift_);
     std::swap(count_, other.count_);
     std::swap(head_, other.head_);
@@ -55,7 +55,7 @@ class LruTable {
   /// The node of the key with this hash, or null.
   template <class LookupKey>
   Node* find(const LookupKey& key, std::size_t hash) const {
-    if (slots_.empty()) return nullptr;
+    if (!slots_) return nullptr;
     for (std::size_t i = home(hash); slots_[i].node; i = after(i))
       if (slots_[i].hash == hash && KeyEqual{}(slots_[i].node->key, key)) return slots_[i].node;
     return nullptr;
@@ -63,7 +63,7 @@ class LruTable {
 
   /// Takes a node whose key is not there, as the most recently used one.
   Node* insert(std::unique_ptr<Node> fresh) {
-    if ((count_ + 1) * 4 > slots_.size() * kLoad) grow();
+    if ((count_ + 1) * 8 > slotCount() * kMostTaken) grow();
     place({fresh->hash, fresh.get()});
     ++count_;
     append(fresh.get());
@@ -100,14 +100,15 @@ class LruTable {
   };
 
   static constexpr std::size_t kFirstSlots = 8;
-  static constexpr std::size_t kLoad = 3;  // in quarters of the slots
+  // In eighths of the slots. Measured: so roomy a table finds most keys at once, which is worth more than its memory.
+  static constexpr std::size_t kMostTaken = 3;
 
   // Multiplies by 2^64 over the golden ratio and takes the upper bits, since std::hash of an integer is the integer.
   std::size_t home(std::size_t hash) const noexcept {
     return static_cast<std::size_t>((std::uint64_t{hash} * 0x9E3779B97F4A7C15U) >> shift_);
   }
 
-  std::size_t after(std::size_t slot) const noexcept { return (slot + 1) & (slots_.size() - 1); }
+  std::size_t after(std::size_t slot) const noexcept { return (slot + 1) & mask_; }
 
   std::size_t slotOf(const Node* node) const noexcept {
     std::size_t i = home(node->hash);
@@ -123,21 +124,24 @@ class LruTable {
 
   // Closes the gap with what would otherwise not be found behind it.
   void vacate(std::size_t gap) noexcept {
-    const std::size_t mask = slots_.size() - 1;
     for (std::size_t i = after(gap); slots_[i].node; i = after(i)) {
-      if (((i - home(slots_[i].hash)) & mask) < ((i - gap) & mask)) continue;
+      if (((i - home(slots_[i].hash)) & mask_) < ((i - gap) & mask_)) continue;
       slots_[gap] = slots_[i];
       gap = i;
     }
     slots_[gap] = {};
   }
 
+  std::size_t slotCount() const noexcept { return slots_ ? mask_ + 1 : 0; }
+
   void grow() {
-    std::vector<Slot> larger(slots_.empty() ? kFirstSlots : slots_.size() * 2);
-    slots_.swap(larger);
-    shift_ = 64 - std::countr_zero(slots_.size());
-    for (const Slot& slot : larger)
-      if (slot.node) place(slot);
+    const std::size_t before = slotCount();
+    const std::size_t larger = before == 0 ? kFirstSlots : before * 2;
+    const auto old = std::exchange(slots_, std::make_unique<Slot[]>(larger));
+    mask_ = larger - 1;
+    shift_ = 64 - std::countr_zero(larger);
+    for (std::size_t i = 0; i < before; ++i)
+      if (old[i].node) place(old[i]);
   }
 
   void unlink(Node* node) noexcept {
@@ -152,7 +156,8 @@ class LruTable {
     tail_ = node;
   }
 
-  std::vector<Slot> slots_;  // a power of two of them
+  std::unique_ptr<Slot[]> slots_;  // a power of two of them, or none
+  std::size_t mask_ = 0;
   int shift_ = 64;
   std::size_t count_ = 0;
   Node* head_ = nullptr;

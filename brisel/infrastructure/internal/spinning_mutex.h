@@ -1,33 +1,52 @@
 #pragma once
 
-#include <mutex>
+#include <atomic>
+#include <cstdint>
 
 namespace Brisel::internal {
 
-/// A mutex for very short holds: tries a little while before it sleeps, since going to sleep in the kernel costs many
-/// times what the holder still needs.
+/// A mutex for very short holds. Taking it when it is free, and giving it back when nobody waits, is one instruction
+/// each; who finds it taken tries a little while before sleeping, since sleep costs many times what the holder still
+/// needs. Not recursive.
 class SpinningMutex {
  public:
-  void lock() {
-    for (int i = 0; i < kTries; ++i) {
-      if (mutex_.try_lock()) return;
-      pause();
-    }
-    mutex_.lock();
+  void lock() noexcept {
+    if (!tryLock()) [[unlikely]]
+      wait();
   }
 
-  void unlock() { mutex_.unlock(); }
+  void unlock() noexcept {
+    if (state_.exchange(kFree, std::memory_order_release) == kAwaited) [[unlikely]]
+      state_.notify_one();
+  }
 
  private:
-  static constexpr int kTries = 100;
+  enum State : std::uint32_t { kFree, kTaken, kAwaited };  // awaited: taken, and somebody may sleep
+
+  bool tryLock() noexcept {
+    std::uint32_t free = kFree;
+    return state_.compare_exchange_strong(free, kTaken, std::memory_order_acquire, std::memory_order_relaxed);
+  }
+
+  [[gnu::noinline]] void wait() noexcept {
+    constexpr int kTries = 100;
+    for (int i = 0; i < kTries; ++i) {
+      pause();
+      if (state_.load(std::memory_order_relaxed) == kFree && tryLock()) return;
+    }
+    // Taken as awaited from here on: others may sleep too, and one wake too many does no harm.
+    while (state_.exchange(kAwaited, std::memory_order_acquire) != kFree) state_.wait(kAwaited);
+  }
 
   static void pause() noexcept {
 #if defined(__x86_64__) || defined(__i386__)
     __builtin_ia32_pause();
+#elif defined(__aarch64__)
+    asm volatile("yield");
 #endif
   }
 
-  std::mutex mutex_;
+  std::atomic<std::uint32_t> state_{kFree};
 };
 
 }  // namespace Brisel::internal

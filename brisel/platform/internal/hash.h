@@ -11,8 +11,8 @@
 
 namespace Brisel::Platform::internal {
 
-/// Mixes values into 64 bits by a wide multiplication each. Good for tables inside one process; never stored, and never
-/// fed by anybody who gains from collisions.
+/// Mixes values into 64 bits by a wide multiplication each; these do not wait for one another. Good for tables inside
+/// one process; never stored, and never fed by anybody who gains from collisions.
 class Hasher {
  public:
   template <class... Fields>
@@ -20,7 +20,7 @@ class Hasher {
     (add(fields), ...);
   }
 
-  std::size_t finish() const noexcept { return static_cast<std::size_t>(state_ ^ (state_ >> 32)); }
+  std::size_t finish() const noexcept { return static_cast<std::size_t>(spread(state_)); }
 
  private:
   template <class T>
@@ -41,10 +41,12 @@ class Hasher {
     }
   }
 
-  void mix(std::uint64_t word) noexcept {
+  void mix(std::uint64_t word) noexcept { state_ = std::rotl(state_, 23) + spread(word); }
+
+  static std::uint64_t spread(std::uint64_t word) noexcept {
     __extension__ using Wide = unsigned __int128;
-    const Wide product = static_cast<Wide>(state_ ^ word) * kMultiplier;
-    state_ = static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64) ^ kOffset;
+    const Wide product = static_cast<Wide>(word ^ kOffset) * kMultiplier;
+    return static_cast<std::uint64_t>(product) ^ static_cast<std::uint64_t>(product >> 64);
   }
 
   static constexpr std::uint64_t kMultiplier = 0x9E3779B97F4A7C15;  // 2^64 divided by the golden ratio

@@ -92,6 +92,29 @@ TEST(SystemEvents, WakesAMainLoopThatWaits) {
   g_main_loop_unref(loop);
 }
 
+TEST(SystemEvents, RunsEachPieceOnceAndSeriallyWhereALoopAndRunPendingCompete) {
+  SystemEvents events;
+  constexpr int kCount = 2'000;
+  std::atomic<int> inside{0};
+  std::atomic<int> ran{0};
+  std::atomic<int> overlaps{0};
+  std::thread loop([&] {
+    while (ran < kCount) g_main_context_iteration(nullptr, FALSE);
+  });
+  for (int i = 0; i < kCount; ++i) {
+    events.post([&] {
+      if (++inside != 1) ++overlaps;
+      ++ran;
+      --inside;
+    });
+    events.runPending();
+  }
+  loop.join();
+  EXPECT_EQ(events.runPending(), 0U);
+  EXPECT_EQ(ran, kCount);
+  EXPECT_EQ(overlaps, 0);
+}
+
 // ---- Memory pressure ------------------------------------------------------------------------------------------------
 
 // Places of the test's own in a directory of its own: nothing of the machine's.

@@ -2,6 +2,7 @@
 
 #include <atomic>
 #include <mutex>
+#include <new>
 #include <utility>
 
 #include "brisel/platform/fatal_error.h"
@@ -32,12 +33,13 @@ class Holder {
  private:
   Service& install(std::shared_ptr<Service> service) {
     Service& installed = *service;
-    new std::shared_ptr<Service>(std::move(service));  // Never released.
+    new (keeper_) std::shared_ptr<Service>(std::move(service));  // Never released.
     current_.store(&installed, std::memory_order_release);
     return installed;
   }
 
   std::mutex mutex_;
+  alignas(std::shared_ptr<Service>) unsigned char keeper_[sizeof(std::shared_ptr<Service>)]{};
   std::atomic<Service*> current_{nullptr};
 };
 

@@ -1,0 +1,15 @@
+#include "brisel/typography/internal/font_registration.h"
+
+#include "brisel/platform/fatal_error.h"
+#include "brisel/platform/font_manager.h"
+
+namespace Brisel::internal {
+
+void registerFontFiles(const Platform::NSBundle& bundle) {
+  const auto files = bundle.URLsForResourcesWithExtension("otf");
+  if (!files) Platform::fatalError("The font files of the resource bundle cannot be listed");
+  for (const auto& file : *files)
+    Platform::CTFontManagerRegisterFontsForURL(file, Platform::kCTFontManagerScopeProcess);
+}
+
+}  // namespace Brisel::internal

@@ -1,0 +1,75 @@
+#include "brisel/typography/internal/font_registration.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "brisel/typography/font.h"
+#include "brisel/typography/resource_bundle.h"
+
+#include "tests/recording_ports.h"
+#include "tests/temporary_directory.h"
+
+namespace Brisel {
+namespace {
+
+using Platform::Engine;
+using Platform::NSBundle;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class FontRegistration : public testing::Test {
+ protected:
+  void SetUp() override { recordingEngine(); }
+
+  static std::vector<std::string> registered() {
+    std::vector<std::string> names;
+    for (const auto& file : recordingEngine().record().registeredFiles) names.push_back(file.filename());
+    return names;
+  }
+
+  TemporaryDirectory directory_;
+};
+
+TEST_F(FontRegistration, TakesTheFontFilesOfTheBundleInItsOrder) {
+  for (const char* name : {"B.otf", "A.otf", "c.otf", "halvicon.ttf", "A.otf.txt", "inner/D.otf"})
+    directory_.write(name);
+  internal::registerFontFiles(*NSBundle::bundleWithPath(directory_.path()));
+  EXPECT_THAT(registered(), ElementsAre("A.otf", "B.otf", "c.otf"));
+}
+
+TEST_F(FontRegistration, GoesOnAfterAFileThatIsRefused) {
+  for (const char* name : {"A.otf", "B.otf"}) directory_.write(name);
+  recordingEngine().setRegistrationResult(Engine::Registration::invalidFontData);
+  internal::registerFontFiles(*NSBundle::bundleWithPath(directory_.path()));
+  EXPECT_THAT(registered(), ElementsAre("A.otf", "B.otf"));
+}
+
+TEST_F(FontRegistration, FindsNothingInABundleWithoutFonts) {
+  internal::registerFontFiles(*NSBundle::bundleWithPath(directory_.path()));
+  EXPECT_THAT(registered(), IsEmpty());
+}
+
+using FontRegistrationDeathTest = FontRegistration;
+
+TEST_F(FontRegistrationDeathTest, StopsAtABundleThatCannotBeListed) {
+  const auto bundle = NSBundle::bundleWithPath(directory_.path());
+  std::filesystem::remove_all(directory_.path());
+  EXPECT_DEATH(internal::registerFontFiles(*bundle), "resource bundle");
+}
+
+TEST_F(FontRegistration, HappensOnceWithTheFirstFont) {
+  EXPECT_THAT(registered(), IsEmpty());
+  Font::font(Font::tondal, {}, Font::Weight::book, 16, {});
+  const auto files = resourceBundle()->URLsForResourcesWithExtension("otf");
+  ASSERT_TRUE(files);
+  EXPECT_EQ(recordingEngine().record().registeredFiles, *files);
+  Font::font(Font::tondal, {}, Font::Weight::bold, 17, {});
+  EXPECT_EQ(recordingEngine().record().registeredFiles, *files);
+}
+
+}  // namespace
+}  // namespace Brisel

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <memory>
+
+#include "brisel/platform/port.h"
+#include "brisel/platform/recording/engine.h"
+#include "brisel/platform/recording/system_events.h"
+
+namespace Brisel {
+
+/// The engine of this test's process; the first call puts it and recorded system events in the place of the default
+/// ones.
+inline Platform::RecordingEngine& recordingEngine() {
+  static const auto installed = [] {
+    Platform::setSystemEvents(std::make_shared<Platform::RecordingSystemEvents>());
+    auto engine = std::make_shared<Platform::RecordingEngine>();
+    Platform::setEngine(engine);
+    return engine;
+  }();
+  return *installed;
+}
+
+}  // namespace Brisel
