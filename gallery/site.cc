@@ -22,7 +22,8 @@ namespace {
 // In every page's head; tells a style guide from other directories.
 constexpr std::string_view kGenerator = "brisel gallery";
 
-constexpr std::string_view kStaticFiles[] = {"page.css", "copy.js", "search.js", "swatches.js", "text_size.js"};
+constexpr std::string_view kStaticFiles[] = {"page.css",  "faces.js",    "copy.js",
+                                             "search.js", "swatches.js", "text_size.js"};
 
 // The faces that page.css sets the pages in.
 constexpr std::string_view kWebFonts[] = {"Tondal-Book", "Tondal-Bold", "TondalTitle-Bold"};

@@ -68,7 +68,8 @@
 
   input.addEventListener("input", () => show(input.value));
   input.addEventListener("focus", () => { if (input.value) show(input.value); });
-  input.addEventListener("blur", () => setTimeout(() => { if (document.activeElement !== input) show(""); }, 200));
+  input.addEventListener("blur", () => show(""));
+  found.addEventListener("mousedown", (event) => event.preventDefault());  // a click on a result leaves the field focused
   input.addEventListener("keydown", (event) => {
     const count = list.children.length;
     if (event.key === "Escape") {
@@ -77,7 +78,10 @@
     } else if (event.key === "Enter" && results[active]) {
       const item = results[active];
       brisel.copy(item.names[0]);
-      if (item.page === here) go(item);
+      if (item.page === here) {
+        show("");
+        go(item);
+      }
     } else if (event.key === "ArrowDown" && count > 0) {
       choose((active + 1) % count);
     } else if (event.key === "ArrowUp" && count > 0) {
