@@ -31,7 +31,6 @@ void run(const TextCommand& command) { drawText(command); }
 
 int main(int count, char** values) {
   const std::vector<std::string_view> arguments(values + (count > 0 ? 1 : 0), values + count);
-  noteInterruptions();
   try {
     std::visit([](const auto& command) { run(command); }, parseArguments(arguments));
     return ExitStatus::done;

@@ -10,6 +10,7 @@
 #include "gallery/catalogue_names.h"
 #include "gallery/ground.h"
 #include "gallery/html.h"
+#include "gallery/interruption.h"
 #include "gallery/output_directory.h"
 #include "gallery/pages.h"
 #include "gallery/picture_book.h"
@@ -82,6 +83,7 @@ void copyWebFonts(const OutputDirectory& output) {
 }  // namespace
 
 void writeSite(const std::filesystem::path& directory) {
+  noteInterruptions();
   OutputDirectory output(directory, kGenerator);
   Platform::engine().setUsesHostFonts(false);  // pictures are the same on every machine
 

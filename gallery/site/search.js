@@ -43,12 +43,14 @@
       image.src = item.picture;
       option.append(image);
     }
-    for (const [name, text] of [["name", item.names[0]], ["value", item.value]]) {
-      const span = document.createElement("span");
-      span.className = name;
-      span.textContent = text;
-      option.append(span);
-    }
+    const name = document.createElement("span");
+    name.className = "name";
+    const [first, ...others] = item.names[0].split("::");
+    name.append(first, ...others.flatMap((part) => ["::", document.createElement("wbr"), part]));
+    const value = document.createElement("span");
+    value.className = "value";
+    value.textContent = item.value;
+    option.append(name, value);
     option.addEventListener("click", () => { show(""); go(item); });
     return option;
   };

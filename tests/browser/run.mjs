@@ -1,14 +1,13 @@
 // Opens the style guide in Chromium, from its files, and uses it as its readers do.
 // Usage: node tests/browser/run.mjs [directory of the style guide]
-// Needs `npm ci --prefix tests/browser` and Debian's chromium, or another one named by $CHROMIUM.
+// Needs `npm ci --prefix tests/browser` and Chromium (see chromium.mjs).
 
 import assert from "node:assert/strict";
-import { existsSync, mkdtempSync, readFileSync, rmSync } from "node:fs";
-import { tmpdir } from "node:os";
+import { existsSync, readFileSync } from "node:fs";
 import { join, resolve } from "node:path";
 import { createRequire } from "node:module";
 import { pathToFileURL } from "node:url";
-import { chromium } from "playwright-core";
+import { launch } from "./chromium.mjs";
 
 const site = resolve(process.argv[2] ?? "out/gallery");
 const axe = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
@@ -20,21 +19,14 @@ if (!existsSync(join(site, "index.html"))) {
   process.exit(1);
 }
 
-const profile = mkdtempSync(join(tmpdir(), "brisel-browser-"));
-const browser = await chromium.launchPersistentContext(profile, {
-  executablePath: process.env.CHROMIUM ?? "/usr/bin/chromium",
-  headless: true,
-  permissions: ["clipboard-read", "clipboard-write"],
-  args: ["--headless", "--no-sandbox", "--disable-gpu", "--no-first-run", "--disable-background-networking",
-    "--disable-component-update", "--disable-sync"],
-});
+const context = await launch({ permissions: ["clipboard-read", "clipboard-write"] });
 
 let passed = 0;
 let failed = 0;
 
 // Runs one test on a fresh page, which must stay free of errors throughout.
 async function test(name, path, body, { width = 1440, height = 900, ...options } = {}) {
-  const page = await browser.newPage();
+  const page = await context.newPage();
   const faults = [];
   page.on("console", (message) => { if (message.type() === "error") faults.push(`console: ${message.text()}`); });
   page.on("pageerror", (error) => faults.push(`script: ${error.message}`));
@@ -275,7 +267,6 @@ await test("on paper the page is light and without controls", "type.html", async
   assert.equal(await page.locator("#bass").isVisible(), true);
 }, { media: "print" });
 
-await browser.close();
-rmSync(profile, { recursive: true, force: true });
+await context.browser().close();
 console.log(`${passed} passed, ${failed} failed`);
 process.exit(failed === 0 ? 0 : 1);
