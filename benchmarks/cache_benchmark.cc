@@ -12,7 +12,6 @@
 #include <mutex>
 #include <random>
 #include <string>
-#include <thread>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -26,6 +25,8 @@
 
 #include "brisel/infrastructure/cache.h"
 #include "brisel/platform/internal/hash.h"
+
+#include "benchmarks/job.h"
 
 namespace {
 
@@ -238,32 +239,23 @@ void mixed(benchmark::State& state) {
 }
 
 template <class Cache>
-void addRows() {
+bool addRows() {
   using Row = void (*)(benchmark::State&);
   const std::pair<const char*, Row> rows[] = {
       {"cache_hit", hit<Cache>}, {"cache_insert", insert<Cache>}, {"cache_80_20", mixed<Cache>}};
   for (const auto& [name, row] : rows) {
     for (const int threads : {1, 2}) {
       const std::string full = name + std::string(threads == 1 ? "/" : "_2t/") + Cache::kName;
-      benchmark::RegisterBenchmark(full.c_str(), row)
+      Brisel::Benchmarks::addJob(full.c_str(), row)
           ->Setup([](const benchmark::State&) { fill<Cache>(); })
           ->Threads(threads)
           ->UseRealTime();
     }
   }
+  return true;
 }
+
+[[maybe_unused]] const bool added =
+    addRows<Ours>() && addRows<QtCache>() && addRows<ListAndMap>() && addRows<MultiIndex>();
 
 }  // namespace
-
-int main(int argc, char** argv) {
-  // The standard library counts references without atomics until a process has started its first thread.
-  std::thread([] {}).join();
-  addRows<Ours>();
-  addRows<QtCache>();
-  addRows<ListAndMap>();
-  addRows<MultiIndex>();
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-}

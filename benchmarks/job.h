@@ -27,7 +27,7 @@ inline benchmark::internal::Benchmark* addJob(const char* name, void (*run)(benc
 
 }  // namespace Brisel::Benchmarks
 
-#define BRISEL_JOB_VARIABLE_(line) briselJob##line
-#define BRISEL_JOB_VARIABLE(line) BRISEL_JOB_VARIABLE_(line)
+#define BRISEL_JOB_VARIABLE_(number) briselJob##number
+#define BRISEL_JOB_VARIABLE(number) BRISEL_JOB_VARIABLE_(number)
 #define BRISEL_JOB(name, run) \
-  [[maybe_unused]] static auto* const BRISEL_JOB_VARIABLE(__LINE__) = ::Brisel::Benchmarks::addJob(name, run)
+  [[maybe_unused]] static auto* const BRISEL_JOB_VARIABLE(__COUNTER__) = ::Brisel::Benchmarks::addJob(name, run)

@@ -1,3 +1,5 @@
+#include <thread>
+
 #include "benchmarks/job.h"
 
 namespace {
@@ -10,4 +12,11 @@ BRISEL_JOB("loop/nothing", nothing);
 
 }  // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv) {
+  // The standard library counts references without atomics until a process has started its first thread.
+  std::thread([] {}).join();
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+  benchmark::RunSpecifiedBenchmarks();
+  benchmark::Shutdown();
+}

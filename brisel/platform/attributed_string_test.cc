@@ -206,7 +206,7 @@ std::string joined(const std::vector<std::u16string>& characters) {
 }
 
 TEST(AttributedString, ChangesAsAListOfCharactersDoes) {
-  rc::check([] {
+  EXPECT_TRUE(rc::check([] {
     const auto genCharacters =
         rc::gen::resize(8, rc::gen::container<std::vector<std::u16string>>(
                                rc::gen::element<std::u16string>(u"a", u"é", u"\U0001F3B5", u"\U0001F9D1", u"文")));
@@ -241,11 +241,11 @@ TEST(AttributedString, ChangesAsAListOfCharactersDoes) {
       }
       model.check(*string);
     }
-  });
+  }));
 }
 
 TEST(AttributedString, IsTheSumOfItsParts) {
-  rc::check([] {
+  EXPECT_TRUE(rc::check([] {
     const std::string text = internal::wellFormed(*rc::gen::arbitrary<std::string>()) + std::string(kNote);
     const auto string = NSMutableAttributedString::initWithString(text);
     const auto cut = *rc::gen::inRange<std::size_t>(0, string->length());
@@ -256,7 +256,7 @@ TEST(AttributedString, IsTheSumOfItsParts) {
         *string->attributedSubstringFromRange({head->length(), string->length() - head->length()}));
     RC_ASSERT(sum->isEqual(*string));
     RC_ASSERT(sum->objectHash() == string->objectHash());
-  });
+  }));
 }
 
 }  // namespace

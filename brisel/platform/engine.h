@@ -210,7 +210,8 @@ class SystemEvents {
   /// log and stays silent.
   void watchMemoryPressure(PressureHandler handler);
 
-  /// Ends the watching; no call of the handler starts after this returns. Harmless when nothing is watched.
+  /// Ends the watching: events whose delivery has not begun are dropped. Waits for nobody, and is harmless when nothing
+  /// is watched.
   void stopWatchingMemoryPressure();
 
  protected:

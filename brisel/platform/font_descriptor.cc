@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "brisel/platform/engine.h"
+#include "brisel/platform/internal/hash.h"
 
 namespace Brisel::Platform {
 namespace {
@@ -24,29 +25,40 @@ List listForKey(const UIFontDescriptor& descriptor, std::string_view key) {
 }  // namespace
 
 std::shared_ptr<const UIFontDescriptor> UIFontDescriptor::fontDescriptorWithName(std::string_view name, CGFloat size) {
-  return std::shared_ptr<const UIFontDescriptor>(
-      new UIFontDescriptor(Dictionary{{UIFontDescriptorNameAttribute, name}, {UIFontDescriptorSizeAttribute, size}}));
+  return std::shared_ptr<const UIFontDescriptor>(new UIFontDescriptor(name, size, {}));
 }
 
 std::shared_ptr<const UIFontDescriptor> UIFontDescriptor::fontDescriptorByAddingAttributes(
     const Dictionary& attributes) const {
-  return std::shared_ptr<const UIFontDescriptor>(new UIFontDescriptor(attributes_.mergedWith(attributes)));
+  const Value* name = attributes.find(UIFontDescriptorNameAttribute);
+  const Value* size = attributes.find(UIFontDescriptorSizeAttribute);
+  Dictionary others = attributes;
+  if (name) others = others.without(UIFontDescriptorNameAttribute);
+  if (size) others = others.without(UIFontDescriptorSizeAttribute);
+  return std::shared_ptr<const UIFontDescriptor>(
+      new UIFontDescriptor(name ? *name : name_, size ? *size : size_, others_.mergedWith(others)));
 }
 
-std::string UIFontDescriptor::postscriptName() const {
-  const Value* name = objectForKey(UIFontDescriptorNameAttribute);
-  return name && name->asString() ? *name->asString() : std::string();
+Dictionary UIFontDescriptor::fontAttributes() const {
+  return Dictionary{{UIFontDescriptorNameAttribute, name_}, {UIFontDescriptorSizeAttribute, size_}}.mergedWith(others_);
 }
 
-CGFloat UIFontDescriptor::pointSize() const {
-  const Value* size = objectForKey(UIFontDescriptorSizeAttribute);
-  return size ? size->asDouble().value_or(0) : 0;
+const Value* UIFontDescriptor::objectForKey(std::string_view key) const noexcept {
+  if (key == UIFontDescriptorNameAttribute) return &name_;
+  if (key == UIFontDescriptorSizeAttribute) return &size_;
+  return others_.find(key);
 }
+
+std::string UIFontDescriptor::postscriptName() const { return name_.asString() ? *name_.asString() : std::string(); }
+
+CGFloat UIFontDescriptor::pointSize() const { return size_.asDouble().value_or(0); }
 
 TypefaceRequest UIFontDescriptor::typefaceRequest() const {
   TypefaceRequest request;
   request.name = postscriptName();
-  for (const Value& fallback : listForKey(*this, UIFontDescriptorCascadeListAttribute))
+  const List cascade = listForKey(*this, UIFontDescriptorCascadeListAttribute);
+  request.cascade.reserve(cascade.size());
+  for (const Value& fallback : cascade)
     if (const auto descriptor = fallback.as<UIFontDescriptor>())
       request.cascade.push_back(descriptor->postscriptName());
   for (const Value& setting : listForKey(*this, UIFontDescriptorFeatureSettingsAttribute)) {
@@ -59,10 +71,15 @@ TypefaceRequest UIFontDescriptor::typefaceRequest() const {
 }
 
 bool UIFontDescriptor::isEqual(const NSObject& other) const {
+  if (&other == this) return true;
   const auto* descriptor = dynamic_cast<const UIFontDescriptor*>(&other);
-  return descriptor && attributes_ == descriptor->attributes_;
+  return descriptor && name_ == descriptor->name_ && size_ == descriptor->size_ && others_ == descriptor->others_;
 }
 
-std::size_t UIFontDescriptor::objectHash() const { return Value(attributes_).hash(); }
+std::size_t UIFontDescriptor::objectHash() const {
+  internal::Hasher hasher;
+  hasher(name_.hash(), size_.hash(), Value(others_).hash());
+  return hasher.finish();
+}
 
 }  // namespace Brisel::Platform

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "brisel/platform/geometry.h"
 #include "brisel/platform/object.h"
@@ -38,9 +39,9 @@ class UIFontDescriptor final : public NSObject {
   std::string postscriptName() const;
   /// 0 where the size attribute is no number.
   CGFloat pointSize() const;
-  const Dictionary& fontAttributes() const noexcept { return attributes_; }
+  Dictionary fontAttributes() const;
   /// An attribute, or null; lives as long as the descriptor.
-  const Value* objectForKey(std::string_view key) const noexcept { return attributes_.find(key); }
+  const Value* objectForKey(std::string_view key) const noexcept;
 
   /// What an engine is asked for: name, cascade and features. What is malformed in the lists is passed over.
   TypefaceRequest typefaceRequest() const;
@@ -49,8 +50,13 @@ class UIFontDescriptor final : public NSObject {
   std::size_t objectHash() const override;
 
  private:
-  explicit UIFontDescriptor(Dictionary attributes) : attributes_(std::move(attributes)) {}
-  Dictionary attributes_;
+  UIFontDescriptor(Value name, Value size, Dictionary others) noexcept
+      : name_(std::move(name)), size_(std::move(size)), others_(std::move(others)) {}
+
+  // Every font is made from several descriptors, most of which have these two attributes and no other.
+  Value name_;
+  Value size_;
+  Dictionary others_;
 };
 
 }  // namespace Brisel::Platform

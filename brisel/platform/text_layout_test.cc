@@ -224,18 +224,18 @@ TEST_F(TextLayoutTest, PaintsEachStretchInItsColours) {
 }
 
 TEST_F(TextLayoutTest, ATextFitsIntoItsOwnWidth) {
-  rc::check([this](const std::vector<std::uint8_t>& letters, std::uint8_t kernSteps) {
+  EXPECT_TRUE(rc::check([this](const std::vector<std::uint8_t>& letters, std::uint8_t kernSteps) {
     std::u16string text;
     for (const std::uint8_t letter : letters) text.push_back(letter % 4 == 0 ? u' ' : u'x');
     const CGFloat kern = kernSteps * 0.1;
     const TextLayout unbounded = layOut(text, kInfinity, kern);
     const TextLayout bounded = layOut(text, unbounded.size().width, kern);
     RC_ASSERT(bounded.size() == unbounded.size() || unbounded.size().width == 0);
-  });
+  }));
 }
 
 TEST_F(TextLayoutTest, NoLineIsWiderThanTheWidthUnlessItIsOneCluster) {
-  rc::check([this](const std::vector<std::uint8_t>& letters, std::uint8_t width) {
+  EXPECT_TRUE(rc::check([this](const std::vector<std::uint8_t>& letters, std::uint8_t width) {
     std::u16string text;
     for (const std::uint8_t letter : letters) text.push_back(letter % 5 == 0 ? u' ' : letter % 17 == 0 ? u'\n' : u'x');
     std::uint32_t next = 0;
@@ -246,7 +246,7 @@ TEST_F(TextLayoutTest, NoLineIsWiderThanTheWidthUnlessItIsOneCluster) {
       RC_ASSERT(line.width <= width || line.endVisibleCluster - line.firstCluster == 1);
     }
     RC_ASSERT(next == text.size());
-  });
+  }));
 }
 
 }  // namespace

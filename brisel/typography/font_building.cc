@@ -67,6 +67,7 @@ std::shared_ptr<const UIFontDescriptor> internal::fontDescriptor(const FontConfi
     return UIFontDescriptor::fontDescriptorWithName(fontName(family, configuration.weight), configuration.size);
   };
   std::vector<Value> cascade;
+  cascade.reserve(configuration.fallbackFonts.size());
   for (const Font fallback : configuration.fallbackFonts) cascade.emplace_back(named(fallback));
   std::vector<Value> features;
   for (const Font::Feature feature : configuration.fontFeatures) features.emplace_back(featureSetting(feature));

@@ -1,6 +1,7 @@
 #include "brisel/platform/internal/utf.h"
 
-#include <algorithm>
+#include <cstdint>
+#include <cstring>
 
 namespace Brisel::Platform::internal {
 namespace {
@@ -26,8 +27,18 @@ void appendUtf8(std::string& out, char32_t c) {
   }
 }
 
+// Eight bytes at a time: names and keys are ASCII, and every one of them is looked at.
 bool isAscii(std::string_view text) noexcept {
-  return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  constexpr std::uint64_t kHighBits = 0x8080'8080'8080'8080;
+  std::uint64_t seen = 0;
+  std::uint64_t bytes = 0;
+  for (; text.size() >= sizeof(bytes); text.remove_prefix(sizeof(bytes))) {
+    std::memcpy(&bytes, text.data(), sizeof(bytes));
+    seen |= bytes;
+  }
+  bytes = 0;
+  if (!text.empty()) std::memcpy(&bytes, text.data(), text.size());
+  return ((seen | bytes) & kHighBits) == 0;
 }
 
 }  // namespace

@@ -1,0 +1,35 @@
+// Constants by name.
+#include "brisel/tokens/color.h"
+#include "brisel/typography/type_style.h"
+
+#include "benchmarks/accessor_peers.h"
+#include "benchmarks/allocations.h"
+#include "benchmarks/job.h"
+
+namespace {
+
+using namespace Brisel;
+using namespace Brisel::Benchmarks;
+
+// Once a constant has been built, reading it allocates nothing.
+template <auto access>
+void read(benchmark::State& state) {
+  access();
+  const auto before = allocations();
+  for (auto _ : state) benchmark::DoNotOptimize(&access());
+  if (allocations() != before) state.SkipWithError("reading a constant allocates");
+}
+
+BRISEL_JOB("color_accessor/ours", read<Color::gray7>);
+BRISEL_JOB("color_accessor/static", read<staticColor>);
+BRISEL_JOB("color_accessor/map", [](auto& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(&mappedColor("gray7"));
+});
+
+BRISEL_JOB("style_accessor/ours", read<TypeStyle::ballad>);
+BRISEL_JOB("style_accessor/static", read<staticStyle>);
+BRISEL_JOB("style_accessor/map", [](auto& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(&mappedStyle("ballad"));
+});
+
+}  // namespace

@@ -1,0 +1,215 @@
+// How much room a text takes at 16 pixels in a width of 300: 40 Latin characters, which make two lines, and three lines
+// of Latin, Arabic and Hebrew. Everybody sets it in the bundle's book fonts.
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QStringList>
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <hb-ot.h>
+#include <pango/pangocairo.h>
+
+#include "brisel/platform/views/text_drawing.h"
+
+#include "benchmarks/bundle_fonts.h"
+#include "benchmarks/job.h"
+
+namespace {
+
+using namespace Brisel::Benchmarks;
+using namespace Brisel::Platform;
+
+constexpr std::string_view kLatin = "The quick brown fox jumps over lazy dogs";
+constexpr std::string_view kMixed =
+    "Music for everyone, for every day and mood الموسيقى للجميع في كل يوم وفي كل مكان מוזיקה לכולם בכל יום ובכל מקום";
+constexpr double kFontSize = 16;
+constexpr double kOtherFontSize = 16.5;
+constexpr double kWidth = 300;
+constexpr double kNoLimit = std::numeric_limits<double>::infinity();
+
+std::shared_ptr<const NSAttributedString> attributed(std::string_view text) {
+  return NSAttributedString::initWithString(text, {{NSFontAttributeName, font(kFontSize)}});
+}
+
+CGSize measured(const NSAttributedString& text) {
+  return boundingRectWithSize(text, {kWidth, kNoLimit}, NSStringDrawingUsesLineFragmentOrigin).size;
+}
+
+// A peer counts only if it does the same: as many lines, about as wide. Peers round line heights.
+bool isAsOurs(std::string_view text, double width, double height) {
+  const CGSize ours = measured(*attributed(text));
+  return std::abs(width - ours.width) < 0.06 * ours.width && std::abs(height - ours.height) < 0.1 * ours.height;
+}
+
+void ours(benchmark::State& state, std::string_view text) {
+  const auto string = attributed(text);
+  for (auto _ : state) benchmark::DoNotOptimize(measured(*string));
+}
+
+// A text that is kept shaped, as labels do, set anew.
+void oursNewWidth(benchmark::State& state, std::string_view text) {
+  const auto string = attributed(text);
+  const TextSpans spans(*string);
+  const auto shaped = shape(*string, spans);
+  double width = kWidth;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(TextLayout(shaped, spans.sizes, spans.paragraphs, {.width = width}).size());
+    width = kWidth + kWidth + 1 - width;
+  }
+}
+
+QFont qtFont() {
+  static QGuiApplication* const application = [] {
+    fontConfig();  // Before Qt asks for one.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    static int count = 1;
+    static char name[] = "benchmarks";
+    static char* arguments[] = {name, nullptr};
+    return new QGuiApplication(count, arguments);
+  }();
+  benchmark::DoNotOptimize(application);
+  QFont font;
+  font.setFamilies(QStringList(std::begin(kFamilies), std::end(kFamilies)));
+  font.setPixelSize(static_cast<int>(kFontSize));
+  font.setHintingPreference(QFont::PreferNoHinting);
+  return font;
+}
+
+void qt(benchmark::State& state, std::string_view text) {
+  const QFontMetricsF metrics(qtFont());
+  const QString string = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  const QRectF room(0, 0, kWidth, 10'000);
+  QRectF result;
+  for (auto _ : state) benchmark::DoNotOptimize(result = metrics.boundingRect(room, Qt::TextWordWrap, string));
+  if (!isAsOurs(text, result.width(), result.height())) state.SkipWithError("Qt measures something else");
+}
+
+PangoRectangle pangoExtents(PangoLayout* layout, const PangoFontDescription* description, std::string_view text) {
+  pango_layout_set_font_description(layout, description);
+  pango_layout_set_width(layout, static_cast<int>(kWidth) * PANGO_SCALE);
+  pango_layout_set_text(layout, text.data(), static_cast<int>(text.size()));
+  PangoRectangle extents;
+  pango_layout_get_extents(layout, nullptr, &extents);
+  return extents;
+}
+
+void checkPango(benchmark::State& state, std::string_view text, const PangoRectangle& extents) {
+  if (!isAsOurs(text, 1.0 * extents.width / PANGO_SCALE, 1.0 * extents.height / PANGO_SCALE))
+    state.SkipWithError("Pango measures something else");
+}
+
+void pangoFresh(benchmark::State& state, std::string_view text) {
+  const DescriptionPtr description = pangoDescription(kFontSize);
+  PangoRectangle extents;
+  for (auto _ : state) {
+    const GPtr<PangoLayout> layout(pango_layout_new(pangoContext()));
+    benchmark::DoNotOptimize(extents = pangoExtents(layout.get(), description.get(), text));
+  }
+  checkPango(state, text, extents);
+}
+
+// Two sizes in turn, since the layout remembers what it has measured last.
+void pangoReused(benchmark::State& state, std::string_view text) {
+  const DescriptionPtr descriptions[] = {pangoDescription(kFontSize), pangoDescription(kOtherFontSize)};
+  const GPtr<PangoLayout> layout(pango_layout_new(pangoContext()));
+  PangoRectangle extents;
+  std::size_t turn = 0;
+  for (auto _ : state)
+    benchmark::DoNotOptimize(extents = pangoExtents(layout.get(), descriptions[turn++ % 2].get(), text));
+  checkPango(state, text, pangoExtents(layout.get(), descriptions[0].get(), text));
+}
+
+// HarfBuzz with the least around it: runs cut where the script's block changes, no bidirectional levels, no fallback,
+// no rules for lines but to break behind spaces.
+class Bare {
+ public:
+  CGSize measure(std::u16string_view text) {
+    CGSize size{0, lineHeight()};
+    double width = 0;
+    double wordWidth = 0;
+    for (std::size_t begin = 0; begin < text.size();) {
+      const std::size_t script = scriptAt(text, begin, 0);
+      std::size_t end = begin + 1;
+      while (end < text.size() && scriptAt(text, end, script) == script) ++end;
+      shape(text, begin, end, script);
+      unsigned count = 0;
+      const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer_, &count);
+      const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer_, &count);
+      for (unsigned i = 0; i < count; ++i) {
+        const unsigned glyph = script == 0 ? i : count - 1 - i;
+        const double advance = positions[glyph].x_advance * kFontSize / 1000;
+        if (text[infos[glyph].cluster] == u' ') {
+          width += wordWidth;
+          size.width = std::max(size.width, width);
+          width += advance;
+          wordWidth = 0;
+        } else if (width + (wordWidth += advance) > kWidth) {
+          width = 0;
+          size.height += lineHeight();
+        }
+      }
+      begin = end;
+    }
+    size.width = std::max(size.width, width + wordWidth);
+    return size;
+  }
+
+ private:
+  // Which of the families has a character; characters of no script go with those before.
+  static std::size_t scriptAt(std::u16string_view text, std::size_t index, std::size_t before) {
+    const char16_t unit = text[index];
+    if (unit >= 0x0600 && unit < 0x0700) return 1;
+    if (unit >= 0x0590 && unit < 0x0600) return 2;
+    return unit == u' ' ? before : 0;
+  }
+
+  static double lineHeight() { return font(kFontSize)->lineHeight(); }
+
+  void shape(std::u16string_view text, std::size_t begin, std::size_t end, std::size_t script) {
+    static constexpr hb_script_t kScripts[] = {HB_SCRIPT_LATIN, HB_SCRIPT_ARABIC, HB_SCRIPT_HEBREW};
+    hb_buffer_clear_contents(buffer_);
+    hb_buffer_add_utf16(buffer_, reinterpret_cast<const std::uint16_t*>(text.data()), static_cast<int>(text.size()),
+                        static_cast<unsigned>(begin), static_cast<int>(end - begin));
+    hb_buffer_set_direction(buffer_, script == 0 ? HB_DIRECTION_LTR : HB_DIRECTION_RTL);
+    hb_buffer_set_script(buffer_, kScripts[script]);
+    hb_shape(fonts_[script], buffer_, nullptr, 0);
+  }
+
+  static hb_font_t* open(const char* family) {
+    const std::string file = std::string(BRISEL_BUNDLE_DIR "/") + family + "-Book.otf";
+    hb_blob_t* blob = hb_blob_create_from_file(file.c_str());
+    hb_face_t* face = hb_face_create(blob, 0);
+    hb_blob_destroy(blob);
+    hb_font_t* font = hb_font_create(face);
+    hb_face_destroy(face);
+    hb_font_set_scale(font, 1000, 1000);
+    return font;
+  }
+
+  hb_buffer_t* const buffer_ = hb_buffer_create();
+  hb_font_t* const fonts_[3] = {open(kFamilies[0]), open(kFamilies[1]), open(kFamilies[2])};
+};
+
+void harfBuzz(benchmark::State& state, std::string_view text) {
+  static Bare& bare = *new Bare;
+  const auto string = attributed(text);
+  CGSize size;
+  for (auto _ : state) benchmark::DoNotOptimize(size = bare.measure(string->utf16()));
+  if (!isAsOurs(text, size.width, size.height)) state.SkipWithError("HarfBuzz measures something else");
+}
+
+#define BRISEL_TEXT_JOBS(job, text)                                               \
+  BRISEL_JOB(job "/ours", [](auto& state) { ours(state, text); });                \
+  BRISEL_JOB(job "/Qt", [](auto& state) { qt(state, text); });                    \
+  BRISEL_JOB(job "/Pango fresh", [](auto& state) { pangoFresh(state, text); });   \
+  BRISEL_JOB(job "/Pango reused", [](auto& state) { pangoReused(state, text); }); \
+  BRISEL_JOB(job "/HarfBuzz", [](auto& state) { harfBuzz(state, text); });        \
+  BRISEL_JOB(job "_new_width/ours", [](auto& state) { oursNewWidth(state, text); })
+BRISEL_TEXT_JOBS("text_latin", kLatin);
+BRISEL_TEXT_JOBS("text_mixed", kMixed);
+
+}  // namespace

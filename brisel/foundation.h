@@ -1,0 +1,23 @@
+// The value-type interface, all of it. Programs that are built often include what they use instead.
+#pragma once
+
+#include "brisel/infrastructure/cache.h"
+#include "brisel/infrastructure/memory_pressure_monitor.h"
+#include "brisel/infrastructure/memory_pressure_observable.h"
+#include "brisel/themes/catalogue.h"
+#include "brisel/themes/theme.h"
+#include "brisel/tokens/catalogue.h"
+#include "brisel/tokens/color.h"
+#include "brisel/tokens/color_parsing.h"
+#include "brisel/tokens/opacity.h"
+#include "brisel/tokens/screen_scale.h"
+#include "brisel/tokens/spacer.h"
+#include "brisel/tokens/token_conversions.h"
+#include "brisel/typography/catalogue.h"
+#include "brisel/typography/content_size_category.h"
+#include "brisel/typography/dynamic_type_monitor.h"
+#include "brisel/typography/font.h"
+#include "brisel/typography/font_stacks.h"
+#include "brisel/typography/resource_bundle.h"
+#include "brisel/typography/styled_string.h"
+#include "brisel/typography/type_style.h"

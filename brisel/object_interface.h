@@ -1,0 +1,7 @@
+// The object interface, all of it.
+#pragma once
+
+#include "brisel/object_interface/dynamic_type.h"
+#include "brisel/object_interface/fonts.h"
+#include "brisel/object_interface/tokens.h"
+#include "brisel/object_interface/type_styles.h"
