@@ -70,7 +70,7 @@ class Options {
       }
       if (name == "--help" || name == "-h") return std::nullopt;
       std::optional<std::string_view> value;
-      if (const auto equals = name.find('='); name.starts_with("--") && equals != name.npos) {
+      if (const auto equals = name.find('='); name.starts_with("--") && equals != std::string_view::npos) {
         value = name.substr(equals + 1);
         name = name.substr(0, equals);
       }

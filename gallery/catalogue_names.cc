@@ -20,12 +20,12 @@ constexpr NamedCategory kCategories[] = {
 // Stricter than the library's reading of colours: what is typed wrong is refused.
 bool isHexColor(std::string_view text) {
   return (text.size() == 7 || text.size() == 9) && text[0] == '#' &&
-         text.find_first_not_of("0123456789abcdefABCDEF", 1) == text.npos;
+         text.find_first_not_of("0123456789abcdefABCDEF", 1) == std::string_view::npos;
 }
 
 template <class... Format>
 std::string numberText(double number, Format... format) {
-  std::array<char, 400> text;
+  std::array<char, 400> text{};  // the longest double has 309 digits before the point
   const auto result =
       std::to_chars(text.data(), text.data() + text.size(), number, std::chars_format::fixed, format...);
   return {text.data(), result.ptr};

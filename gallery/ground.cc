@@ -1,6 +1,7 @@
 #include "gallery/ground.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "brisel/themes/catalogue.h"
 #include "brisel/tokens/catalogue.h"
@@ -11,12 +12,20 @@
 namespace Brisel::Gallery {
 namespace {
 
+std::string property(std::string_view name, std::string_view value) {
+  std::string rule = "  --";
+  rule += name;
+  rule += ": ";
+  rule += value;
+  return rule + ";\n";
+}
+
 std::string slotProperties(const Theme::ColorSet& set) {
   std::string rules;
   for (const auto& slot : Catalogue::slots()) {
     std::string name(slot.path);
     std::replace(name.begin(), name.end(), '.', '-');
-    rules += "  --" + name + ": " + hexText(*slot.get(set)) + ";\n";
+    rules += property(name, hexText(*slot.get(set)));
   }
   return rules;
 }
@@ -36,6 +45,13 @@ std::string_view cssWeight(Font::Weight weight) {
 // In root ems of 16 points, so that the page follows the reader's own text size.
 std::string rem(double points) { return decimal(points / 16, 4) + "rem"; }
 
+std::string fontValue(const TypeStyle& style, const Platform::UIFont& font) {
+  std::string value(cssWeight(style.fontWeight()));
+  value += " " + rem(font.pointSize()) + "/" + rem(font.lineHeight()) + " \"";
+  value += style.primaryFont().description();
+  return value + "\", sans-serif";
+}
+
 }  // namespace
 
 std::string groundStyleSheet() {
@@ -43,15 +59,11 @@ std::string groundStyleSheet() {
   rules += slotProperties(Theme::dark().base());
   for (const auto& spacer : Catalogue::spacers()) {
     const std::string points = decimal(spacer.get().value());
-    rules += "  --space-" + points + ": " + points + "px;\n";
+    rules += property("space-" + points, points + "px");
   }
   for (const Catalogue::TypeStyleEntry& style : Catalogue::typeStyles()) {
     const auto font = style.get().font(ContentSizeCategory::large.platformCategory());
-    rules += "  --type-" + std::string(style.name) + ": ";
-    rules += cssWeight(style.get().fontWeight());
-    rules += " " + rem(font->pointSize()) + "/" + rem(font->lineHeight()) + " \"";
-    rules += style.get().primaryFont().description();
-    rules += "\", sans-serif;\n";
+    rules += property("type-" + std::string(style.name), fontValue(style.get(), *font));
   }
   rules += "}\n\n/* Paper is light. */\n@media print {\n:root {\n";
   rules += slotProperties(Theme::dark().invertedLight());

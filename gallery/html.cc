@@ -59,12 +59,12 @@ std::string quoteScript(std::string_view text) {
 std::string fillTemplate(std::string_view text, Fields fields) {
   std::string filled;
   std::set<std::string_view> used;
-  for (std::size_t open; (open = text.find("{{")) != text.npos;) {
+  for (std::size_t open = text.find("{{"); open != std::string_view::npos; open = text.find("{{")) {
     const bool isMarkup = text.substr(open).starts_with("{{{");
     const std::string_view closing = isMarkup ? "}}}" : "}}";
     const std::size_t nameAt = open + closing.size();
     const std::size_t close = text.find(closing, nameAt);
-    if (close == text.npos) throw std::logic_error("a template's field does not end");
+    if (close == std::string_view::npos) throw std::logic_error("a template's field does not end");
     const std::string_view name = text.substr(nameAt, close - nameAt);
     const auto* field = std::find_if(fields.begin(), fields.end(), [&](const auto& f) { return f.first == name; });
     if (field == fields.end()) throw std::logic_error("a template lacks its field " + std::string(name));

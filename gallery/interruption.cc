@@ -1,8 +1,7 @@
 #include "gallery/interruption.h"
 
 #include <atomic>
-
-#include <signal.h>
+#include <csignal>
 
 namespace Brisel::Gallery {
 namespace {
@@ -12,7 +11,7 @@ static_assert(std::atomic<bool>::is_always_lock_free);  // a signal handler may 
 
 void noteInterruptions() {
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-    ::signal(number, [](int) { interrupted = true; });
+    std::signal(number, [](int) { interrupted = true; });
   }
 }
 

@@ -1,11 +1,10 @@
 // The program `brisel`.
+#include <cstdio>
 #include <exception>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
-
-#include <stdio.h>
 
 #include "gallery/arguments.h"
 #include "gallery/interruption.h"
@@ -18,9 +17,9 @@ using namespace Brisel::Gallery;
 
 enum ExitStatus { done = 0, failed = 1, notUnderstood = 2, interrupted = 130 };
 
-void print(std::string_view text) { ::fwrite(text.data(), 1, text.size(), stdout); }
+void print(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stdout); }
 
-void complain(const std::string& text) { ::fputs(("brisel: " + text + "\n").c_str(), stderr); }
+void complain(const std::string& text) { std::fputs(("brisel: " + text + "\n").c_str(), stderr); }
 
 void run(const HelpCommand& command) { print(helpText(command.topic)); }
 void run(const VersionCommand&) { print("brisel " BRISEL_VERSION "\n"); }

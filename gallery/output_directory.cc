@@ -2,13 +2,13 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <fstream>
 #include <stdexcept>
 #include <string>
 #include <system_error>
 
 #include <fcntl.h>
-#include <stdio.h>
 #include <unistd.h>
 
 namespace Brisel::Gallery {

@@ -61,9 +61,10 @@ void PictureBook::draw(const OutputDirectory& directory, Progress& progress) con
   std::exception_ptr failure;
   const auto work = [&] {
     try {
-      for (std::size_t i; (i = next++) < plans_.size(); progress.step()) {
+      for (std::size_t i = next++; i < plans_.size(); i = next++) {
         if (wasInterrupted()) throw Interrupted();
         draw(plans_[i], directory);
+        progress.step();
       }
     } catch (...) {
       next = plans_.size();

@@ -1,8 +1,8 @@
 #include "gallery/progress.h"
 
+#include <cstdio>
 #include <utility>
 
-#include <stdio.h>
 #include <unistd.h>
 
 namespace Brisel::Gallery {
@@ -16,7 +16,7 @@ Progress::Progress(std::string subject, std::size_t total)
 }
 
 Progress::~Progress() {
-  if (isShown_) ::fputc('\n', stderr);
+  if (isShown_) std::fputc('\n', stderr);
 }
 
 void Progress::step() {
@@ -30,8 +30,8 @@ void Progress::show() const {
   const std::size_t filled = done_ * kCells / total_;
   std::string line = "\r[" + std::string(filled, '#') + std::string(kCells - filled, ' ') + "] " +
                      std::to_string(done_) + " of " + std::to_string(total_) + " " + subject_;
-  ::fputs(line.c_str(), stderr);
-  ::fflush(stderr);
+  std::fputs(line.c_str(), stderr);
+  std::fflush(stderr);
 }
 
 }  // namespace Brisel::Gallery

@@ -36,8 +36,9 @@ std::string textSizeControl() {
                                                    {"point", defaultPointSize(TypeStyle::ballad())}});
 }
 
-std::string followingPicture(const std::string& path,
-                             const std::function<Picture(std::string path, ContentSizeCategory category)>& plan) {
+std::string followingPicture(
+    const std::string& path,
+    const std::function<Picture(const std::string& path, ContentSizeCategory category)>& plan) {
   std::string attributes, sizes;
   for (const NamedCategory& entry : categories()) {
     const Picture picture = plan(path + "-" + std::string(entry.name), entry.category);

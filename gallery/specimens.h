@@ -27,7 +27,7 @@ std::string textSizeControl();
 
 /// The attributes of an image that has one picture for each category. `plan` plans the picture of one, under a path.
 std::string followingPicture(const std::string& path,
-                             const std::function<Picture(std::string path, ContentSizeCategory category)>& plan);
+                             const std::function<Picture(const std::string& path, ContentSizeCategory category)>& plan);
 
 /// The style's point sizes in all categories, separated by blanks.
 std::string pointSizes(const TypeStyle& style);

@@ -142,8 +142,8 @@ Page makeStartPage(PictureBook& pictures) {
        {"typeFacts", std::to_string(Catalogue::typeStyles().size()) + " styles in " +
                          std::to_string(categories().size()) + " text sizes"},
        {"colours", plan(pictures, "pictures/start/colours", std::make_shared<const ColorChart>()).attributes()},
-       {"type", followingPicture("pictures/start/type", [&](std::string path, ContentSizeCategory category) {
-          return plan(pictures, std::move(path), std::make_shared<const TypeChart>(category));
+       {"type", followingPicture("pictures/start/type", [&](const std::string& path, ContentSizeCategory category) {
+          return plan(pictures, path, std::make_shared<const TypeChart>(category));
         })}});
   return page;
 }

@@ -51,8 +51,8 @@ std::string facts(const TypeStyle& style) {
 }
 
 std::string specimen(PictureBook& pictures, const std::string& path, std::string_view text, const TypeStyle& style) {
-  return followingPicture(path, [&](std::string file, ContentSizeCategory category) {
-    return pictures.addText(std::move(file), *specimenText(text, style, category), specimenGround(), kWidest);
+  return followingPicture(path, [&](const std::string& file, ContentSizeCategory category) {
+    return pictures.addText(file, *specimenText(text, style, category), specimenGround(), kWidest);
   });
 }
 
