@@ -123,8 +123,8 @@ class TypeChart {
 };
 
 template <class Chart>
-Picture plan(PictureBook& pictures, std::string path, std::shared_ptr<const Chart> chart) {
-  return pictures.add(std::move(path), chart->size(), [chart](Platform::Canvas& canvas) { chart->paint(canvas); });
+Picture plan(PictureBook& pictures, const std::string& path, std::shared_ptr<const Chart> chart) {
+  return pictures.add(path, chart->size(), [chart](Platform::Canvas& canvas) { chart->paint(canvas); });
 }
 
 }  // namespace
