@@ -7,23 +7,18 @@
 
 #include <hb.h>
 
+#include "brisel/platform/internal/utf.h"
 #include "brisel/platform/linux/typeface.h"
 #include "brisel/platform/linux/unicode.h"
 
 namespace Brisel::Platform::Linux {
 namespace {
 
+using Platform::internal::nextCharacter;
 using Boundary = TextAnalysis::Boundary;
 using Break = ShapedCluster::Break;
 
 constexpr int kSpacesInATab = 4;
-
-char32_t characterAt(std::u16string_view text, std::size_t index, std::size_t& next) {
-  const char32_t unit = text[index];
-  next = index + 1;
-  if (unit < 0xD800 || unit > 0xDBFF || next >= text.size()) return unit;
-  return 0x10000 + ((unit - 0xD800) << 10) + (text[next++] - 0xDC00U);
-}
 
 // A user-perceived character and what decides with whom it is shaped.
 struct Item {
@@ -59,17 +54,25 @@ struct LoneSpace {
 
 constexpr std::size_t kMostLoneSpaces = 32;
 
-// What a thread needs to shape, kept warm from text to text.
-struct Workshop {
+// Texts beyond this length are rare, and what they needed is not kept for the next.
+constexpr std::size_t kLongText = 1 << 16;
+
+}  // namespace
+
+// What shaping one text needs, kept warm from text to text.
+struct Shaper::Workshop {
   TextAnalysis analysis;
   std::vector<Item> items;
   std::vector<LoneSpace> loneSpaces;
   std::unique_ptr<hb_buffer_t, HbDelete<hb_buffer_t, hb_buffer_destroy>> buffer{hb_buffer_create()};
+
+  bool isWorthKeeping() const noexcept { return items.capacity() <= kLongText; }
 };
 
-class Shaper {
+// The shaping of one text.
+class Shaper::Shaping {
  public:
-  Shaper(const ShapeRequest& request, HostFonts* host, Workshop& workshop)
+  Shaping(const ShapeRequest& request, HostFonts* host, Workshop& workshop)
       : request_(request), host_(host), workshop_(workshop) {}
 
   std::shared_ptr<const ShapedText> shape() {
@@ -100,8 +103,8 @@ class Shaper {
       std::size_t end = begin + 1;
       while (end < text.size() && analysis.boundaries[end] == Boundary::none) ++end;
       while (request_.typefaces[span].end <= begin) ++span;
-      std::size_t next = 0;
-      const char32_t base = characterAt(text, begin, next);
+      std::size_t next = begin;
+      const char32_t base = nextCharacter(text, next);
       workshop_.items.push_back({static_cast<std::uint32_t>(begin), span,
                                  &faceFor(typeface(span), text.substr(begin, end - begin)),
                                  hb_unicode_script(hb_unicode_funcs_get_default(), base), analysis.levels[begin]});
@@ -130,7 +133,7 @@ class Shaper {
   const std::shared_ptr<const FontFace>& faceFor(const LinuxTypeface& typeface, std::u16string_view cluster) {
     const auto& faces = typeface.faces();
     std::size_t next = 0;
-    const char32_t base = characterAt(cluster, 0, next);
+    const char32_t base = nextCharacter(cluster, next);
     if (cluster.size() == next) {
       if (isIgnorable(base)) return faces.front();
       for (const auto& face : faces) {
@@ -149,7 +152,7 @@ class Shaper {
 
   static bool hasAll(const FontFace& face, std::u16string_view cluster) {
     for (std::size_t i = 0; i < cluster.size();) {
-      const char32_t character = characterAt(cluster, i, i);
+      const char32_t character = nextCharacter(cluster, i);
       if (!isIgnorable(character) && !face.has(character)) return false;
     }
     return true;
@@ -206,7 +209,7 @@ class Shaper {
     return {{&space->info, 1}, {&space->position, 1}};
   }
 
-  // The result lies in the thread's buffer.
+  // The result lies in the workshop's buffer.
   Glyphs shapeByHarfBuzz(const Item& item, std::uint32_t end) {
     hb_buffer_t* buffer = workshop_.buffer.get();
     hb_buffer_clear_contents(buffer);
@@ -246,11 +249,11 @@ class Shaper {
       if (analysis.boundaries[at] == Boundary::none) continue;  // HarfBuzz parts CR and LF
       if (!text_->clusters.empty() && text_->clusters.back().begin >= at) continue;
       ShapedCluster& cluster = text_->clusters.emplace_back();
-      std::size_t next = 0;
+      std::size_t next = at;
       const Boundary boundary = analysis.boundaries[at];
       cluster.begin = at;
       cluster.run = run;
-      cluster.isSpace = isBreakingSpace(characterAt(request_.text, at, next));
+      cluster.isSpace = isBreakingSpace(nextCharacter(request_.text, next));
       if (boundary == Boundary::allowed) cluster.breakBefore = Break::allowed;
       if (boundary == Boundary::required) cluster.breakBefore = Break::required;
       cluster.isParagraphStart = at == 0 || (boundary == Boundary::required && request_.text[at - 1] != 0x2028);
@@ -294,11 +297,12 @@ class Shaper {
   std::vector<std::unique_ptr<std::shared_ptr<const FontFace>>> hostFaces_;  // at addresses that stay
 };
 
-}  // namespace
+Shaper::Shaper() = default;
+Shaper::~Shaper() = default;
 
-std::shared_ptr<const ShapedText> shapeText(const ShapeRequest& request, HostFonts* host) {
-  thread_local Workshop workshop;
-  return Shaper(request, host, workshop).shape();
+std::shared_ptr<const ShapedText> Shaper::shape(const ShapeRequest& request, HostFonts* host) {
+  const Pool<Workshop>::Lease workshop(workshops_);
+  return Shaping(request, host, *workshop).shape();
 }
 
 }  // namespace Brisel::Platform::Linux
