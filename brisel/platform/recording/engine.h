@@ -25,13 +25,13 @@ class RecordingEngine final : public Engine {
 
   struct Fill {
     CGRect rect;
-    UIColor color;
+    UIColor color = UIColor::grey(0, 1);
   };
   struct GlyphDrawing {
     std::string face;
     CGFloat pointSize;
     std::vector<PositionedGlyph> glyphs;
-    UIColor color;
+    UIColor color = UIColor::grey(0, 1);
   };
   struct Record {
     std::vector<std::filesystem::path> registeredFiles;
