@@ -175,11 +175,6 @@ class TypeStyle {
 /// human-readable names included.
 TypeStyle::Group typeStyleGroup(std::string_view identifier) noexcept;
 
-namespace internal {
-/// How many styles of the catalogue have been built.
-std::size_t builtTypeStyles() noexcept;
-}  // namespace internal
-
 }  // namespace Brisel
 
 template <>
