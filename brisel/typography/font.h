@@ -34,7 +34,8 @@ class Font {
   /// asking again returns the same object as long as it is among the fonts used last.
   ///
   /// May be called on any thread. The first call registers the library's font files; it ends the process where the
-  /// resource bundle cannot be read.
+  /// resource bundle cannot be read. Where that has no font file, because it is missing, say, one line goes to
+  /// `Platform::setLogHandler`'s handler, and the port's substitute stands in for every font.
   static std::shared_ptr<const Platform::UIFont> font(Font primaryFont, std::span<const Font> fallbackFonts,
                                                       Weight weight, Platform::CGFloat size,
                                                       std::span<const Feature> fontFeatures);

@@ -1,5 +1,6 @@
 #include "brisel/typography/internal/font_building.h"
 
+#include <atomic>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "brisel/infrastructure/cache.h"
+#include "brisel/platform/log.h"
 #include "brisel/platform/value.h"
 #include "brisel/tokens/internal/lazy_table.h"
 #include "brisel/typography/internal/font_registration.h"
@@ -35,14 +37,22 @@ class Fonts {
   using FontCache = Cache<FontConfiguration, std::shared_ptr<const UIFont>, internal::FontConfigurationHash,
                           internal::FontConfigurationEqual>;
 
-  Fonts() : cache_(internal::kFontCacheCapacity, std::numeric_limits<std::int64_t>::max()) {
-    internal::registerFontFiles(*resourceBundle());
-  }
+  Fonts()
+      : cache_(internal::kFontCacheCapacity, std::numeric_limits<std::int64_t>::max()),
+        lacksFiles_(internal::registerFontFiles(*resourceBundle()) == 0) {}
 
   FontCache& cache() const noexcept { return cache_; }
 
+  // Not said while files are registered: other threads wait for the end of that, and a log's handler is user code.
+  void complainOnceAboutLackOfFiles() const {
+    if (lacksFiles_.exchange(false))
+      Platform::log("No font files in the resource bundle: " + resourceBundle()->bundlePath().native());
+  }
+
  private:
+  // Both may be changed by any thread.
   mutable FontCache cache_;
+  mutable std::atomic<bool> lacksFiles_;
 };
 
 void buildFonts(void* place, std::size_t) noexcept { ::new (place) Fonts; }
@@ -92,6 +102,7 @@ std::shared_ptr<const UIFont> Font::font(Font primaryFont, std::span<const Font>
   auto& cache = fonts[0].cache();
   const FontConfigurationView configuration(primaryFont, fallbackFonts, weight, size, fontFeatures);
   if (auto cached = cache.getValue(configuration)) return *std::move(cached);
+  fonts[0].complainOnceAboutLackOfFiles();
   // Threads that miss at the same time each build the font; the fonts are equal, and the last one stays.
   auto font = UIFont::fontWithDescriptor(internal::fontDescriptor(configuration), size);
   cache.setValue(font, configuration.configuration(), 0);
