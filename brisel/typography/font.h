@@ -51,10 +51,7 @@ class Font {
   constexpr operator Case() const noexcept { return case_; }  // for switch
   friend constexpr bool operator==(Font, Font) noexcept = default;
   friend void operator<=>(Font, Font) = delete;  // the conversion would order fonts
-  template <class Hasher>
-  friend void hashInto(Hasher& hasher, Font font) {
-    hasher(font.case_);
-  }
+  friend void hashInto(Platform::internal::Hasher& hasher, Font font) { hasher(font.case_); }
 
  private:
   constexpr explicit Font(Case value) noexcept : case_(value) {}
@@ -81,10 +78,7 @@ class Font::Weight {
   constexpr operator Case() const noexcept { return case_; }  // for switch
   friend constexpr bool operator==(Weight, Weight) noexcept = default;
   friend void operator<=>(Weight, Weight) = delete;
-  template <class Hasher>
-  friend void hashInto(Hasher& hasher, Weight weight) {
-    hasher(weight.case_);
-  }
+  friend void hashInto(Platform::internal::Hasher& hasher, Weight weight) { hasher(weight.case_); }
 
  private:
   constexpr explicit Weight(Case value) noexcept : case_(value) {}
@@ -105,10 +99,7 @@ class Font::Feature {
   std::string description() const;
 
   friend constexpr bool operator==(Feature, Feature) noexcept = default;
-  template <class Hasher>
-  friend void hashInto(Hasher& hasher, Feature feature) {
-    hasher(feature.option_);
-  }
+  friend void hashInto(Platform::internal::Hasher& hasher, Feature feature) { hasher(feature.option_); }
 
  private:
   constexpr explicit Feature(std::uint8_t option) noexcept : option_(option) {}
@@ -133,10 +124,7 @@ class Font::Feature::NumberSpacingOption {
   constexpr operator Case() const noexcept { return case_; }  // for switch
   friend constexpr bool operator==(NumberSpacingOption, NumberSpacingOption) noexcept = default;
   friend void operator<=>(NumberSpacingOption, NumberSpacingOption) = delete;
-  template <class Hasher>
-  friend void hashInto(Hasher& hasher, NumberSpacingOption option) {
-    hasher(option.case_);
-  }
+  friend void hashInto(Platform::internal::Hasher& hasher, NumberSpacingOption option) { hasher(option.case_); }
 
  private:
   friend class Feature;

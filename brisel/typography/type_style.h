@@ -49,8 +49,7 @@ class TypeStyle {
     std::string description() const;
 
     friend constexpr bool operator==(const AccessibilityRange&, const AccessibilityRange&) noexcept = default;
-    template <class Hasher>
-    friend void hashInto(Hasher& hasher, const AccessibilityRange& range) {
+    friend void hashInto(Platform::internal::Hasher& hasher, const AccessibilityRange& range) {
       hasher(range.min_, range.mid_, range.max_, range.axMax_);
     }
 
@@ -81,8 +80,7 @@ class TypeStyle {
     std::string debugDescription() const;
 
     friend bool operator==(const Configuration&, const Configuration&) = default;
-    template <class Hasher>
-    friend void hashInto(Hasher& hasher, const Configuration& value) {
+    friend void hashInto(Platform::internal::Hasher& hasher, const Configuration& value) {
       hasher(value.fontSize_, value.minimumScaleFactor_, value.usesUpperCaseLayout_, value.fontFeatures_);
     }
 
@@ -155,8 +153,7 @@ class TypeStyle {
   std::string debugDescription() const;
 
   friend bool operator==(const TypeStyle&, const TypeStyle&) = default;
-  template <class Hasher>
-  friend void hashInto(Hasher& hasher, const TypeStyle& style) {
+  friend void hashInto(Platform::internal::Hasher& hasher, const TypeStyle& style) {
     hasher(style.name_, style.primaryFont_, style.fallbackFonts_, style.fontWeight_, style.fontSize_, style.group_,
            style.configuration_);
   }
