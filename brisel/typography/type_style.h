@@ -1,8 +1,10 @@
 #pragma once
 
-#include <cstddef>
+#include <concepts>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "brisel/platform/font.h"
@@ -122,16 +124,20 @@ class TypeStyle {
   const Configuration& configuration() const noexcept { return configuration_; }
 
   // Derived styles. All other fields stay as they are, except that those which touch the configuration drop the font
-  // features; this is deliberate.
+  // features; this is deliberate. A flag passes for no number.
 
   /// `with(fontSize:)`: this size at every scale and as the nominal one. Drops the font features.
   TypeStyle withFontSize(double fontSize) const;
   /// `with(fontSize:)`: these sizes; their `mid` becomes the nominal one. Drops the font features.
   TypeStyle withFontSize(const AccessibilityRange& fontSize) const;
+  template <std::same_as<bool> Flag>
+  TypeStyle withFontSize(Flag) const = delete;
   /// `with(minimumScaleFactor:)`: this factor at every scale. Drops the font features.
   TypeStyle withMinimumScaleFactor(double minimumScaleFactor) const;
   /// `with(minimumScaleFactor:)`: these factors. Drops the font features.
   TypeStyle withMinimumScaleFactor(const AccessibilityRange& minimumScaleFactor) const;
+  template <std::same_as<bool> Flag>
+  TypeStyle withMinimumScaleFactor(Flag) const = delete;
   /// `with(usesUpperCaseLayout:)`. Drops the font features.
   TypeStyle withUsesUpperCaseLayout(bool usesUpperCaseLayout) const;
   /// `with(fontFeatures:)`: these features instead of the style's own.
