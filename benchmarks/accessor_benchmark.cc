@@ -22,13 +22,13 @@ void read(benchmark::State& state) {
 
 BRISEL_JOB("color_accessor/ours", read<Color::gray7>);
 BRISEL_JOB("color_accessor/static", read<staticColor>);
-BRISEL_JOB("color_accessor/map", [](auto& state) {
+BRISEL_JOB("color_accessor/map", [](benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(&mappedColor("gray7"));
 });
 
 BRISEL_JOB("style_accessor/ours", read<TypeStyle::ballad>);
 BRISEL_JOB("style_accessor/static", read<staticStyle>);
-BRISEL_JOB("style_accessor/map", [](auto& state) {
+BRISEL_JOB("style_accessor/map", [](benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(&mappedStyle("ballad"));
 });
 

@@ -15,11 +15,11 @@ double nextSize() {
   return 10 + 0.125 * (turn++ % 400);
 }
 
-BRISEL_JOB("font_cached/ours", [](auto& state) {
+BRISEL_JOB("font_cached/ours", [](benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(font(16));
 });
 
-BRISEL_JOB("font_cached/Pango", [](auto& state) {
+BRISEL_JOB("font_cached/Pango", [](benchmark::State& state) {
   PangoFontMap* const fonts = pango_context_get_font_map(pangoContext());
   const DescriptionPtr description = pangoDescription(16);
   for (auto _ : state) {

@@ -13,15 +13,11 @@ function(brisel_target_options target)
   if(BRISEL_SANITIZE)
     target_compile_options(${target} PRIVATE -fsanitize=${BRISEL_SANITIZE} -fno-sanitize-recover=all
                                              -fno-omit-frame-pointer)
-    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-      # With sanitizers g++ 12 takes parts of a std::variant for uninitialised; the other presets keep the warning.
-      target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
-    endif()
-    target_link_options(${target} PRIVATE -fsanitize=${BRISEL_SANITIZE})
     if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
       # Instrumented variants look uninitialised to g++ 12 where they are not (GCC bug 80635 and its kin).
       target_compile_options(${target} PRIVATE -Wno-maybe-uninitialized)
     endif()
+    target_link_options(${target} PRIVATE -fsanitize=${BRISEL_SANITIZE})
   endif()
 endfunction()
 

@@ -23,7 +23,8 @@ function(brisel_tests suite)
   add_executable(${target} ${ARG_SOURCES})
   brisel_target_options(${target})
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
-  target_compile_definitions(${target} PRIVATE BRISEL_TEST_BUNDLE="${BRISEL_BUNDLE_DIR}")
+  target_compile_definitions(${target} PRIVATE BRISEL_TEST_BUNDLE="${BRISEL_BUNDLE_DIR}"
+                                                    BRISEL_TEST_SOURCES="${PROJECT_SOURCE_DIR}")
   target_link_libraries(${target} PRIVATE ${ARG_LIBRARIES} GTest::gmock GTest::gtest_main ${BRISEL_RAPIDCHECK}
                                           Threads::Threads)
   gtest_discover_tests(${target} TEST_PREFIX ${suite}. DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120 ${labels})

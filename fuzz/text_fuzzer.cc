@@ -52,11 +52,11 @@ class Source {
 
 void registerFonts() {
   engine().setUsesHostFonts(false);
-  if (const auto bundle = NSBundle::bundleWithPath(BRISEL_TEST_BUNDLE)) {
-    if (const auto files = bundle->URLsForResourcesWithExtension("otf")) {
-      for (const auto& file : *files) engine().registerFontFile(file);
-    }
-  }
+  const auto bundle = NSBundle::bundleWithPath(BRISEL_TEST_BUNDLE);
+  require(bundle != nullptr);
+  const auto files = bundle->URLsForResourcesWithExtension("otf");
+  require(files && !files->empty());
+  for (const auto& file : *files) engine().registerFontFile(file);
 }
 
 Value object(std::shared_ptr<const NSObject> pointer) { return Value(std::move(pointer)); }

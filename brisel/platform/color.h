@@ -10,8 +10,9 @@ namespace Brisel::Platform {
 
 class UIColor;
 
-/// How colours are passed on. A pointer to a catalogue colour (palette, theme) has no control block: it copies without
-/// counting, its `use_count()` is 0 and a `weak_ptr` of it is expired at once. Compare identity by `get()`.
+/// How colours are passed on. A pointer to a colour that lives for ever (a constant) may have no control block: it
+/// copies without counting, its `use_count()` is 0 and a `weak_ptr` of it is expired at once. Compare identity by
+/// `get()`.
 using ColorPtr = std::shared_ptr<const UIColor>;
 
 /// An immutable colour in one of two forms, kept as it was made: grey (white level and alpha) or RGB (red, green, blue

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "brisel/platform/fatal_error.h"
 #include "brisel/platform/internal/utf.h"
 
 namespace Brisel::Platform {
@@ -29,7 +30,7 @@ void Canvas::fillRect(const CGRect& rect, const UIColor& color) {
   if (isDrawable(rect)) onFillRect(rect, color);
 }
 
-void Canvas::drawGlyphs(const PortObject& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
+void Canvas::drawGlyphs(const Face& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
                         const UIColor& color) {
   if (face.maker() != maker_ || !std::isfinite(pointSize) || pointSize <= 0) return;
   if (!std::all_of(glyphs.begin(), glyphs.end(), [](const auto& g) { return isFinite(g.origin); })) return;
@@ -38,19 +39,28 @@ void Canvas::drawGlyphs(const PortObject& face, CGFloat pointSize, std::span<con
 
 Engine::Registration Engine::registerFontFile(const std::filesystem::path& file) { return onRegisterFontFile(file); }
 
+void Engine::setSubstituteFamily(std::string_view family) { onSetSubstituteFamily(internal::wellFormed(family)); }
+
 void Engine::setUsesHostFonts(bool uses) { onSetUsesHostFonts(uses); }
 
-std::shared_ptr<const Typeface> Engine::typeface(const TypefaceRequest& request) { return onTypeface(request); }
+std::shared_ptr<const Typeface> Engine::typeface(const TypefaceRequest& request) {
+  auto typeface = onTypeface(request);
+  if (!typeface) fatalError("A port answered a typeface request with nothing");
+  return typeface;
+}
 
 std::shared_ptr<const ShapedText> Engine::shape(const ShapeRequest& request) {
   std::uint32_t end = 0;
-  bool usable = !request.text.empty() && !request.typefaces.empty();
+  bool usable = !request.text.empty() && !request.typefaces.empty() && internal::isWellFormed(request.text);
   for (const TypefaceSpan& span : request.typefaces) {
-    usable = usable && span.typeface && span.typeface->maker() == this && span.end > end;
+    usable =
+        usable && span.typeface && span.typeface->maker() == this && span.end > end && std::isfinite(span.pointSize);
     end = span.end;
   }
   if (!usable || end != request.text.size()) return std::make_shared<const ShapedText>();
-  return onShape(request);
+  auto text = onShape(request);
+  if (!text) fatalError("A port shaped a text into nothing");
+  return text;
 }
 
 std::unique_ptr<Canvas> Engine::makeCanvas(CGSize size, CGFloat scale) {

@@ -4,8 +4,9 @@
 // main queue and memory pressure. Everything else (layout of lines, measuring, views) is ours and the same everywhere.
 // A port defines the two functions of platform/port.h; linking the port is choosing it.
 //
-// Each public call checks its arguments once for every port, and repairs what the port answers; the protected hook does
-// the work. Hooks never see null handles, foreign handles, ill-formed text, or numbers that are not finite.
+// Each public call checks its arguments once for every port; the protected hook does the work. Hooks see no null or
+// foreign handles, no ill-formed text, and no distances that are not finite. Where a hook answers null though it must
+// not, the public call ends the process.
 #pragma once
 
 #include <cstddef>
@@ -56,6 +57,12 @@ struct TypefaceRequest {
   std::vector<std::string> cascade;  // PostScript names
   std::vector<FontFeatureSetting> features;
   friend bool operator==(const TypefaceRequest&, const TypefaceRequest&) = default;
+};
+
+/// One face of a font file: what draws a run of glyphs.
+class Face : public PortObject {
+ protected:
+  using PortObject::PortObject;
 };
 
 /// The answer to a request: a face with its cascade and features.
@@ -112,8 +119,7 @@ class Canvas {
   void fillRect(const CGRect& rect, const UIColor& color);
 
   /// Draws glyphs of one face at one size, unhinted and placed to the sub-pixel, over what is there.
-  void drawGlyphs(const PortObject& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
-                  const UIColor& color);
+  void drawGlyphs(const Face& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs, const UIColor& color);
 
   /// A copy of the pixels as they are now.
   Bitmap bitmap() const { return onBitmap(); }
@@ -121,7 +127,7 @@ class Canvas {
  protected:
   Canvas(const Engine& maker, CGFloat scale) noexcept : maker_(&maker), scale_(scale) {}
   virtual void onFillRect(const CGRect& rect, const UIColor& color) = 0;
-  virtual void onDrawGlyphs(const PortObject& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
+  virtual void onDrawGlyphs(const Face& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
                             const UIColor& color) = 0;
   virtual Bitmap onBitmap() const = 0;
 
@@ -146,9 +152,13 @@ class Engine {
   Engine& operator=(const Engine&) = delete;
   virtual ~Engine();
 
-  /// Makes the fonts of a file known to this process, by their PostScript names. A file that is refused changes
-  /// nothing.
+  /// Makes the font of a file (of a collection, the first) known to this process, by its PostScript name. A file that
+  /// is refused changes nothing.
   Registration registerFontFile(const std::filesystem::path& file);
+
+  /// The family whose registered faces stand in for missing names, each time in the nearest weight. Until told, and
+  /// where none of it is registered, that is the family of the first registered face with Latin letters.
+  void setSubstituteFamily(std::string_view family);
 
   /// Whether characters that no face of a cascade has may be drawn with the host's fonts (true at first). Texts that
   /// have been shaped keep what they have.
@@ -176,6 +186,7 @@ class Engine {
  protected:
   Engine() = default;
   virtual Registration onRegisterFontFile(const std::filesystem::path& file) = 0;
+  virtual void onSetSubstituteFamily(const std::string& family) = 0;
   virtual void onSetUsesHostFonts(bool uses) = 0;
   virtual std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& request) = 0;
   virtual std::shared_ptr<const ShapedText> onShape(const ShapeRequest& request) = 0;

@@ -34,8 +34,37 @@ TEST(Engine, RefusesTheHandlesOfAnotherEngine) {
 
   const auto canvas = engine.makeCanvas({10, 10}, 1);
   const PositionedGlyph glyph{1, {0, 0}};
-  canvas->drawGlyphs(*foreign.typeface, 12, {&glyph, 1}, UIColor::grey(0, 1));
+  const auto foreignText = other.shape({u"a", {&foreign, 1}, {}, false});
+  canvas->drawGlyphs(*foreignText->runs[0].face, 12, {&glyph, 1}, UIColor::grey(0, 1));
   EXPECT_TRUE(engine.record().drawings.empty());
+}
+
+TEST(Engine, ShapesNothingThatIsIllFormedOrOfNoSize) {
+  RecordingEngine engine;
+  const auto typeface = engine.typeface({});
+  const TypefaceSpan span{2, typeface, 12, true};
+  EXPECT_EQ(engine.shape({u"\xD83Cx", {&span, 1}, {}, false})->length, 0U);
+  EXPECT_EQ(engine.shape({u"x\xDFB5", {&span, 1}, {}, false})->length, 0U);
+  EXPECT_EQ(engine.shape({u"\xD83C\xDFB5", {&span, 1}, {}, false})->length, 2U);
+  const TypefaceSpan odd{2, typeface, kNaN, true};
+  EXPECT_EQ(engine.shape({u"ab", {&odd, 1}, {}, false})->length, 0U);
+}
+
+// A port that answers nothing where it must.
+class EmptyEngine final : public Engine {
+  Registration onRegisterFontFile(const std::filesystem::path& /*file*/) override { return Registration::registered; }
+  void onSetSubstituteFamily(const std::string& /*family*/) override {}
+  void onSetUsesHostFonts(bool /*uses*/) override {}
+  std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& /*request*/) override { return nullptr; }
+  std::shared_ptr<const ShapedText> onShape(const ShapeRequest& /*request*/) override { return nullptr; }
+  std::unique_ptr<Canvas> onMakeCanvas(int /*width*/, int /*height*/, CGFloat /*scale*/) override { return nullptr; }
+  std::vector<std::uint8_t> onEncodePng(const Bitmap& /*bitmap*/) override { return {}; }
+  std::string onUpperCase(const std::string& text) override { return text; }
+};
+
+TEST(EngineDeathTest, APortThatAnswersNothingEndsTheProcess) {
+  EmptyEngine engine;
+  EXPECT_DEATH(engine.typeface({}), "typeface");
 }
 
 TEST(Engine, MakesNoCanvasOfAnImpossibleSize) {
@@ -56,7 +85,9 @@ TEST(Engine, RoundsACanvasUpToWholePixels) {
 
 TEST(Canvas, DrawsNothingThatIsNotFinite) {
   RecordingEngine engine;
-  const auto typeface = engine.typeface({});
+  const TypefaceSpan span{1, engine.typeface({}), 12, true};
+  const auto text = engine.shape({u"a", {&span, 1}, {}, false});
+  const Face& face = *text->runs[0].face;
   const auto canvas = engine.makeCanvas({10, 10}, 1);
   const UIColor black = UIColor::grey(0, 1);
   canvas->fillRect({{0, 0}, {0, 5}}, black);
@@ -65,13 +96,13 @@ TEST(Canvas, DrawsNothingThatIsNotFinite) {
   canvas->fillRect({{0, 0}, {kInfinity, 5}}, black);
   const PositionedGlyph lost{1, {kNaN, 0}};
   const PositionedGlyph sound{1, {0, 0}};
-  canvas->drawGlyphs(*typeface, 12, {&lost, 1}, black);
-  for (const CGFloat size : {0.0, -1.0, kNaN, kInfinity}) canvas->drawGlyphs(*typeface, size, {&sound, 1}, black);
+  canvas->drawGlyphs(face, 12, {&lost, 1}, black);
+  for (const CGFloat size : {0.0, -1.0, kNaN, kInfinity}) canvas->drawGlyphs(face, size, {&sound, 1}, black);
   EXPECT_TRUE(engine.record().fills.empty());
   EXPECT_TRUE(engine.record().drawings.empty());
 
   canvas->fillRect({{0, 0}, {5, 5}}, black);
-  canvas->drawGlyphs(*typeface, 12, {&sound, 1}, black);
+  canvas->drawGlyphs(face, 12, {&sound, 1}, black);
   EXPECT_EQ(engine.record().fills.size(), 1U);
   EXPECT_EQ(engine.record().drawings.size(), 1U);
 }

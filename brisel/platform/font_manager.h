@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <string_view>
 
 namespace Brisel::Platform {
 
@@ -21,5 +22,8 @@ enum CTFontManagerError : std::int32_t {
 /// changed, and `error`, if there is one, says why. May be called on any thread. Needs a port.
 bool CTFontManagerRegisterFontsForURL(const std::filesystem::path& url, CTFontManagerScope scope,
                                       CTFontManagerError* error = nullptr);
+
+/// Which family's faces stand in for fonts that nobody has registered (Engine::setSubstituteFamily). Needs a port.
+void setSubstituteFontFamily(std::string_view family);
 
 }  // namespace Brisel::Platform

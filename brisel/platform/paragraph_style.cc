@@ -5,7 +5,9 @@
 namespace Brisel::Platform {
 
 std::shared_ptr<const NSParagraphStyle> NSParagraphStyle::defaultParagraphStyle() {
-  return std::shared_ptr<const NSParagraphStyle>(new NSParagraphStyle(Settings()));
+  // Never destroyed: text may be laid out as late as in an exit handler.
+  static const auto& style = *new std::shared_ptr<const NSParagraphStyle>(new NSParagraphStyle(Settings()));
+  return style;
 }
 
 std::shared_ptr<NSMutableParagraphStyle> NSParagraphStyle::mutableCopy() const {

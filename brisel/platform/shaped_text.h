@@ -12,7 +12,7 @@
 
 namespace Brisel::Platform {
 
-class PortObject;
+class Face;
 
 /// A font's vertical measures, in ems. The descender is negative, as in font files.
 struct FontMetrics {
@@ -35,8 +35,8 @@ struct ShapedGlyph {
 
 /// Glyphs of one face, one direction and one font span, in the order in which they are drawn from left to right.
 struct ShapedRun {
-  std::shared_ptr<const PortObject> face;  // what Canvas::drawGlyphs takes
-  FontMetrics metrics;                     // of the face that draws
+  std::shared_ptr<const Face> face;  // what Canvas::drawGlyphs takes
+  FontMetrics metrics;               // of the face that draws
   std::uint32_t firstCluster = 0;
   std::uint32_t endCluster = 0;
   std::uint8_t level = 0;  // the bidirectional embedding level; odd runs right to left
@@ -65,9 +65,8 @@ struct ShapedText {
   std::vector<ShapedRun> runs;
   std::vector<ShapedCluster> clusters;
   bool endsWithLineBreak = false;  // an empty line follows the last cluster
-  /// Whether glyphs and distances hold at every size. Where not, the text is shaped for `shapedSize` alone.
+  /// Whether glyphs and distances hold at every size. Where not, they hold at the sizes that were asked for.
   bool scalesLinearly = true;
-  CGFloat shapedSize = 0;  // points; meaningful where the text does not scale linearly
 };
 
 }  // namespace Brisel::Platform

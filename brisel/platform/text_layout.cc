@@ -15,7 +15,7 @@ bool wraps(NSLineBreakMode mode) {
   return mode == NSLineBreakMode::byWordWrapping || mode == NSLineBreakMode::byCharWrapping;
 }
 
-// Walks along spans as the text advances, or back to a place that it has passed.
+// Walks along spans as the text advances.
 template <class Span>
 std::size_t spanAt(std::span<const Span> spans, std::size_t from, std::uint32_t unit) {
   while (from + 1 < spans.size() && spans[from].end <= unit) ++from;
@@ -244,11 +244,10 @@ struct Segment {
   std::uint8_t level;
 };
 
+// `size` and `paint` say where the spans of the line before ended, and then where those of this line do.
 std::vector<Segment> segmentsOf(const TextLine& line, const ShapedText& text, std::span<const TextSizeSpan> sizes,
-                                std::span<const PaintSpan> paints) {
+                                std::span<const PaintSpan> paints, std::size_t& size, std::size_t& paint) {
   std::vector<Segment> segments;
-  std::size_t size = 0;
-  std::size_t paint = 0;
   for (std::uint32_t i = line.firstCluster; i < line.endVisibleCluster; ++i) {
     const ShapedCluster& cluster = text.clusters[i];
     size = spanAt(sizes, size, cluster.begin);
@@ -285,10 +284,10 @@ void place(const Segment& segment, const TextLine& line, const ShapedText& text,
   const ShapedRun& run = text.runs[segment.run];
   const bool isReversed = run.level % 2 == 1;
   const std::uint32_t count = segment.endCluster - segment.firstCluster;
-  const auto isInside = [&](const ShapedGlyph& glyph) {
-    return glyph.cluster >= segment.firstCluster && glyph.cluster < segment.endCluster;
+  const auto isBefore = [&](const ShapedGlyph& glyph) {
+    return isReversed ? glyph.cluster >= segment.endCluster : glyph.cluster < segment.firstCluster;
   };
-  auto glyph = std::find_if(run.glyphs.begin(), run.glyphs.end(), isInside);
+  auto glyph = std::partition_point(run.glyphs.begin(), run.glyphs.end(), isBefore);
   for (std::uint32_t i = 0; i < count; ++i) {
     const std::uint32_t index = isReversed ? segment.endCluster - 1 - i : segment.firstCluster + i;
     const ShapedCluster& cluster = text.clusters[index];
@@ -309,8 +308,10 @@ void place(const Segment& segment, const TextLine& line, const ShapedText& text,
 void TextLayout::draw(Canvas& canvas, CGPoint at, std::span<const PaintSpan> paints) const {
   static constexpr UIColor kBlack = UIColor::grey(0, 1);
   std::vector<PositionedGlyph> glyphs;
+  std::size_t lastSize = 0;
+  std::size_t lastPaint = 0;
   for (const TextLine& line : lines_) {
-    std::vector<Segment> segments = segmentsOf(line, *text_, sizes_, paints);
+    std::vector<Segment> segments = segmentsOf(line, *text_, sizes_, paints, lastSize, lastPaint);
     reorder(segments);
     CGFloat x = at.x + line.x;
     for (const Segment& segment : segments) {
@@ -323,7 +324,7 @@ void TextLayout::draw(Canvas& canvas, CGPoint at, std::span<const PaintSpan> pai
         const CGRect behind{{left, at.y + line.baseline - line.ascent}, {x - left, line.ascent + line.descent}};
         canvas.fillRect(behind, *paint->background);
       }
-      const PortObject& face = *text_->runs[segment.run].face;
+      const Face& face = *text_->runs[segment.run].face;
       canvas.drawGlyphs(face, size.pointSize, glyphs, paint && paint->foreground ? *paint->foreground : kBlack);
     }
   }

@@ -28,6 +28,8 @@ void appendUtf8(std::string& out, char32_t c) {
 }
 
 // Eight bytes at a time: names and keys are ASCII, and every one of them is looked at.
+bool isSurrogate(char32_t c) { return c >= 0xD800 && c < 0xE000; }
+
 bool isAscii(std::string_view text) noexcept {
   constexpr std::uint64_t kHighBits = 0x8080'8080'8080'8080;
   std::uint64_t seen = 0;
@@ -79,6 +81,20 @@ char32_t nextCharacter(std::string_view text, std::size_t& index) noexcept {
   return character;
 }
 
+char32_t nextCharacter(std::u16string_view text, std::size_t& index) noexcept {
+  const char32_t unit = text[index++];
+  const bool isPair =
+      unit >= 0xD800 && unit < 0xDC00 && index < text.size() && text[index] >= 0xDC00 && text[index] < 0xE000;
+  return isPair ? 0x10000 + ((unit - 0xD800) << 10) + (text[index++] - 0xDC00U) : unit;
+}
+
+bool isWellFormed(std::u16string_view text) noexcept {
+  for (std::size_t i = 0; i < text.size();) {
+    if (isSurrogate(nextCharacter(text, i))) return false;
+  }
+  return true;
+}
+
 std::u16string toUtf16(std::string_view text) {
   std::u16string out;
   out.reserve(text.size());
@@ -97,16 +113,9 @@ std::u16string toUtf16(std::string_view text) {
 std::string toUtf8(std::u16string_view text) {
   std::string out;
   out.reserve(text.size());
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    char32_t c = text[i];
-    const bool isHigh = c >= 0xD800 && c < 0xDC00;
-    const bool isPair = isHigh && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000;
-    if (isPair) {
-      c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00U);
-    } else if (c >= 0xD800 && c < 0xE000) {
-      c = kReplacement;
-    }
-    appendUtf8(out, c);
+  for (std::size_t i = 0; i < text.size();) {
+    const char32_t c = nextCharacter(text, i);
+    appendUtf8(out, isSurrogate(c) ? kReplacement : c);
   }
   return out;
 }

@@ -11,6 +11,12 @@ namespace Brisel::Platform::internal {
 /// The next character of `text` at byte `index`, which moves behind it. `index` must be below the size.
 char32_t nextCharacter(std::string_view text, std::size_t& index) noexcept;
 
+/// The same of UTF-16. A lone surrogate is returned as it is.
+char32_t nextCharacter(std::u16string_view text, std::size_t& index) noexcept;
+
+/// Whether every surrogate stands in a pair.
+bool isWellFormed(std::u16string_view text) noexcept;
+
 std::u16string toUtf16(std::string_view text);
 std::string toUtf8(std::u16string_view text);
 

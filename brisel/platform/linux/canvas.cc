@@ -7,7 +7,6 @@
 #include <hb-ot.h>
 
 #include "brisel/platform/linux/font_face.h"
-#include "brisel/platform/linux/glyph_coverage.h"
 
 namespace Brisel::Platform::Linux {
 namespace {
@@ -41,8 +40,11 @@ void setSource(cairo_t* context, const UIColor& color) {
 
 class CairoCanvas final : public Canvas {
  public:
-  CairoCanvas(const Engine& maker, SurfacePtr surface, CGFloat scale)
-      : Canvas(maker, scale), surface_(std::move(surface)), context_(cairo_create(surface_.get())) {}
+  CairoCanvas(const Engine& maker, std::shared_ptr<RasteriserPool> rasterisers, SurfacePtr surface, CGFloat scale)
+      : Canvas(maker, scale),
+        rasterisers_(std::move(rasterisers)),
+        surface_(std::move(surface)),
+        context_(cairo_create(surface_.get())) {}
 
  private:
   void onFillRect(const CGRect& rect, const UIColor& color) override {
@@ -52,19 +54,21 @@ class CairoCanvas final : public Canvas {
     cairo_fill(context_.get());
   }
 
-  void onDrawGlyphs(const PortObject& object, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
+  void onDrawGlyphs(const Face& object, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
                     const UIColor& color) override {
     const auto& face = static_cast<const FontFace&>(object);
     const double pixelsPerUnit = pointSize * scale() / face.unitsPerEm();
     const bool hasPictures = hb_ot_color_has_png(hb_font_get_face(face.font())) != 0;
-    GlyphCoverage coverage;
+    const int width = cairo_image_surface_get_width(surface_.get());
+    const int height = cairo_image_surface_get_height(surface_.get());
+    const RasteriserPool::Lease rasteriser(*rasterisers_);
     setSource(context_.get(), color);
     for (const PositionedGlyph& glyph : glyphs) {
       const GlyphPlacement placement{glyph.origin.x * scale(), glyph.origin.y * scale(), pixelsPerUnit};
       if (hasPictures && drawPicture(face, glyph.id, placement)) {
         setSource(context_.get(), color);
-      } else if (rasterise(face.font(), glyph.id, placement, a8Stride, coverage)) {
-        mask(coverage);
+      } else if (auto* coverage = (*rasteriser).rasterise(face.font(), glyph.id, placement, width, height, a8Stride)) {
+        mask(*coverage);
       }
     }
   }
@@ -136,16 +140,18 @@ class CairoCanvas final : public Canvas {
     return true;
   }
 
+  std::shared_ptr<RasteriserPool> rasterisers_;
   SurfacePtr surface_;
   ContextPtr context_;
 };
 
 }  // namespace
 
-std::unique_ptr<Canvas> makeCairoCanvas(const Engine& maker, int pixelWidth, int pixelHeight, CGFloat scale) {
+std::unique_ptr<Canvas> makeCairoCanvas(const Engine& maker, std::shared_ptr<RasteriserPool> rasterisers,
+                                        int pixelWidth, int pixelHeight, CGFloat scale) {
   SurfacePtr surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, pixelWidth, pixelHeight));
   if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return nullptr;
-  return std::make_unique<CairoCanvas>(maker, std::move(surface), scale);
+  return std::make_unique<CairoCanvas>(maker, std::move(rasterisers), std::move(surface), scale);
 }
 
 std::vector<std::uint8_t> pngOf(const Bitmap& bitmap) {

@@ -5,11 +5,16 @@
 #include <vector>
 
 #include "brisel/platform/engine.h"
+#include "brisel/platform/linux/glyph_rasteriser.h"
+#include "brisel/platform/linux/pool.h"
 
 namespace Brisel::Platform::Linux {
 
+using RasteriserPool = Pool<GlyphRasteriser>;
+
 /// A canvas on a Cairo image surface; null where there is no memory for it.
-std::unique_ptr<Canvas> makeCairoCanvas(const Engine& maker, int pixelWidth, int pixelHeight, CGFloat scale);
+std::unique_ptr<Canvas> makeCairoCanvas(const Engine& maker, std::shared_ptr<RasteriserPool> rasterisers,
+                                        int pixelWidth, int pixelHeight, CGFloat scale);
 
 std::vector<std::uint8_t> pngOf(const Bitmap& bitmap);
 

@@ -5,8 +5,6 @@
 #include <vector>
 
 #include "brisel/platform/internal/hash.h"
-#include "brisel/platform/linux/canvas.h"
-#include "brisel/platform/linux/shaper.h"
 #include "brisel/platform/linux/typeface.h"
 #include "brisel/platform/linux/unicode.h"
 #include "brisel/platform/log.h"
@@ -14,7 +12,7 @@
 namespace Brisel::Platform::Linux {
 namespace {
 
-// A design system asks for a few dozen typefaces; whoever asks for more pays for making them anew.
+// A host asks for a few dozen typefaces; one that asks for more pays for making them anew.
 constexpr std::size_t kMostTypefaces = 512;
 
 }  // namespace
@@ -32,8 +30,7 @@ std::size_t LinuxEngine::RequestHash::operator()(const TypefaceRequest& request)
 Engine::Registration LinuxEngine::onRegisterFontFile(const std::filesystem::path& file) {
   const Registration result = registry_.registerFile(file);
   if (result == Registration::registered) {
-    const std::lock_guard lock(mutex_);
-    typefaces_.clear();  // A name that had a substitute may now have its own face.
+    forgetTypefaces();  // A name that had a substitute may now have its own face.
   } else if (result == Registration::unrecognizedFormat || result == Registration::invalidFontData) {
     log("Not a usable font file: " + file.string());
   }
@@ -42,17 +39,30 @@ Engine::Registration LinuxEngine::onRegisterFontFile(const std::filesystem::path
 
 void LinuxEngine::onSetUsesHostFonts(bool uses) {
   usesHostFonts_.store(uses, std::memory_order_relaxed);
+  forgetTypefaces();
+}
+
+void LinuxEngine::onSetSubstituteFamily(const std::string& family) {
+  registry_.setSubstituteFamily(family);
+  forgetTypefaces();
+}
+
+void LinuxEngine::forgetTypefaces() {
   const std::lock_guard lock(mutex_);
+  ++generation_;
   typefaces_.clear();
 }
 
 std::shared_ptr<const Typeface> LinuxEngine::onTypeface(const TypefaceRequest& request) {
+  std::uint64_t generation = 0;
   {
     const std::lock_guard lock(mutex_);
     if (const auto known = typefaces_.find(request); known != typefaces_.end()) return known->second;
+    generation = generation_;
   }
   auto typeface = makeTypeface(request);
   const std::lock_guard lock(mutex_);
+  if (generation != generation_) return typeface;  // Made of what has changed since; the next request makes it anew.
   if (typefaces_.size() >= kMostTypefaces) typefaces_.clear();
   return typefaces_.try_emplace(request, std::move(typeface)).first->second;
 }
@@ -76,11 +86,11 @@ std::shared_ptr<const FontFace> LinuxEngine::primaryFace(const std::string& name
 }
 
 std::shared_ptr<const ShapedText> LinuxEngine::onShape(const ShapeRequest& request) {
-  return shapeText(request, usesHostFonts_.load(std::memory_order_relaxed) ? &hostFonts_ : nullptr);
+  return shaper_.shape(request, usesHostFonts_.load(std::memory_order_relaxed) ? &hostFonts_ : nullptr);
 }
 
 std::unique_ptr<Canvas> LinuxEngine::onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale) {
-  return makeCairoCanvas(*this, pixelWidth, pixelHeight, scale);
+  return makeCairoCanvas(*this, rasterisers_, pixelWidth, pixelHeight, scale);
 }
 
 std::vector<std::uint8_t> LinuxEngine::onEncodePng(const Bitmap& bitmap) { return pngOf(bitmap); }

@@ -1,13 +1,16 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <memory>
 #include <mutex>
 #include <unordered_map>
 
 #include "brisel/platform/engine.h"
+#include "brisel/platform/linux/canvas.h"
 #include "brisel/platform/linux/font_registry.h"
 #include "brisel/platform/linux/host_fonts.h"
+#include "brisel/platform/linux/shaper.h"
 
 namespace Brisel::Platform::Linux {
 
@@ -23,6 +26,7 @@ class LinuxEngine final : public Engine {
   };
 
   Registration onRegisterFontFile(const std::filesystem::path& file) override;
+  void onSetSubstituteFamily(const std::string& family) override;
   void onSetUsesHostFonts(bool uses) override;
   std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& request) override;
   std::shared_ptr<const ShapedText> onShape(const ShapeRequest& request) override;
@@ -30,13 +34,17 @@ class LinuxEngine final : public Engine {
   std::vector<std::uint8_t> onEncodePng(const Bitmap& bitmap) override;
   std::string onUpperCase(const std::string& text) override;
 
+  void forgetTypefaces();
   std::shared_ptr<const Typeface> makeTypeface(const TypefaceRequest& request);
   std::shared_ptr<const FontFace> primaryFace(const std::string& name);
 
   FontRegistry registry_;
   HostFonts hostFonts_;
+  Shaper shaper_;
+  std::shared_ptr<RasteriserPool> rasterisers_ = std::make_shared<RasteriserPool>();
   std::atomic<bool> usesHostFonts_{true};
   std::mutex mutex_;
+  std::uint64_t generation_ = 0;  // of what typefaces are made from
   std::unordered_map<TypefaceRequest, std::shared_ptr<const Typeface>, RequestHash> typefaces_;
 };
 

@@ -1,6 +1,8 @@
 // The Linux port against the bundle's real faces, by its public interface. The host's fonts are off.
 #include <algorithm>
+#include <atomic>
 #include <cmath>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <limits>
@@ -125,6 +127,26 @@ TEST_F(LinuxEngineTest, AMissingNameGetsTheTextFaceInTheNearestWeight) {
   EXPECT_EQ(engine().typeface({"", {}, {}})->name(), "Tondal-Book");
 }
 
+TEST_F(LinuxEngineTest, TheNamedFamilyStandsInForMissingNames) {
+  registerBundle();
+  engine().setSubstituteFamily("TondalTitle");
+  EXPECT_EQ(engine().typeface({"Nope-Black", {}, {}})->name(), "TondalTitle-Black");
+  engine().setSubstituteFamily("Unknown");
+  EXPECT_EQ(engine().typeface({"Nope-Black", {}, {}})->name(), "Tondal-Black");
+}
+
+TEST_F(LinuxEngineTest, ASubstituteNeverOutlivesTheRegistrationOfTheName) {
+  engine().registerFontFile(kBundle / "Tondal-Book.otf");
+  std::atomic<bool> isDone{false};
+  std::thread asker([&isDone] {
+    while (!isDone) engine().typeface({"TondalTitle-Bold", {}, {}});
+  });
+  engine().registerFontFile(kBundle / "TondalTitle-Bold.otf");
+  isDone = true;
+  asker.join();
+  EXPECT_EQ(engine().typeface({"TondalTitle-Bold", {}, {}})->name(), "TondalTitle-Bold");
+}
+
 TEST_F(LinuxEngineTest, WithoutAnyFontTextStillHasAMeasureAndDrawsNothing) {
   const auto typeface = engine().typeface({"Nope", {}, {}});
   EXPECT_FALSE(typeface->hasCharacter(U'a'));
@@ -239,13 +261,16 @@ TEST_F(LinuxEngineTest, AUserPerceivedCharacterIsOneCluster) {
 
 TEST_F(LinuxEngineTest, LigaturesGiveWayWhereLettersAreSpacedOut) {
   registerBundle();
-  const TypefaceSpan joined{3, textFace(), 16, true};
-  const TypefaceSpan spaced{3, textFace(), 16, false};
+  // A small font of our own that joins "f" and "1"; the bundle's faces join nothing.
+  ASSERT_EQ(engine().registerFontFile(BRISEL_TEST_SOURCES "/fuzz/corpus/font_file/glyf"), Registration::registered);
+  const auto typeface = engine().typeface({"Seed-Book", {}, {}});
+  const TypefaceSpan joined{2, typeface, 16, true};
+  const TypefaceSpan spaced{2, typeface, 16, false};
   const auto clusters = [](const TypefaceSpan& span) {
-    return engine().shape({u"ffi", {&span, 1}, WritingDirection::natural, false})->clusters.size();
+    return engine().shape({u"f1", {&span, 1}, WritingDirection::natural, false})->clusters.size();
   };
-  EXPECT_EQ(clusters(spaced), 3U);
-  EXPECT_LE(clusters(joined), clusters(spaced));
+  EXPECT_EQ(clusters(joined), 1U);
+  EXPECT_EQ(clusters(spaced), 2U);
 }
 
 TEST_F(LinuxEngineTest, ControlsTakeNoRoomAndATabThatOfFourSpaces) {
@@ -298,6 +323,25 @@ TEST_F(LinuxEngineTest, DrawsInkInTheColourAndInsideTheLine) {
   EXPECT_NEAR(top, 86 - typeface->metrics().capHeight * 80, 1);
 }
 
+TEST_F(LinuxEngineTest, DrawsOfAGlyphWhatLiesOnTheCanvas) {
+  registerBundle();
+  const auto typeface = textFace();
+  const auto text = shape(u"W", typeface);
+  const TextSizeSpan size{1, 60, 0, 0, typeface->metrics()};
+  const TextLayout layout(text, {&size, 1}, {}, {});
+  const auto whole = engine().makeCanvas({100, 100}, 1);
+  layout.draw(*whole, {20, 20}, {});
+  const auto part = engine().makeCanvas({30, 30}, 1);
+  layout.draw(*part, {20 - 30, 20 - 40}, {});
+  const Bitmap expected = whole->bitmap();
+  const Bitmap found = part->bitmap();
+  for (int y = 0; y < 30; ++y) {
+    for (int x = 0; x < 30; ++x) ASSERT_EQ(found.pixel(x, y)[3], expected.pixel(x + 30, y + 40)[3]) << x << ' ' << y;
+  }
+  layout.draw(*part, {-500, 0}, {});
+  EXPECT_EQ(part->bitmap(), found);
+}
+
 TEST_F(LinuxEngineTest, WritesAPngThatBeginsLikeOne) {
   const auto canvas = engine().makeCanvas({3, 2}, 1);
   const auto png = engine().encodePng(canvas->bitmap());
@@ -320,6 +364,66 @@ TEST_F(LinuxEngineTest, SurvivesHostileSizesAndTexts) {
       TextLayout(shaped, {&size, 1}, {}, {}).draw(*canvas, {0, 10}, {});
     }
   }
+}
+
+// The host's fonts of this test are one file: the bundle's Devanagari face, in a configuration of our own.
+class HostFontsTest : public LinuxEngineTest {
+ protected:
+  HostFontsTest() {
+    fs::create_directories(temporary("host"));
+    fs::copy_file(kBundle / "TondalDeva-Book.otf", temporary("host") / "Host.otf",
+                  fs::copy_options::overwrite_existing);
+    const std::string directory = temporary("host").string();
+    const fs::path configuration = write("fonts.conf", "<fontconfig><dir>" + directory + "</dir><cachedir>" +
+                                                           directory + "/cache</cachedir></fontconfig>");
+    ::setenv("FONTCONFIG_FILE", configuration.c_str(), 1);
+    engine().registerFontFile(kBundle / "Tondal-Book.otf");
+    engine().setUsesHostFonts(true);
+  }
+
+  static std::uint32_t glyphOf(std::u16string_view text) {
+    return shape(text, engine().typeface({"Tondal-Book", {}, {}}))->runs[0].glyphs[0].id;
+  }
+};
+
+TEST_F(HostFontsTest, DrawWhatNoFaceOfTheCascadeHas) {
+  EXPECT_NE(glyphOf(u"क"), 0U);
+  EXPECT_EQ(glyphOf(u"漢"), 0U);  // the host has none either
+  const auto mixed = shape(u"aक", engine().typeface({"Tondal-Book", {}, {}}));
+  EXPECT_EQ(mixed->runs.size(), 2U);
+  EXPECT_FALSE(engine().typeface({"Tondal-Book", {}, {}})->hasCharacter(U'क'));
+}
+
+TEST_F(HostFontsTest, AreNotAskedOnceTurnedOff) {
+  engine().setUsesHostFonts(false);
+  EXPECT_EQ(glyphOf(u"क"), 0U);
+  engine().setUsesHostFonts(true);
+  EXPECT_NE(glyphOf(u"क"), 0U);
+}
+
+TEST_F(HostFontsTest, MayBeAskedByManyThreads) {
+  std::vector<std::thread> threads;
+  for (int i = 0; i < 4; ++i) {
+    threads.emplace_back([] {
+      for (const auto* text : {u"क", u"ख", u"ग", u"漢"}) EXPECT_EQ(glyphOf(text) == 0, text[0] == u'漢');
+    });
+  }
+  for (auto& thread : threads) thread.join();
+}
+
+TEST_F(LinuxEngineTest, ServesAnExitHandler) {
+  registerBundle();
+  EXPECT_EXIT(
+      {
+        width(u"before");
+        std::atexit([] {
+          const auto canvas = engine().makeCanvas({20, 20}, 1);
+          canvas->fillRect({{0, 0}, {5, 5}}, UIColor::grey(0, 1));
+          std::_Exit(width(u"after שלום") > 0 ? 7 : 8);
+        });
+        std::exit(0);
+      },
+      testing::ExitedWithCode(7), "");
 }
 
 TEST_F(LinuxEngineTest, ShapesAndDrawsTheSameOnManyThreads) {

@@ -3,13 +3,15 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <fstream>
+#include <iterator>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
-#include <ft2build.h>
 #include <hb-ot.h>
-#include FT_FREETYPE_H
+
+#include "brisel/platform/linux/freetype_library.h"
 
 namespace Brisel::Platform::Linux {
 namespace {
@@ -18,13 +20,14 @@ using Registration = Engine::Registration;
 using HbBlobPtr = std::unique_ptr<hb_blob_t, HbDelete<hb_blob_t, hb_blob_destroy>>;
 using HbFacePtr = std::unique_ptr<hb_face_t, HbDelete<hb_face_t, hb_face_destroy>>;
 
-struct FreeTypeLibrary {
-  FreeTypeLibrary() { FT_Init_FreeType(&library); }
-  ~FreeTypeLibrary() { FT_Done_FreeType(library); }
-  FreeTypeLibrary(const FreeTypeLibrary&) = delete;
-  FreeTypeLibrary& operator=(const FreeTypeLibrary&) = delete;
-  FT_Library library = nullptr;
-};
+// The file's bytes; none where it cannot be read. They are copied and not mapped: a mapped file that somebody cuts
+// short would end the process.
+HbBlobPtr read(const std::filesystem::path& file) {
+  std::ifstream in(file, std::ios::binary);
+  const std::string bytes{std::istreambuf_iterator<char>(in), {}};
+  return HbBlobPtr(
+      hb_blob_create(bytes.data(), static_cast<unsigned>(bytes.size()), HB_MEMORY_MODE_DUPLICATE, nullptr, nullptr));
+}
 
 // Whether the file says that it is an OpenType font or a collection of them.
 bool hasFontSignature(hb_blob_t* blob) {
@@ -43,7 +46,7 @@ std::pair<Registration, std::string> inspect(hb_blob_t* blob, unsigned index) {
   unsigned length = 0;
   const char* data = hb_blob_get_data(blob, &length);
   FT_Face face = nullptr;
-  const FT_Error error = FT_New_Memory_Face(freetype.library, reinterpret_cast<const FT_Byte*>(data),
+  const FT_Error error = FT_New_Memory_Face(freetype.get(), reinterpret_cast<const FT_Byte*>(data),
                                             static_cast<FT_Long>(length), static_cast<FT_Long>(index & 0xFFFF), &face);
   if (error != FT_Err_Ok) return {Registration::invalidFontData, {}};
   const char* name = FT_Get_Postscript_Name(face);
@@ -93,8 +96,8 @@ FontFace::Loaded FontFace::load(const Engine& maker, const std::filesystem::path
   std::error_code error;
   if (!std::filesystem::exists(file, error)) return {nullptr, Registration::fileNotFound};
   if (!std::filesystem::is_regular_file(file, error)) return {nullptr, Registration::unrecognizedFormat};
-  const HbBlobPtr blob(hb_blob_create_from_file_or_fail(file.c_str()));
-  if (!blob || !hasFontSignature(blob.get())) return {nullptr, Registration::unrecognizedFormat};
+  const HbBlobPtr blob = read(file);
+  if (!hasFontSignature(blob.get())) return {nullptr, Registration::unrecognizedFormat};
 
   auto [result, name] = inspect(blob.get(), index);
   if (result != Registration::registered) return {nullptr, result};
@@ -116,10 +119,7 @@ std::shared_ptr<const FontFace> FontFace::empty(const Engine& maker) {
 }
 
 FontFace::FontFace(const Engine& maker, HbFontPtr font, std::string postscriptName)
-    : PortObject(maker),
-      font_(std::move(font)),
-      characters_(hb_set_create()),
-      postscriptName_(std::move(postscriptName)) {
+    : Face(maker), font_(std::move(font)), characters_(hb_set_create()), postscriptName_(std::move(postscriptName)) {
   hb_font_make_immutable(font_.get());
   hb_face_t* face = hb_font_get_face(font_.get());
   hb_face_collect_unicodes(face, characters_.get());

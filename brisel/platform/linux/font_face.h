@@ -19,7 +19,7 @@ using HbSetPtr = std::unique_ptr<hb_set_t, HbDelete<hb_set_t, hb_set_destroy>>;
 
 /// One face of a font file, at one unit per font unit. HarfBuzz objects that are no longer changed may be used by any
 /// number of threads, so that a face is shared freely.
-class FontFace final : public PortObject {
+class FontFace final : public Face {
  public:
   struct Loaded {
     std::shared_ptr<const FontFace> face;  // null unless registered

@@ -32,9 +32,18 @@ std::shared_ptr<const FontFace> FontRegistry::find(std::string_view postscriptNa
   return found == faces_.end() ? nullptr : found->second;
 }
 
+void FontRegistry::setSubstituteFamily(const std::string& family) {
+  const std::lock_guard lock(mutex_);
+  substituteFamily_ = family;
+}
+
 std::shared_ptr<const FontFace> FontRegistry::substitute(int weight) const {
   const std::lock_guard lock(mutex_);
-  const auto first = std::find_if(inOrder_.begin(), inOrder_.end(), [](const auto& face) { return face->has(U'a'); });
+  auto first = std::find_if(inOrder_.begin(), inOrder_.end(),
+                            [this](const auto& face) { return face->family() == substituteFamily_; });
+  if (first == inOrder_.end()) {
+    first = std::find_if(inOrder_.begin(), inOrder_.end(), [](const auto& face) { return face->has(U'a'); });
+  }
   if (first == inOrder_.end()) return nullptr;
   auto nearest = *first;
   for (const auto& face : inOrder_) {

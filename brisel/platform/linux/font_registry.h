@@ -23,8 +23,11 @@ class FontRegistry {
   /// The face of that name; null where nobody has registered it.
   std::shared_ptr<const FontFace> find(std::string_view postscriptName) const;
 
-  /// What stands in for a missing name: of the first registered family with Latin letters, the face nearest to the
-  /// weight. Null where there is none.
+  /// Which family stands in for missing names.
+  void setSubstituteFamily(const std::string& family);
+
+  /// What stands in for a missing name: of the substitute family, or else the first registered one with Latin letters,
+  /// the face nearest to the weight. Null where there is none.
   std::shared_ptr<const FontFace> substitute(int weight) const;
 
  private:
@@ -33,6 +36,7 @@ class FontRegistry {
   std::set<std::filesystem::path> files_;
   std::map<std::string, std::shared_ptr<const FontFace>, std::less<>> faces_;
   std::vector<std::shared_ptr<const FontFace>> inOrder_;
+  std::string substituteFamily_;
 };
 
 /// The weight that a PostScript name ends in ("Some-Bold" is 700); 400 where it tells none.

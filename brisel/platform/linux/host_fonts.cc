@@ -1,6 +1,8 @@
 #include "brisel/platform/linux/host_fonts.h"
 
+#include <map>
 #include <string>
+#include <string_view>
 
 #include <fontconfig/fontconfig.h>
 
@@ -12,10 +14,13 @@ struct PatternDelete {
 };
 using PatternPtr = std::unique_ptr<FcPattern, PatternDelete>;
 
-struct CharSetDelete {
-  void operator()(FcCharSet* set) const noexcept { FcCharSetDestroy(set); }
+struct FontSetDelete {
+  void operator()(FcFontSet* set) const noexcept { FcFontSetDestroy(set); }
 };
-using CharSetPtr = std::unique_ptr<FcCharSet, CharSetDelete>;
+using FontSetPtr = std::unique_ptr<FcFontSet, FontSetDelete>;
+
+// Answers are forgotten beyond that many characters: nobody's text needs them all.
+constexpr std::size_t kMostAnswers = 8192;
 
 // HarfBuzz draws OpenType outlines and embedded pictures; bitmap and PostScript formats of old it does not.
 bool isUsable(FcPattern* pattern, char32_t character) {
@@ -31,14 +36,38 @@ bool isUsable(FcPattern* pattern, char32_t character) {
 
 }  // namespace
 
-struct HostFonts::Configuration {
-  Configuration() : config(FcInitLoadConfigAndFonts()) {}
+// The host's configuration, and its fonts in the order of preference for each weight that was asked for.
+class HostFonts::Configuration {
+ public:
+  Configuration() : config_(FcInitLoadConfigAndFonts()) {}
   ~Configuration() {
-    if (config) FcConfigDestroy(config);
+    sorted_.clear();
+    if (config_) FcConfigDestroy(config_);
   }
   Configuration(const Configuration&) = delete;
   Configuration& operator=(const Configuration&) = delete;
-  FcConfig* config;
+
+  /// Null where the host has none.
+  FcFontSet* fonts(int weight) {
+    if (const auto known = sorted_.find(weight); known != sorted_.end()) return known->second.get();
+    return sorted_.emplace(weight, sort(weight)).first->second.get();
+  }
+
+ private:
+  FontSetPtr sort(int weight) const {
+    if (!config_) return nullptr;
+    const PatternPtr wanted(FcPatternCreate());
+    FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>("sans-serif"));
+    FcPatternAddInteger(wanted.get(), FC_WEIGHT, FcWeightFromOpenType(weight));
+    FcPatternAddBool(wanted.get(), FC_SCALABLE, FcTrue);
+    FcConfigSubstitute(config_, wanted.get(), FcMatchPattern);
+    FcDefaultSubstitute(wanted.get());
+    FcResult result = FcResultNoMatch;
+    return FontSetPtr(FcFontSort(config_, wanted.get(), FcFalse, nullptr, &result));
+  }
+
+  FcConfig* config_;
+  std::map<int, FontSetPtr> sorted_;
 };
 
 HostFonts::HostFonts(const Engine& maker) : maker_(maker) {}
@@ -48,32 +77,15 @@ std::shared_ptr<const FontFace> HostFonts::faceFor(char32_t character, int weigh
   const std::lock_guard lock(mutex_);
   const std::uint64_t key = (static_cast<std::uint64_t>(weight) << 32) | character;
   if (const auto known = answers_.find(key); known != answers_.end()) return known->second;
+  if (answers_.size() >= kMostAnswers) answers_.clear();
   return answers_.emplace(key, match(character, weight)).first->second;
 }
 
 std::shared_ptr<const FontFace> HostFonts::match(char32_t character, int weight) {
   if (!configuration_) configuration_ = std::make_unique<Configuration>();
-  FcConfig* config = configuration_->config;
-  if (!config) return nullptr;
-
-  const PatternPtr wanted(FcPatternCreate());
-  const CharSetPtr characters(FcCharSetCreate());
-  FcCharSetAddChar(characters.get(), character);
-  FcPatternAddCharSet(wanted.get(), FC_CHARSET, characters.get());
-  FcPatternAddString(wanted.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>("sans-serif"));
-  FcPatternAddInteger(wanted.get(), FC_WEIGHT, FcWeightFromOpenType(weight));
-  FcPatternAddBool(wanted.get(), FC_SCALABLE, FcTrue);
-  FcConfigSubstitute(config, wanted.get(), FcMatchPattern);
-  FcDefaultSubstitute(wanted.get());
-
-  FcResult result = FcResultNoMatch;
-  const std::unique_ptr<FcFontSet, void (*)(FcFontSet*)> sorted(
-      FcFontSort(config, wanted.get(), FcFalse, nullptr, &result), [](FcFontSet* set) {
-        if (set) FcFontSetDestroy(set);
-      });
-  if (!sorted) return nullptr;
-  for (int i = 0; i < sorted->nfont; ++i) {
-    FcPattern* candidate = sorted->fonts[i];
+  const FcFontSet* fonts = configuration_->fonts(weight);
+  for (int i = 0; fonts && i < fonts->nfont; ++i) {
+    FcPattern* candidate = fonts->fonts[i];
     FcChar8* file = nullptr;
     int index = 0;
     if (!isUsable(candidate, character) || FcPatternGetString(candidate, FC_FILE, 0, &file) != FcResultMatch) continue;

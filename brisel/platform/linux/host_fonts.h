@@ -24,7 +24,7 @@ class HostFonts {
   std::shared_ptr<const FontFace> textFace(int weight) { return faceFor(U'a', weight); }
 
  private:
-  struct Configuration;
+  class Configuration;
   std::shared_ptr<const FontFace> match(char32_t character, int weight);
   std::shared_ptr<const FontFace> open(const std::string& file, unsigned index);
 
@@ -32,7 +32,7 @@ class HostFonts {
   std::mutex mutex_;
   std::unique_ptr<Configuration> configuration_;
   std::unordered_map<std::uint64_t, std::shared_ptr<const FontFace>> answers_;  // by weight and character
-  std::unordered_map<std::string, std::shared_ptr<const FontFace>> files_;      // by file and index
+  std::unordered_map<std::string, std::shared_ptr<const FontFace>> files_;      // by file and index, as the host has
 };
 
 }  // namespace Brisel::Platform::Linux

@@ -1,28 +1,24 @@
 #include "brisel/platform/linux/shaper.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 #include <vector>
 
 #include <hb.h>
 
+#include "brisel/platform/internal/utf.h"
 #include "brisel/platform/linux/typeface.h"
 #include "brisel/platform/linux/unicode.h"
 
 namespace Brisel::Platform::Linux {
 namespace {
 
+using Platform::internal::nextCharacter;
 using Boundary = TextAnalysis::Boundary;
 using Break = ShapedCluster::Break;
 
 constexpr int kSpacesInATab = 4;
-
-char32_t characterAt(std::u16string_view text, std::size_t index, std::size_t& next) {
-  const char32_t unit = text[index];
-  next = index + 1;
-  if (unit < 0xD800 || unit > 0xDBFF || next >= text.size()) return unit;
-  return 0x10000 + ((unit - 0xD800) << 10) + (text[next++] - 0xDC00U);
-}
 
 // A user-perceived character and what decides with whom it is shaped.
 struct Item {
@@ -41,16 +37,42 @@ bool isOfNoScript(hb_script_t script) {
   return script == HB_SCRIPT_COMMON || script == HB_SCRIPT_INHERITED || script == HB_SCRIPT_UNKNOWN;
 }
 
-// What a thread needs to shape, kept warm from text to text.
-struct Workshop {
-  TextAnalysis analysis;
-  std::vector<Item> items;
-  std::unique_ptr<hb_buffer_t, HbDelete<hb_buffer_t, hb_buffer_destroy>> buffer{hb_buffer_create()};
+// What HarfBuzz made of a run.
+struct Glyphs {
+  std::span<const hb_glyph_info_t> infos;
+  std::span<const hb_glyph_position_t> positions;
 };
 
-class Shaper {
+// The one glyph of a run that is but a space, without features.
+struct LoneSpace {
+  std::shared_ptr<const FontFace> face;
+  hb_script_t script;
+  bool isReversed;
+  hb_glyph_info_t info;
+  hb_glyph_position_t position;
+};
+
+constexpr std::size_t kMostLoneSpaces = 32;
+
+// Texts beyond this length are rare, and what they needed is not kept for the next.
+constexpr std::size_t kLongText = 1 << 16;
+
+}  // namespace
+
+// What shaping one text needs, kept warm from text to text.
+struct Shaper::Workshop {
+  TextAnalysis analysis;
+  std::vector<Item> items;
+  std::vector<LoneSpace> loneSpaces;
+  std::unique_ptr<hb_buffer_t, HbDelete<hb_buffer_t, hb_buffer_destroy>> buffer{hb_buffer_create()};
+
+  bool isWorthKeeping() const noexcept { return items.capacity() <= kLongText; }
+};
+
+// The shaping of one text.
+class Shaper::Shaping {
  public:
-  Shaper(const ShapeRequest& request, HostFonts* host, Workshop& workshop)
+  Shaping(const ShapeRequest& request, HostFonts* host, Workshop& workshop)
       : request_(request), host_(host), workshop_(workshop) {}
 
   std::shared_ptr<const ShapedText> shape() {
@@ -81,8 +103,8 @@ class Shaper {
       std::size_t end = begin + 1;
       while (end < text.size() && analysis.boundaries[end] == Boundary::none) ++end;
       while (request_.typefaces[span].end <= begin) ++span;
-      std::size_t next = 0;
-      const char32_t base = characterAt(text, begin, next);
+      std::size_t next = begin;
+      const char32_t base = nextCharacter(text, next);
       workshop_.items.push_back({static_cast<std::uint32_t>(begin), span,
                                  &faceFor(typeface(span), text.substr(begin, end - begin)),
                                  hb_unicode_script(hb_unicode_funcs_get_default(), base), analysis.levels[begin]});
@@ -111,7 +133,7 @@ class Shaper {
   const std::shared_ptr<const FontFace>& faceFor(const LinuxTypeface& typeface, std::u16string_view cluster) {
     const auto& faces = typeface.faces();
     std::size_t next = 0;
-    const char32_t base = characterAt(cluster, 0, next);
+    const char32_t base = nextCharacter(cluster, next);
     if (cluster.size() == next) {
       if (isIgnorable(base)) return faces.front();
       for (const auto& face : faces) {
@@ -130,7 +152,7 @@ class Shaper {
 
   static bool hasAll(const FontFace& face, std::u16string_view cluster) {
     for (std::size_t i = 0; i < cluster.size();) {
-      const char32_t character = characterAt(cluster, i, i);
+      const char32_t character = nextCharacter(cluster, i);
       if (!isIgnorable(character) && !face.has(character)) return false;
     }
     return true;
@@ -154,14 +176,9 @@ class Shaper {
     const std::uint32_t begin = item.begin;
     const std::uint32_t end = endItem < items.size() ? items[endItem].begin : text_->length;
 
-    hb_buffer_t* buffer = workshop_.buffer.get();
-    hb_buffer_clear_contents(buffer);
-    hb_buffer_add_utf16(buffer, reinterpret_cast<const std::uint16_t*>(request_.text.data()),
-                        static_cast<int>(text_->length), begin, static_cast<int>(end - begin));
-    hb_buffer_set_direction(buffer, item.level % 2 == 1 ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
-    hb_buffer_set_script(buffer, item.script);
-    hb_buffer_set_language(buffer, HB_LANGUAGE_INVALID);
-    shapeBuffer(face, typeface(item.span), span.usesLigatures);
+    const bool isLoneSpace = end - begin == 1 && request_.text[begin] == u' ' && span.usesLigatures &&
+                             typeface(item.span).features().empty();
+    const Glyphs glyphs = isLoneSpace ? shapeLoneSpace(item) : shapeByHarfBuzz(item, end);
 
     const auto runIndex = static_cast<std::uint32_t>(text_->runs.size());
     ShapedRun& run = text_->runs.emplace_back();
@@ -169,9 +186,42 @@ class Shaper {
     run.metrics = face.metrics();
     run.level = item.level;
     run.firstCluster = static_cast<std::uint32_t>(text_->clusters.size());
-    addClusters(runIndex, begin, end);
+    addClusters(runIndex, begin, end, glyphs);
     run.endCluster = static_cast<std::uint32_t>(text_->clusters.size());
-    addGlyphs(run, face);
+    addGlyphs(run, face, glyphs);
+  }
+
+  // Between words that a fallback face draws every space is a run of its own, and each comes out like the others.
+  Glyphs shapeLoneSpace(const Item& item) {
+    auto& known = workshop_.loneSpaces;
+    const bool isReversed = item.level % 2 == 1;
+    auto space = std::find_if(known.begin(), known.end(), [&](const LoneSpace& s) {
+      return s.face == *item.face && s.script == item.script && s.isReversed == isReversed;
+    });
+    if (space == known.end()) {
+      const Glyphs glyphs = shapeByHarfBuzz(item, item.begin + 1);
+      if (glyphs.infos.size() != 1) return glyphs;
+      if (known.size() == kMostLoneSpaces) known.clear();
+      known.push_back({*item.face, item.script, isReversed, glyphs.infos[0], glyphs.positions[0]});
+      space = known.end() - 1;
+    }
+    space->info.cluster = item.begin;
+    return {{&space->info, 1}, {&space->position, 1}};
+  }
+
+  // The result lies in the workshop's buffer.
+  Glyphs shapeByHarfBuzz(const Item& item, std::uint32_t end) {
+    hb_buffer_t* buffer = workshop_.buffer.get();
+    hb_buffer_clear_contents(buffer);
+    hb_buffer_add_utf16(buffer, reinterpret_cast<const std::uint16_t*>(request_.text.data()),
+                        static_cast<int>(text_->length), item.begin, static_cast<int>(end - item.begin));
+    hb_buffer_set_direction(buffer, item.level % 2 == 1 ? HB_DIRECTION_RTL : HB_DIRECTION_LTR);
+    hb_buffer_set_script(buffer, item.script);
+    hb_buffer_set_language(buffer, HB_LANGUAGE_INVALID);
+    shapeBuffer(**item.face, typeface(item.span), request_.typefaces[item.span].usesLigatures);
+    unsigned count = 0;
+    const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer, &count);
+    return {{infos, count}, {hb_buffer_get_glyph_positions(buffer, nullptr), count}};
   }
 
   void shapeBuffer(const FontFace& face, const LinuxTypeface& typeface, bool usesLigatures) {
@@ -189,22 +239,21 @@ class Shaper {
   }
 
   // One cluster for each cluster value that HarfBuzz kept, in the order of the text.
-  void addClusters(std::uint32_t run, std::uint32_t begin, std::uint32_t end) {
+  void addClusters(std::uint32_t run, std::uint32_t begin, std::uint32_t end, const Glyphs& glyphs) {
     const auto& analysis = workshop_.analysis;
-    unsigned count = 0;
-    const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(workshop_.buffer.get(), &count);
-    const bool isReversed = HB_DIRECTION_IS_BACKWARD(hb_buffer_get_direction(workshop_.buffer.get()));
-    for (unsigned i = 0; i < count; ++i) {
-      const std::uint32_t at = infos[isReversed ? count - 1 - i : i].cluster;
+    const std::size_t count = glyphs.infos.size();
+    const bool isReversed = text_->runs[run].level % 2 == 1;
+    for (std::size_t i = 0; i < count; ++i) {
+      const std::uint32_t at = glyphs.infos[isReversed ? count - 1 - i : i].cluster;
       if (at < begin || at >= end) continue;
       if (analysis.boundaries[at] == Boundary::none) continue;  // HarfBuzz parts CR and LF
       if (!text_->clusters.empty() && text_->clusters.back().begin >= at) continue;
       ShapedCluster& cluster = text_->clusters.emplace_back();
-      std::size_t next = 0;
+      std::size_t next = at;
       const Boundary boundary = analysis.boundaries[at];
       cluster.begin = at;
       cluster.run = run;
-      cluster.isSpace = isBreakingSpace(characterAt(request_.text, at, next));
+      cluster.isSpace = isBreakingSpace(nextCharacter(request_.text, next));
       if (boundary == Boundary::allowed) cluster.breakBefore = Break::allowed;
       if (boundary == Boundary::required) cluster.breakBefore = Break::required;
       cluster.isParagraphStart = at == 0 || (boundary == Boundary::required && request_.text[at - 1] != 0x2028);
@@ -212,16 +261,14 @@ class Shaper {
     }
   }
 
-  void addGlyphs(ShapedRun& run, const FontFace& face) {
-    unsigned count = 0;
-    const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(workshop_.buffer.get(), &count);
-    const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(workshop_.buffer.get(), &count);
+  void addGlyphs(ShapedRun& run, const FontFace& face, const Glyphs& glyphs) {
+    const auto& [infos, positions] = glyphs;
     const CGFloat em = face.unitsPerEm();
     auto& clusters = text_->clusters;
-    run.glyphs.reserve(count);
+    run.glyphs.reserve(infos.size());
     const bool isReversed = run.level % 2 == 1;
     std::uint32_t cluster = isReversed ? run.endCluster - 1 : run.firstCluster;
-    for (unsigned i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < infos.size(); ++i) {
       const std::uint32_t at = infos[i].cluster;
       while (!isReversed && cluster + 1 < run.endCluster && clusters[cluster + 1].begin <= at) ++cluster;
       while (isReversed && cluster > run.firstCluster && clusters[cluster].begin > at) --cluster;
@@ -250,11 +297,12 @@ class Shaper {
   std::vector<std::unique_ptr<std::shared_ptr<const FontFace>>> hostFaces_;  // at addresses that stay
 };
 
-}  // namespace
+Shaper::Shaper() = default;
+Shaper::~Shaper() = default;
 
-std::shared_ptr<const ShapedText> shapeText(const ShapeRequest& request, HostFonts* host) {
-  thread_local Workshop workshop;
-  return Shaper(request, host, workshop).shape();
+std::shared_ptr<const ShapedText> Shaper::shape(const ShapeRequest& request, HostFonts* host) {
+  const Pool<Workshop>::Lease workshop(workshops_);
+  return Shaping(request, host, *workshop).shape();
 }
 
 }  // namespace Brisel::Platform::Linux

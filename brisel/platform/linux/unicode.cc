@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <memory>
 
-#include <unicode/ubidi.h>
-#include <unicode/ubrk.h>
 #include <unicode/ucasemap.h>
 #include <unicode/uchar.h>
 
@@ -13,29 +11,11 @@ namespace {
 
 using Boundary = TextAnalysis::Boundary;
 
-template <class T, void (*close)(T*)>
-struct Close {
-  void operator()(T* object) const noexcept { close(object); }
-};
-
-// ICU's working objects are for one thread at a time and dear to open, so each thread keeps its own.
-UBreakIterator* breakIterator(UBreakIteratorType type) {
-  struct Iterators {
-    std::unique_ptr<UBreakIterator, Close<UBreakIterator, ubrk_close>> character;
-    std::unique_ptr<UBreakIterator, Close<UBreakIterator, ubrk_close>> line;
-  };
-  thread_local Iterators iterators;
-  auto& iterator = type == UBRK_LINE ? iterators.line : iterators.character;
-  if (!iterator) {
-    UErrorCode error = U_ZERO_ERROR;
-    iterator.reset(ubrk_open(type, "", nullptr, 0, &error));
-  }
+UBreakIterator* opened(std::unique_ptr<UBreakIterator, IcuClose<UBreakIterator, ubrk_close>>& iterator,
+                       UBreakIteratorType type) {
+  UErrorCode error = U_ZERO_ERROR;
+  if (!iterator) iterator.reset(ubrk_open(type, "", nullptr, 0, &error));
   return iterator.get();
-}
-
-UBiDi* bidi() {
-  thread_local const std::unique_ptr<UBiDi, Close<UBiDi, ubidi_close>> object(ubidi_open());
-  return object.get();
 }
 
 // Below the Hebrew block stand only characters that run from left to right or have no direction of their own.
@@ -47,9 +27,13 @@ bool hasStrongCharacter(std::u16string_view text) {
   return std::any_of(text.begin(), text.end(), [](char16_t unit) { return u_charDirection(unit) == U_LEFT_TO_RIGHT; });
 }
 
-// Below the combining marks every code unit is a user-perceived character, but for the pair CR LF.
+// Nothing joins characters that say nothing of how they join: the letters of most scripts. Below the combining marks
+// only the pair CR LF is joined.
 bool everyUnitIsAGrapheme(std::u16string_view text) {
-  return std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x0300 && unit != u'\r'; });
+  return std::all_of(text.begin(), text.end(), [](char16_t unit) {
+    if (unit < 0x0300) return unit != u'\r';
+    return u_getIntPropertyValue(unit, UCHAR_GRAPHEME_CLUSTER_BREAK) == U_GCB_OTHER;
+  });
 }
 
 }  // namespace
@@ -74,18 +58,20 @@ void TextAnalysis::findLevels(std::u16string_view text, WritingDirection directi
   UBiDiLevel base = naturalFallbackIsRightToLeft ? UBIDI_DEFAULT_RTL : UBIDI_DEFAULT_LTR;
   if (direction == WritingDirection::leftToRight) base = 0;
   if (direction == WritingDirection::rightToLeft) base = 1;
+  if (!bidi_) bidi_.reset(ubidi_open());
+  UBiDi* bidi = bidi_.get();
   UErrorCode error = U_ZERO_ERROR;
   const auto length = static_cast<std::int32_t>(text.size());
-  ubidi_setPara(bidi(), text.data(), length, base, nullptr, &error);
-  const UBiDiLevel* found = ubidi_getLevels(bidi(), &error);
+  ubidi_setPara(bidi, text.data(), length, base, nullptr, &error);
+  const UBiDiLevel* found = ubidi_getLevels(bidi, &error);
   if (U_FAILURE(error)) return;
   std::copy(found, found + length, levels.begin());
-  const std::int32_t paragraphs = ubidi_countParagraphs(bidi());
+  const std::int32_t paragraphs = ubidi_countParagraphs(bidi);
   for (std::int32_t i = 0; i < paragraphs; ++i) {
     std::int32_t begin = 0;
     std::int32_t end = 0;
     UBiDiLevel level = 0;
-    ubidi_getParagraphByIndex(bidi(), i, &begin, &end, &level, &error);
+    ubidi_getParagraphByIndex(bidi, i, &begin, &end, &level, &error);
     std::fill(paragraphLevels.begin() + begin, paragraphLevels.begin() + end, level);
   }
 }
@@ -97,13 +83,13 @@ void TextAnalysis::findBoundaries(std::u16string_view text) {
     boundaries.assign(text.size(), Boundary::grapheme);
   } else {
     boundaries.assign(text.size(), Boundary::none);
-    UBreakIterator* characters = breakIterator(UBRK_CHARACTER);
+    UBreakIterator* characters = opened(characters_, UBRK_CHARACTER);
     ubrk_setText(characters, text.data(), length, &error);
     for (std::int32_t at = ubrk_first(characters); at < length && at != UBRK_DONE; at = ubrk_next(characters)) {
       boundaries[static_cast<std::size_t>(at)] = Boundary::grapheme;
     }
   }
-  UBreakIterator* lines = breakIterator(UBRK_LINE);
+  UBreakIterator* lines = opened(lines_, UBRK_LINE);
   ubrk_setText(lines, text.data(), length, &error);
   ubrk_first(lines);
   for (std::int32_t at = ubrk_next(lines); at < length && at != UBRK_DONE; at = ubrk_next(lines)) {
@@ -115,8 +101,8 @@ void TextAnalysis::findBoundaries(std::u16string_view text) {
 
 bool isBreakingSpace(char32_t character) {
   if (character < 0x80) return character == U' ' || (character >= 0x09 && character <= 0x0D);
-  const auto kind = static_cast<ULineBreak>(u_getIntPropertyValue(static_cast<UChar32>(character), UCHAR_LINE_BREAK));
-  return (u_isUWhiteSpace(static_cast<UChar32>(character)) != 0) && kind != U_LB_GLUE;
+  const auto c = static_cast<UChar32>(character);
+  return u_isUWhiteSpace(c) != 0 && u_getIntPropertyValue(c, UCHAR_LINE_BREAK) != U_LB_GLUE;
 }
 
 bool isControl(char32_t character) {
@@ -132,7 +118,7 @@ bool isIgnorable(char32_t character) {
 
 std::string upperCased(const std::string& wellFormedText) {
   UErrorCode error = U_ZERO_ERROR;
-  const std::unique_ptr<UCaseMap, Close<UCaseMap, ucasemap_close>> map(ucasemap_open("", 0, &error));
+  const std::unique_ptr<UCaseMap, IcuClose<UCaseMap, ucasemap_close>> map(ucasemap_open("", 0, &error));
   if (U_FAILURE(error)) return wellFormedText;
   std::string upper(wellFormedText.size() + 16, '\0');
   for (;;) {

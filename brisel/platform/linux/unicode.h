@@ -2,15 +2,24 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include <unicode/ubidi.h>
+#include <unicode/ubrk.h>
 
 #include "brisel/platform/engine.h"
 
 namespace Brisel::Platform::Linux {
 
-/// What of a text does not depend on fonts, one entry a code unit. Kept by each thread and filled anew for each text,
+template <class T, void (*close)(T*)>
+struct IcuClose {
+  void operator()(T* object) const noexcept { close(object); }
+};
+
+/// What of a text does not depend on fonts, one entry a code unit. For one thread at a time; filled anew for each text,
 /// so that analysis allocates nothing once warm.
 struct TextAnalysis {
   enum class Boundary : std::uint8_t {
@@ -27,8 +36,14 @@ struct TextAnalysis {
   void analyse(std::u16string_view text, WritingDirection direction, bool naturalFallbackIsRightToLeft);
 
  private:
+  using BreakIterator = std::unique_ptr<UBreakIterator, IcuClose<UBreakIterator, ubrk_close>>;
+
   void findLevels(std::u16string_view text, WritingDirection direction, bool naturalFallbackIsRightToLeft);
   void findBoundaries(std::u16string_view text);
+
+  BreakIterator characters_;  // ICU's objects, opened on first use
+  BreakIterator lines_;
+  std::unique_ptr<UBiDi, IcuClose<UBiDi, ubidi_close>> bidi_;
 };
 
 /// Whether the character may vanish where a line ends: white space, but for the kinds that do not break.

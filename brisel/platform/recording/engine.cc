@@ -3,12 +3,27 @@
 #include <algorithm>
 #include <utility>
 
+#include "brisel/platform/internal/utf.h"
+
 namespace Brisel::Platform {
+
+class RecordingFace final : public Face {
+ public:
+  RecordingFace(const RecordingEngine& maker, std::string name) : Face(maker), name_(std::move(name)) {}
+  const std::string& name() const noexcept { return name_; }
+
+ private:
+  std::string name_;
+};
 
 class RecordingTypeface final : public Typeface {
  public:
-  RecordingTypeface(const RecordingEngine& maker, std::string name)
-      : Typeface(maker, std::move(name), RecordingEngine::kMetrics), state_(maker.state_) {}
+  RecordingTypeface(const RecordingEngine& maker, const std::string& name)
+      : Typeface(maker, name, RecordingEngine::kMetrics),
+        face_(std::make_shared<const RecordingFace>(maker, name)),
+        state_(maker.state_) {}
+
+  const std::shared_ptr<const RecordingFace>& face() const noexcept { return face_; }
 
  private:
   bool onHasCharacter(char32_t character) const override {
@@ -16,6 +31,7 @@ class RecordingTypeface final : public Typeface {
     return !state_->missing.contains(character);
   }
 
+  std::shared_ptr<const RecordingFace> face_;
   std::shared_ptr<RecordingEngine::State> state_;
 };
 
@@ -30,11 +46,11 @@ class RecordingCanvas final : public Canvas {
     state_->record.fills.push_back({rect, color});
   }
 
-  void onDrawGlyphs(const PortObject& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
+  void onDrawGlyphs(const Face& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
                     const UIColor& color) override {
     const std::lock_guard lock(state_->mutex);
     state_->record.drawings.push_back(
-        {static_cast<const RecordingTypeface&>(face).name(), pointSize, {glyphs.begin(), glyphs.end()}, color});
+        {static_cast<const RecordingFace&>(face).name(), pointSize, {glyphs.begin(), glyphs.end()}, color});
   }
 
   Bitmap onBitmap() const override {
@@ -80,6 +96,11 @@ Engine::Registration RecordingEngine::onRegisterFontFile(const std::filesystem::
   return isKnown ? Registration::alreadyRegistered : Registration::registered;
 }
 
+void RecordingEngine::onSetSubstituteFamily(const std::string& family) {
+  const std::lock_guard lock(state_->mutex);
+  state_->record.substituteFamily = family;
+}
+
 void RecordingEngine::onSetUsesHostFonts(bool uses) {
   const std::lock_guard lock(state_->mutex);
   state_->record.usesHostFonts = uses;
@@ -106,29 +127,28 @@ std::shared_ptr<const ShapedText> RecordingEngine::onShape(const ShapeRequest& r
   for (const TypefaceSpan& span : request.typefaces) {
     const auto runIndex = static_cast<std::uint32_t>(shaped->runs.size());
     ShapedRun& run = shaped->runs.emplace_back();
-    run.face = span.typeface;
+    run.face = static_cast<const RecordingTypeface&>(*span.typeface).face();
     run.metrics = span.typeface->metrics();
     run.firstCluster = static_cast<std::uint32_t>(shaped->clusters.size());
     run.level = isRightToLeft ? 1 : 0;
     while (at < span.end) {
-      const char16_t unit = text[at];
-      const bool isPair = unit >= 0xD800 && unit < 0xDC00 && at + 1 < text.size();
-      const char32_t character = isPair ? 0x10000 + ((char32_t{unit} - 0xD800) << 10) + (text[at + 1] - 0xDC00U) : unit;
+      std::size_t next = at;
+      const char32_t unit = internal::nextCharacter(text, next);
       const char16_t before = at > 0 ? text[at - 1] : u'\0';
       ShapedCluster& cluster = shaped->clusters.emplace_back();
       cluster.begin = static_cast<std::uint32_t>(at);
       cluster.run = runIndex;
-      cluster.isSpace = unit == u' ' || unit == u'\n';
+      cluster.isSpace = unit == U' ' || unit == U'\n';
       cluster.isParagraphStart = at == 0 || before == u'\n';
       cluster.paragraphIsRightToLeft = isRightToLeft;
       if (before == u'\n') cluster.breakBefore = ShapedCluster::Break::required;
-      if (before == u' ' && unit != u' ' && unit != u'\n') cluster.breakBefore = ShapedCluster::Break::allowed;
-      if (unit != u'\n') {
+      if (before == u' ' && unit != U' ' && unit != U'\n') cluster.breakBefore = ShapedCluster::Break::allowed;
+      if (unit != U'\n') {
         cluster.advance = kAdvance;
         const auto index = static_cast<std::uint32_t>(shaped->clusters.size() - 1);
-        run.glyphs.push_back({static_cast<std::uint32_t>(character), index, kAdvance, 0, 0});
+        run.glyphs.push_back({static_cast<std::uint32_t>(unit), index, kAdvance, 0, 0});
       }
-      at += isPair ? 2 : 1;
+      at = next;
     }
     run.endCluster = static_cast<std::uint32_t>(shaped->clusters.size());
     if (isRightToLeft) std::reverse(run.glyphs.begin(), run.glyphs.end());

@@ -39,6 +39,7 @@ class RecordingEngine final : public Engine {
     std::vector<std::u16string> shapedTexts;
     std::vector<Fill> fills;
     std::vector<GlyphDrawing> drawings;
+    std::string substituteFamily;
     bool usesHostFonts = true;
   };
 
@@ -59,6 +60,7 @@ class RecordingEngine final : public Engine {
   friend class RecordingTypeface;
 
   Registration onRegisterFontFile(const std::filesystem::path& file) override;
+  void onSetSubstituteFamily(const std::string& family) override;
   void onSetUsesHostFonts(bool uses) override;
   std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& request) override;
   std::shared_ptr<const ShapedText> onShape(const ShapeRequest& request) override;

@@ -11,4 +11,6 @@ bool CTFontManagerRegisterFontsForURL(const std::filesystem::path& url, CTFontMa
   return false;
 }
 
+void setSubstituteFontFamily(std::string_view family) { engine().setSubstituteFamily(family); }
+
 }  // namespace Brisel::Platform

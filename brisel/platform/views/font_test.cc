@@ -31,6 +31,7 @@ class OneFaceEngine final : public Engine {
  private:
   Registration onRegisterFontFile(const std::filesystem::path&) override { return registration; }
   void onSetUsesHostFonts(bool) override {}
+  void onSetSubstituteFamily(const std::string& /*family*/) override {}
   std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& request) override {
     requested = request;
     return std::make_shared<const Face>(*this, "Substitute");

@@ -23,8 +23,8 @@ struct TextSpans {
   WritingDirection direction = WritingDirection::natural;
 };
 
-/// Shapes a text. Sizes, kerning's amount, colours and paragraph styles take no part, so that the result serves all of
-/// them as long as it scales linearly.
+/// Shapes a text. The result serves all sizes as long as it scales linearly (a change of size within the text parts
+/// runs), all colours, and all kerning but the change between none and some, which parts ligatures.
 std::shared_ptr<const ShapedText> shape(const NSAttributedString& text, const TextSpans& spans);
 
 /// A text set into lines, with all that is needed to draw it.

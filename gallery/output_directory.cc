@@ -1,0 +1,137 @@
+#include "gallery/output_directory.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <fstream>
+#include <stdexcept>
+#include <string>
+#include <system_error>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace Brisel::Gallery {
+namespace {
+
+namespace fs = std::filesystem;
+
+[[noreturn]] void fail(std::string_view what, const fs::path& path, std::string_view why) {
+  throw std::runtime_error(std::string(what) + " " + path.string() + ": " + std::string(why));
+}
+
+[[noreturn]] void fail(std::string_view what, const fs::path& path, const std::error_code& error) {
+  fail(what, path, error.message());
+}
+
+// A name beside `place` that nobody else uses: our process's number, hidden from listings.
+fs::path beside(const fs::path& place, std::string_view purpose) {
+  return place.parent_path() /
+         ("." + place.filename().string() + "." + std::string(purpose) + "-" + std::to_string(::getpid()));
+}
+
+// Returns what went wrong, if anything.
+std::error_code writePlainly(const fs::path& file, std::span<const std::uint8_t> bytes) {
+  errno = 0;
+  std::ofstream stream(file, std::ios::binary | std::ios::trunc);
+  stream.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  stream.close();
+  return stream ? std::error_code() : std::error_code(errno != 0 ? errno : EIO, std::generic_category());
+}
+
+void makeDirectories(const fs::path& directory) {
+  std::error_code error;
+  fs::create_directories(directory, error);
+  if (error) fail("cannot make", directory, error);
+}
+
+bool isMarked(const fs::path& directory, std::string_view marker) {
+  std::ifstream index(directory / "index.html", std::ios::binary);
+  std::array<char, 4096> head{};
+  index.read(head.data(), head.size());
+  return std::string_view(head.data(), static_cast<std::size_t>(index.gcount())).find(marker) != std::string_view::npos;
+}
+
+// The real place of a path that need not exist: without a trailing slash, links followed.
+fs::path resolved(const fs::path& path) {
+  std::error_code error;
+  fs::path place = fs::weakly_canonical(fs::absolute(path), error);
+  if (error) fail("cannot use", path, error);
+  return place.has_filename() ? place : place.parent_path();
+}
+
+}  // namespace
+
+std::span<const std::uint8_t> bytesOf(std::string_view text) {
+  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+void writeFile(const fs::path& file, std::span<const std::uint8_t> bytes) {
+  const fs::path place = resolved(file);
+  std::error_code ignored;
+  const fs::file_status status = fs::status(place, ignored);
+  // A device must not be replaced by a picture.
+  if (fs::exists(status) && !fs::is_regular_file(status)) fail("cannot write", file, "it is not a regular file");
+  const fs::path draft = beside(place, "draft");
+  std::error_code error = writePlainly(draft, bytes);
+  if (!error) fs::rename(draft, place, error);
+  if (!error) return;
+  fs::remove(draft, ignored);
+  fail("cannot write", file, error);
+}
+
+OutputDirectory::OutputDirectory(const fs::path& place, std::string_view marker) : place_(resolved(place)) {
+  std::error_code error;
+  const fs::file_status status = fs::status(place_, error);
+  if (fs::exists(status)) {
+    if (!fs::is_directory(status)) fail("cannot use", place, "it is not a directory");
+    const bool isEmpty = fs::is_empty(place_, error);
+    if (error) fail("cannot read", place, error);
+    if (!isEmpty && !isMarked(place_, marker)) fail("cannot use", place, "it holds other files");
+  }
+  makeDirectories(place_.parent_path());
+  draft_ = beside(place_, "draft");
+  makeDirectories(draft_);
+}
+
+OutputDirectory::~OutputDirectory() {
+  std::error_code ignored;
+  if (!draft_.empty()) fs::remove_all(draft_, ignored);
+}
+
+void OutputDirectory::write(const fs::path& file, std::span<const std::uint8_t> bytes) const {
+  makeDirectories((draft_ / file).parent_path());
+  if (const std::error_code error = writePlainly(draft_ / file, bytes)) fail("cannot write", draft_ / file, error);
+}
+
+void OutputDirectory::copy(const fs::path& from, const fs::path& file) const {
+  makeDirectories((draft_ / file).parent_path());
+  std::error_code error;
+  fs::copy_file(from, draft_ / file, error);
+  if (error) fail("cannot copy", from, error);
+}
+
+void OutputDirectory::commit() {
+  std::error_code error;
+  // The system swaps the old directory for the new one in one step, where its file system can.
+  if (::renameat2(AT_FDCWD, draft_.c_str(), AT_FDCWD, place_.c_str(), RENAME_EXCHANGE) == 0) {
+    fs::remove_all(draft_, error);  // now the old one
+    draft_.clear();
+    return;
+  }
+  const fs::path old = beside(place_, "old");
+  if (fs::exists(place_, error)) {
+    fs::rename(place_, old, error);
+    if (error) fail("cannot replace", place_, error);
+  }
+  fs::rename(draft_, place_, error);
+  if (error) {
+    std::error_code ignored;
+    fs::rename(old, place_, ignored);
+    fail("cannot write", place_, error);
+  }
+  draft_.clear();
+  fs::remove_all(old, error);
+}
+
+}  // namespace Brisel::Gallery

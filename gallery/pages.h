@@ -1,0 +1,33 @@
+// The pages of the style guide.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "gallery/picture_book.h"
+
+namespace Brisel::Gallery {
+
+/// Something that search finds.
+struct Item {
+  std::string identifier;  // also the fragment of its address
+  std::string value;
+  std::string picture;             // a file; empty where it has none
+  std::vector<std::string> names;  // in code; the first is what is copied
+};
+
+struct Page {
+  std::string file;
+  std::string name;                                           // in the navigation
+  std::vector<std::pair<std::string, std::string>> contents;  // fragment and title of each of its parts
+  std::string markup;
+  std::vector<Item> items;
+};
+
+// Each plans the pictures that it needs.
+Page makeStartPage(PictureBook& pictures);
+Page makeColorPage(PictureBook& pictures);
+Page makeTypePage(PictureBook& pictures);
+
+}  // namespace Brisel::Gallery

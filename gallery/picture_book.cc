@@ -1,0 +1,81 @@
+#include "gallery/picture_book.h"
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+#include <exception>
+#include <memory>
+#include <mutex>
+#include <stdexcept>
+#include <thread>
+#include <utility>
+
+#include "brisel/platform/port.h"
+#include "brisel/platform/views/text_drawing.h"
+
+#include "gallery/interruption.h"
+#include "gallery/progress.h"
+
+namespace Brisel::Gallery {
+namespace {
+
+std::string fileName(const std::string& path, int scale) { return path + (scale == 1 ? ".png" : "@2x.png"); }
+
+}  // namespace
+
+std::string Picture::attributes() const {
+  return "src=\"" + fileName(path, 1) + "\" srcset=\"" + fileName(path, 2) + " 2x\" width=\"" + std::to_string(width) +
+         "\" height=\"" + std::to_string(height) + "\"";
+}
+
+Picture PictureBook::add(std::string path, Platform::CGSize size, Paint paint) {
+  Picture picture{std::move(path), static_cast<int>(std::ceil(size.width)), static_cast<int>(std::ceil(size.height))};
+  plans_.push_back({picture, std::move(paint)});
+  return picture;
+}
+
+Picture PictureBook::addText(std::string path, const Platform::NSAttributedString& text,
+                             const Platform::UIColor& ground, Platform::CGFloat maximumWidth) {
+  const auto drawing = std::make_shared<const Platform::TextDrawing>(text);
+  const Platform::CGSize size{std::min(drawing->size().width, maximumWidth), drawing->size().height};
+  return add(std::move(path), size, [drawing, ground](Platform::Canvas& canvas) {
+    canvas.fillRect({{0, 0}, {32767, 32767}}, ground);
+    drawing->draw(canvas, {0, 0});
+  });
+}
+
+void PictureBook::draw(const Plan& plan, const OutputDirectory& directory) {
+  Platform::Engine& engine = Platform::engine();
+  const Platform::CGSize size{static_cast<double>(plan.picture.width), static_cast<double>(plan.picture.height)};
+  for (const int scale : {1, 2}) {
+    const auto canvas = engine.makeCanvas(size, scale);
+    if (!canvas) throw std::runtime_error("cannot draw " + plan.picture.path + ": it is empty or too large");
+    plan.paint(*canvas);
+    directory.write(fileName(plan.picture.path, scale), engine.encodePng(canvas->bitmap()));
+  }
+}
+
+void PictureBook::draw(const OutputDirectory& directory, Progress& progress) const {
+  std::atomic<std::size_t> next = 0;
+  std::mutex mutex;
+  std::exception_ptr failure;
+  const auto work = [&] {
+    try {
+      for (std::size_t i = next++; i < plans_.size(); i = next++) {
+        if (wasInterrupted()) throw Interrupted();
+        draw(plans_[i], directory);
+        progress.step();
+      }
+    } catch (...) {
+      next = plans_.size();
+      const std::lock_guard lock(mutex);
+      if (!failure) failure = std::current_exception();
+    }
+  };
+  std::vector<std::thread> threads(std::max(1U, std::thread::hardware_concurrency()));
+  for (std::thread& thread : threads) thread = std::thread(work);
+  for (std::thread& thread : threads) thread.join();
+  if (failure) std::rethrow_exception(failure);
+}
+
+}  // namespace Brisel::Gallery

@@ -1,0 +1,37 @@
+// The swatches of a family are one stop of the Tab key; arrows go from cell to cell, and on to the next family.
+"use strict";
+
+(() => {
+  const rows = [...document.querySelectorAll(".swatch")].map((row) => [...row.querySelectorAll("button")]);
+  if (rows.length === 0) return;
+
+  const stopOf = (button) => button.closest(".swatches");
+  const enter = (button) => {
+    for (const other of stopOf(button).querySelectorAll("button[tabindex='0']")) other.tabIndex = -1;
+    button.tabIndex = 0;
+  };
+  for (const button of rows.flat()) button.tabIndex = -1;
+  for (const grid of document.querySelectorAll(".swatches")) grid.querySelector("button").tabIndex = 0;
+
+  document.addEventListener("focusin", (event) => {
+    if (event.target.matches(".swatch button")) enter(event.target);
+  });
+
+  document.addEventListener("keydown", (event) => {
+    if (!event.target.matches(".swatch button") || event.ctrlKey || event.metaKey || event.altKey) return;
+    const y = rows.findIndex((row) => row.includes(event.target));
+    const x = rows[y].indexOf(event.target);
+    const at = (row, cell) => rows[row]?.[Math.min(cell, rows[row].length - 1)];
+    const next = {
+      ArrowUp: () => at(y - 1, x),
+      ArrowDown: () => at(y + 1, x),
+      ArrowLeft: () => rows[y][x - 1],
+      ArrowRight: () => rows[y][x + 1],
+      Home: () => rows[y][0],
+      End: () => rows[y].at(-1),
+    }[event.key]?.();
+    if (!next) return;
+    event.preventDefault();
+    next.focus();
+  });
+})();

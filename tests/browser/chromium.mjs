@@ -1,0 +1,13 @@
+// Debian's Chromium, or the one that $CHROMIUM names, on an empty profile and without anything that asks the network.
+
+import { chromium } from "playwright-core";
+
+// Returns a context; close its browser() in the end.
+export async function launch(options = {}) {
+  const browser = await chromium.launch({
+    executablePath: process.env.CHROMIUM ?? "/usr/bin/chromium",
+    args: ["--headless", "--no-sandbox", "--disable-gpu", "--no-first-run", "--disable-background-networking",
+      "--disable-component-update", "--disable-sync"],
+  });
+  return browser.newContext(options);
+}

@@ -1,0 +1,14 @@
+// Takes the README's picture of the start page.
+// Usage: node tests/browser/picture.mjs [directory of the style guide] [picture]
+
+import { resolve } from "node:path";
+import { pathToFileURL } from "node:url";
+import { launch } from "./chromium.mjs";
+
+const [site = "out/gallery", picture = "docs/images/start.png"] = process.argv.slice(2);
+const context = await launch({ viewport: { width: 1440, height: 820 }, deviceScaleFactor: 2 });
+const page = await context.newPage();
+await page.goto(pathToFileURL(resolve(site, "index.html")).href);
+await page.waitForSelector("html:not(.waiting)");
+await page.screenshot({ path: picture });
+await context.browser().close();

@@ -1,0 +1,272 @@
+// Opens the style guide in Chromium, from its files, and uses it as its readers do.
+// Usage: node tests/browser/run.mjs [directory of the style guide]
+// Needs `npm ci --prefix tests/browser` and Chromium (see chromium.mjs).
+
+import assert from "node:assert/strict";
+import { existsSync, readFileSync } from "node:fs";
+import { join, resolve } from "node:path";
+import { createRequire } from "node:module";
+import { pathToFileURL } from "node:url";
+import { launch } from "./chromium.mjs";
+
+const site = resolve(process.argv[2] ?? "out/gallery");
+const axe = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
+const widths = [360, 1440, 1920];
+const pages = ["index.html", "colours.html", "type.html"];
+
+if (!existsSync(join(site, "index.html"))) {
+  console.error(`There is no style guide in ${site}; make gallery writes one.`);
+  process.exit(1);
+}
+
+const context = await launch({ permissions: ["clipboard-read", "clipboard-write"] });
+
+let passed = 0;
+let failed = 0;
+
+// Runs one test on a fresh page, which must stay free of errors throughout.
+async function test(name, path, body, { width = 1440, height = 900, ...options } = {}) {
+  const page = await context.newPage();
+  const faults = [];
+  page.on("console", (message) => { if (message.type() === "error") faults.push(`console: ${message.text()}`); });
+  page.on("pageerror", (error) => faults.push(`script: ${error.message}`));
+  page.on("requestfailed", (request) => faults.push(`not loaded: ${request.url()}`));
+  page.on("request", (request) => {
+    if (!/^(file|data):/.test(request.url())) faults.push(`asked the network for ${request.url()}`);
+  });
+  try {
+    await page.setViewportSize({ width, height });
+    await page.emulateMedia({ reducedMotion: "no-preference", ...options });
+    await page.addInitScript(() => {
+      window.shift = 0;
+      new PerformanceObserver((list) => {
+        for (const entry of list.getEntries()) if (!entry.hadRecentInput) window.shift += entry.value;
+      }).observe({ type: "layout-shift", buffered: true });
+    });
+    const [file, fragment] = path.split("#");
+    await page.goto(pathToFileURL(join(site, file)).href + (fragment ? `#${fragment}` : ""));
+    await page.waitForSelector("html:not(.waiting)");
+    await body(page);
+    assert.deepEqual(faults, []);
+    passed += 1;
+    console.log(`ok - ${name}`);
+  } catch (error) {
+    failed += 1;
+    console.log(`not ok - ${name}\n${String(error.stack ?? error).replace(/^/gm, "    ")}`);
+  } finally {
+    await page.close();
+  }
+}
+
+const clipboard = (page) => page.evaluate(() => navigator.clipboard.readText());
+const toast = (page) => page.locator(".toast").textContent();
+
+// Scrolls through the whole page, so that what loads late has loaded.
+async function scrollThrough(page) {
+  await page.evaluate(async () => {
+    for (let y = 0; y < document.documentElement.scrollHeight; y += innerHeight) {
+      scrollTo(0, y);
+      await new Promise((done) => requestAnimationFrame(() => requestAnimationFrame(done)));
+    }
+  });
+  await page.waitForFunction(() => [...document.images].every((image) => image.complete));
+}
+
+for (const path of pages) {
+  for (const width of widths) {
+    await test(`${path} at ${width} pixels loads every picture, shifts nothing and fits`, path, async (page) => {
+      await scrollThrough(page);
+      const broken = await page.evaluate(() =>
+        [...document.images].filter((image) => image.naturalWidth === 0).map((image) => image.currentSrc));
+      assert.deepEqual(broken, []);
+      const wrong = await page.evaluate(() => [...document.images]
+        .filter((image) => image.naturalWidth !== image.width && getComputedStyle(image).objectFit !== "none" &&
+          image.getAttribute("width") !== String(image.naturalWidth))
+        .map((image) => image.currentSrc));
+      assert.deepEqual(wrong, [], "pictures whose size differs from what the page says");
+      assert.ok(await page.evaluate(() => window.shift) < 0.001, "the layout shifted");
+      assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= innerWidth), "the page is too wide");
+    }, { width, height: 800 });
+  }
+  for (const width of [360, 1440]) {
+    await test(`axe finds nothing on ${path} at ${width} pixels`, path, async (page) => {
+      await page.evaluate(axe);
+      // Without `preload`, which would fetch the style sheets: pages from files may not.
+      const { violations, passes } = await page.evaluate(() => window.axe.run({ preload: false }));
+      assert.ok(passes.length > 10, "axe did not run");
+      assert.deepEqual(violations.map(({ id, nodes }) => `${id}: ${nodes.length} × ${nodes[0].html}`), []);
+    }, { width });
+  }
+  await test(`${path} is set in the library's own faces`, path, async (page) => {
+    await page.evaluate(() => document.fonts.ready);
+    const faces = await page.evaluate(() =>
+      [...document.fonts].filter((face) => face.status === "loaded").map((face) => `${face.family} ${face.weight}`));
+    assert.deepEqual(faces.map((face) => face.replaceAll('"', "")).sort(), ["Tondal 400", "Tondal 700", "TondalTitle 700"]);
+  });
+}
+
+for (const path of ["index.html", "type.html"]) {
+  await test(`the text-size control of ${path} changes specimens and figure`, path, async (page) => {
+    const specimens = () => page.evaluate(() =>
+      [...document.querySelectorAll("img[data-sizes]")].map((image) => `${image.getAttribute("src")} ${image.srcset}`));
+    const before = await specimens();
+    assert.ok(before.length > 0 && before.every((source) => source.includes("-large")));
+    assert.equal(await page.locator(".text-size output").textContent(), "largeBallad 16 pt");
+    await page.locator("#text-size").focus();
+    await page.keyboard.press("End");
+    assert.equal(await page.locator(".text-size output").textContent(), "accessibilityExtraExtraExtraLargeBallad 38.8 pt");
+    assert.match(await page.locator("#text-size").getAttribute("aria-valuetext"), /accessibilityExtraExtraExtraLarge/);
+    const after = await specimens();
+    assert.ok(after.every((source, index) => source !== before[index] &&
+      source.includes("-accessibilityExtraExtraExtraLarge")));
+    await page.keyboard.press("Home");
+    assert.equal(await page.locator(".text-size output").textContent(), "extraSmallBallad 13 pt");
+    await scrollThrough(page);
+    assert.ok(await page.evaluate(() => [...document.images].every((image) => image.naturalWidth > 0)));
+    assert.ok(await page.evaluate(() => [...document.querySelectorAll("img[data-sizes]")].every((image) =>
+      image.naturalWidth === Number(image.getAttribute("width")) &&
+      image.naturalHeight === Number(image.getAttribute("height")))), "a specimen has another size than the page says");
+  });
+}
+
+await test("each step of the control is one of the twelve categories", "type.html", async (page) => {
+  const names = [];
+  await page.locator("#text-size").focus();
+  await page.keyboard.press("Home");
+  for (let step = 0; step < 12; step += 1) {
+    names.push(await page.locator("#category").textContent());
+    await page.keyboard.press("ArrowRight");
+  }
+  assert.deepEqual(names, ["extraSmall", "small", "medium", "large", "extraLarge", "extraExtraLarge",
+    "extraExtraExtraLarge", "accessibilityMedium", "accessibilityLarge", "accessibilityExtraLarge",
+    "accessibilityExtraExtraLarge", "accessibilityExtraExtraExtraLarge"]);
+});
+
+await test("the size table is exact and follows the control", "type.html", async (page) => {
+  const row = page.locator("tbody tr", { has: page.locator("th", { hasText: /^ballad$/ }) }).locator("td");
+  assert.deepEqual(await row.allTextContents(), ["13", "14.001999999999999", "15.001000000000001", "16", "17.998",
+    "19.996000000000002", "22", "27.599999999999998", "33.199999999999996", "38.800000000000004",
+    "38.800000000000004", "38.800000000000004"]);
+  assert.equal(await page.locator("tbody tr").count(), 19);
+  assert.equal(await page.locator("tbody tr").first().locator(".current").textContent(), "16");
+});
+
+await test("there are 312 swatches and 19 styles", "colours.html", async (page) => {
+  assert.equal(await page.locator(".swatch").count(), 312);
+  await page.goto(pathToFileURL(join(site, "type.html")).href);
+  assert.equal(await page.locator(".style").count(), 19);
+  assert.equal(await page.locator(".scripts img").count(), 12);
+});
+
+await test("search works by keyboard alone and copies", "colours.html", async (page) => {
+  await page.keyboard.press("/");
+  assert.equal(await page.evaluate(() => document.activeElement.id), "search");
+  await page.keyboard.type("fluorescent");
+  const options = await page.locator("[role='option']").allTextContents();
+  assert.equal(options.length, 9);
+  await page.keyboard.press("ArrowDown");
+  assert.equal(await page.locator("[aria-selected='true']").textContent(), options[1]);
+  assert.equal(await page.locator("#search").getAttribute("aria-activedescendant"), "result-1");
+  await page.keyboard.press("Enter");
+  await page.waitForSelector(".toast:not([hidden])");
+  assert.equal(await clipboard(page), "Brisel::Color::fluorescentOrange144()");
+  assert.equal(await toast(page), "Copied Brisel::Color::fluorescentOrange144()");
+  assert.equal(await page.evaluate(() => document.querySelector(":target").id), "fluorescentOrange144");
+  assert.equal(await page.locator("[role='option']").count(), 0);
+});
+
+for (const [words, copied] of [["VLMBriselColors::gray7", "Brisel::Color::gray7()"], ["gray 7", "Brisel::Color::gray7()"],
+  ["#1DB954", "VLMBriselColors::green()"], ["ballad bold", "Brisel::TypeStyle::balladBold()"]]) {
+  await test(`search finds "${words}" from the start page`, "index.html", async (page) => {
+    await page.keyboard.press("/");
+    await page.keyboard.type(words);
+    await page.keyboard.press("Enter");
+    await page.waitForSelector(".toast:not([hidden])");
+    assert.equal(await clipboard(page), copied);
+  });
+}
+
+await test("a click on a result goes to its item on another page", "index.html", async (page) => {
+  await page.locator("#search").fill("cello canon");
+  await page.locator("[role='option']").first().click();
+  await page.waitForURL(/type\.html#celloCanon$/);
+  assert.equal(await page.evaluate(() => document.querySelector(":target").id), "celloCanon");
+});
+
+await test("search says so when nothing bears the name", "index.html", async (page) => {
+  await page.locator("#search").fill("gray");
+  assert.ok(await page.locator("[role='option']").count() > 10);
+  await page.keyboard.press("Escape");
+  assert.equal(await page.locator("[role='option']").count(), 0);
+  assert.equal(await page.locator("#search").inputValue(), "gray");
+  await page.locator("#search").fill("nothing is called so");
+  assert.equal(await page.locator(".search [role='status']").textContent(), "0 names found");
+  assert.equal(await page.locator("[role='option']").count(), 0);
+});
+
+await test("a click on a name or a value copies it and says what", "colours.html", async (page) => {
+  const row = page.locator("#opacityBlack10");
+  for (const [cell, text] of [["Brisel::Color::opacityBlack10()", "Brisel::Color::opacityBlack10()"],
+    ["VLMBriselColors::opacityBlack10()", "VLMBriselColors::opacityBlack10()"], ["#0000001A", "#0000001A"],
+    ["Grey 0.000, alpha 0.1", "Grey 0.000, alpha 0.1"], ["opacityBlack10", "Brisel::Color::opacityBlack10()"]]) {
+    await row.getByRole("button", { name: cell, exact: true }).click();
+    await page.waitForFunction((expected) => document.querySelector(".toast").textContent === `Copied ${expected}`, text);
+    assert.equal(await clipboard(page), text);
+  }
+});
+
+await test("what is copied is copied without the newer clipboard too", "type.html", async (page) => {
+  await page.evaluate(() => { navigator.clipboard.writeText = () => Promise.reject(new Error("closed")); });
+  await page.getByRole("button", { name: "VLMBriselTypeStyle::bass()" }).click();
+  await page.waitForSelector(".toast:not([hidden])");
+  assert.equal(await clipboard(page), "VLMBriselTypeStyle::bass()");
+});
+
+await test("arrows walk the swatches, and Tab takes a family at a time", "colours.html", async (page) => {
+  const focused = () => page.evaluate(() => document.activeElement.textContent.trim());
+  await page.locator("#red25 button").first().focus();
+  await page.keyboard.press("ArrowDown");
+  assert.equal(await focused(), "red55");
+  await page.keyboard.press("End");
+  assert.match(await focused(), /^#/);
+  await page.keyboard.press("Home");
+  await page.keyboard.press("ArrowRight");
+  assert.equal(await focused(), "Brisel::Color::red55()");
+  await page.keyboard.press("Tab");
+  assert.equal(await focused(), "redDesat25");
+  await page.keyboard.press("Shift+Tab");
+  assert.equal(await focused(), "Brisel::Color::red55()");
+  await page.keyboard.press("Enter");
+  await page.waitForSelector(".toast:not([hidden])");
+  assert.equal(await clipboard(page), "Brisel::Color::red55()");
+});
+
+for (const [path, id] of [["colours.html", "redDesat155"], ["type.html", "minuetBold"]]) {
+  await test(`a link to ${id} lands on it and marks it`, `${path}#${id}`, async (page) => {
+    const { top, bottom, outline, plain } = await page.evaluate((name) => {
+      const item = document.getElementById(name);
+      const box = item.getBoundingClientRect();
+      return { top: box.top, bottom: box.bottom, outline: getComputedStyle(item).outlineStyle,
+        plain: getComputedStyle(item.previousElementSibling).outlineStyle };
+    }, id);
+    assert.ok(top >= 0 && bottom <= 900, `it stands at ${top}`);
+    assert.equal(outline, "solid");
+    assert.equal(plain, "none");
+  });
+}
+
+await test("nothing moves by itself for those who asked for rest", "colours.html", async (page) => {
+  const moving = await page.evaluate(() => document.getAnimations().length);
+  assert.equal(moving, 0);
+}, { reducedMotion: "reduce" });
+
+await test("on paper the page is light and without controls", "type.html", async (page) => {
+  assert.equal(await page.evaluate(() => getComputedStyle(document.documentElement).backgroundColor), "rgb(255, 255, 255)");
+  assert.equal(await page.locator(".rail").isVisible(), false);
+  assert.equal(await page.locator(".text-size").isVisible(), false);
+  assert.equal(await page.locator("#bass").isVisible(), true);
+}, { media: "print" });
+
+await context.browser().close();
+console.log(`${passed} passed, ${failed} failed`);
+process.exit(failed === 0 ? 0 : 1);
