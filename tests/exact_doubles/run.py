@@ -3,9 +3,9 @@
 usage: run.py <build folder> <library>…
 
 Compiles the resolution's arithmetic for a processor that can multiply and add in one instruction, which rounds once
-instead of twice, with the build's own flags, by g++ and (where there is one) clang++ at three levels. No object may hold
-such an instruction, and a program with it must print the designed sizes; it runs only where the processor is such a one.
-As a control, the same without -ffp-contract=off must be seen to fuse: else all of this would prove nothing.
+instead of twice, with the build's own flags, by g++ and (where there is one) clang++ at three levels. No object may
+hold such an instruction, and a program with it must print the designed sizes; it runs only where the processor is such
+a one. As a control, the same without -ffp-contract=off must be seen to fuse: else all of this would prove nothing.
 """
 
 import json
@@ -63,7 +63,8 @@ def complaints(folder, source, flags, libraries, probe, compiler, level, must_fu
         found.append(f"{name}: {'no' if must_fuse else 'a'} fused instruction")
     if can_fuse():
         # What is linked itself comes before what a library holds.
-        run(compiler, probe, code, *libraries, *{f"-Wl,-rpath,{library.parent}" for library in libraries}, "-o", program)
+        paths = {f"-Wl,-rpath,{library.parent}" for library in libraries}
+        run(compiler, probe, code, *libraries, *paths, "-o", program)
         printed = [[float.fromhex(word) for word in line.split()] for line in run(program).splitlines()]
         if (printed != SIZES) != must_fuse:
             found.append(f"{name}: {'the designed' if must_fuse else 'other'} sizes: {printed}")
