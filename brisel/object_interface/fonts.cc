@@ -11,6 +11,7 @@ using Brisel::Platform::CGFloat;
 using Brisel::Platform::UIFont;
 using VLMBrisel::internal::SharedInstances;
 using VLMBrisel::internal::unwrap;
+using VLMBrisel::internal::unwrapFonts;
 
 namespace {
 
@@ -56,8 +57,7 @@ std::shared_ptr<const UIFont> VLMBriselSwiftFont::fontWithPrimaryFont(
     const std::shared_ptr<const VLMBriselSwiftFont>& primaryFont,
     const std::vector<std::shared_ptr<const VLMBriselSwiftFont>>& fallbackFonts,
     const std::shared_ptr<const VLMBriselSwiftFontWeight>& weight, CGFloat size) {
-  return Font::font(unwrap(primaryFont).font(), VLMBrisel::internal::unwrapFonts(fallbackFonts),
-                    unwrap(weight).fontWeight(), size, {});
+  return Font::font(unwrap(primaryFont).font(), unwrapFonts(fallbackFonts), unwrap(weight).fontWeight(), size, {});
 }
 
 // --- Features ---
@@ -73,11 +73,11 @@ namespace {
 
 VLMBriselFontLoader::UIFontPtr stackFont(const FontStack& stack, Font::Weight weight, CGFloat size,
                                          const VLMBriselFontLoader::FeatureSettings& settings) {
-  std::vector<std::shared_ptr<const VLMBriselSwiftFont>> fallbacks;
-  for (const Font fallback : stack.fallbackFonts) fallbacks.push_back(VLMBriselSwiftFont::wrapping(fallback));
-  return VLMBriselFontLoader::tondalFontStackWithPrimaryFont(VLMBriselSwiftFont::wrapping(stack.primaryFont), fallbacks,
-                                                             VLMBriselSwiftFontWeight::wrapping(weight), size,
-                                                             settings);
+  auto descriptor = Font::font(stack.primaryFont, stack.fallbackFonts, weight, size, {})->fontDescriptor();
+  if (settings)
+    descriptor = descriptor->fontDescriptorByAddingAttributes(
+        {{Brisel::Platform::UIFontDescriptorFeatureSettingsAttribute, *settings}});
+  return UIFont::fontWithDescriptor(descriptor, size);
 }
 
 }  // namespace
@@ -99,11 +99,9 @@ VLMBriselFontLoader::UIFontPtr VLMBriselFontLoader::tondalFontStackWithPrimaryFo
     const std::vector<std::shared_ptr<const VLMBriselSwiftFont>>& fallbackFonts,
     const std::shared_ptr<const VLMBriselSwiftFontWeight>& weight, CGFloat size,
     const FeatureSettings& fontDescriptorFeatureSettings) {
-  auto descriptor = VLMBriselSwiftFont::fontWithPrimaryFont(primaryFont, fallbackFonts, weight, size)->fontDescriptor();
-  if (fontDescriptorFeatureSettings)
-    descriptor = descriptor->fontDescriptorByAddingAttributes(
-        {{Brisel::Platform::UIFontDescriptorFeatureSettingsAttribute, *fontDescriptorFeatureSettings}});
-  return UIFont::fontWithDescriptor(descriptor, size);
+  const std::vector<Font> fallbacks = unwrapFonts(fallbackFonts);
+  return stackFont({unwrap(primaryFont).font(), fallbacks}, unwrap(weight).fontWeight(), size,
+                   fontDescriptorFeatureSettings);
 }
 
 void VLMBriselFontLoader::loadTypeStyleFonts() noexcept {}

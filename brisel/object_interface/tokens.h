@@ -12,7 +12,7 @@
 
 /// The palette, and 60 older names that exist here alone. Each member returns one instance for the whole process; that
 /// of a palette name is `Brisel::Color`'s very own.
-class VLMBriselColors : public Brisel::Platform::NSObject {
+class VLMBriselColors final : public Brisel::Platform::NSObject {
  public:
   static std::shared_ptr<VLMBriselColors> init();
 
@@ -29,7 +29,7 @@ class VLMBriselColors : public Brisel::Platform::NSObject {
 };
 
 /// The values of `Brisel::Opacity`, 0…1: `opacity0()` … `opacity90()`.
-class VLMBriselOpacities : public Brisel::Platform::NSObject {
+class VLMBriselOpacities final : public Brisel::Platform::NSObject {
  public:
   static std::shared_ptr<VLMBriselOpacities> init();
 
@@ -41,7 +41,7 @@ class VLMBriselOpacities : public Brisel::Platform::NSObject {
 };
 
 /// The values of `Brisel::Spacer`, in points: `spacer4()` … `spacer80()`.
-class VLMBriselSpacers : public Brisel::Platform::NSObject {
+class VLMBriselSpacers final : public Brisel::Platform::NSObject {
  public:
   static std::shared_ptr<VLMBriselSpacers> init();
 
@@ -53,7 +53,7 @@ class VLMBriselSpacers : public Brisel::Platform::NSObject {
 };
 
 /// `Brisel::Screen` on this interface.
-class VLMBriselSwiftScreenScale : public Brisel::Platform::NSObject {
+class VLMBriselSwiftScreenScale final : public Brisel::Platform::NSObject {
  public:
   static std::shared_ptr<VLMBriselSwiftScreenScale> init();
 
@@ -65,7 +65,7 @@ class VLMBriselSwiftScreenScale : public Brisel::Platform::NSObject {
 };
 
 /// The same reading under its older name.
-class VLMBriselScreenScale : public Brisel::Platform::NSObject {
+class VLMBriselScreenScale final : public Brisel::Platform::NSObject {
  public:
   static std::shared_ptr<VLMBriselScreenScale> init();
 

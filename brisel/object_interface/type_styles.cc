@@ -27,24 +27,31 @@ using RangePtr = std::shared_ptr<const VLMBriselTypeStyleAccessibilityRange>;
 
 RangePtr VLMBriselTypeStyleAccessibilityRange::createAccessibilityRangeWithMin(CGFloat min, CGFloat mid, CGFloat max,
                                                                                CGFloat axMax) {
-  return std::make_shared<const VLMBriselTypeStyleAccessibilityRange>(
-      TypeStyle::AccessibilityRange(min, mid, max, axMax));
+  return wrapping(TypeStyle::AccessibilityRange(min, mid, max, axMax));
+}
+
+RangePtr VLMBriselTypeStyleAccessibilityRange::wrapping(const TypeStyle::AccessibilityRange& range) {
+  return RangePtr(new VLMBriselTypeStyleAccessibilityRange(range));
 }
 
 ConfigurationPtr VLMBriselTypeStyleConfiguration::createConfigurationWithFontSize(
     const RangePtr& fontSize, const RangePtr& minimumScaleFactor, bool usesUpperCaseLayout,
     const std::shared_ptr<const VLMBriselSwiftFontFeatures>& fontFeatures) {
-  return std::make_shared<const VLMBriselTypeStyleConfiguration>(
-      TypeStyle::Configuration(unwrap(fontSize).accessibilityRange(), unwrap(minimumScaleFactor).accessibilityRange(),
-                               usesUpperCaseLayout, unwrap(fontFeatures).value()));
+  return wrapping(TypeStyle::Configuration(unwrap(fontSize).accessibilityRange(),
+                                           unwrap(minimumScaleFactor).accessibilityRange(), usesUpperCaseLayout,
+                                           unwrap(fontFeatures).value()));
+}
+
+ConfigurationPtr VLMBriselTypeStyleConfiguration::wrapping(TypeStyle::Configuration configuration) {
+  return ConfigurationPtr(new VLMBriselTypeStyleConfiguration(std::move(configuration)));
 }
 
 RangePtr VLMBriselTypeStyleConfiguration::fontSize() const {
-  return std::make_shared<const VLMBriselTypeStyleAccessibilityRange>(configuration_.fontSize());
+  return VLMBriselTypeStyleAccessibilityRange::wrapping(configuration_.fontSize());
 }
 
 RangePtr VLMBriselTypeStyleConfiguration::minimumScaleFactor() const {
-  return std::make_shared<const VLMBriselTypeStyleAccessibilityRange>(configuration_.minimumScaleFactor());
+  return VLMBriselTypeStyleAccessibilityRange::wrapping(configuration_.minimumScaleFactor());
 }
 
 // --- Styles ---
@@ -72,9 +79,7 @@ void buildAllCases(void* place, std::size_t) noexcept {
 
 }  // namespace
 
-TypeStylePtr VLMBriselTypeStyle::make(std::size_t index) {
-  return std::make_shared<const VLMBriselTypeStyle>(kAccessors[index]());
-}
+TypeStylePtr VLMBriselTypeStyle::make(std::size_t index) { return wrapping(kAccessors[index]()); }
 
 const TypeStylePtr& VLMBriselTypeStyle::instance(std::size_t index) noexcept {
   static constinit SharedInstances<const VLMBriselTypeStyle, std::size(kAccessors), make> instances;
@@ -95,9 +100,13 @@ TypeStylePtr VLMBriselTypeStyle::createTypeStyleWithName(
     const std::vector<std::shared_ptr<const VLMBriselSwiftFont>>& fallbackFonts,
     const std::shared_ptr<const VLMBriselSwiftFontWeight>& fontWeight, CGFloat fontSize,
     const ConfigurationPtr& configuration) {
-  return std::make_shared<const VLMBriselTypeStyle>(TypeStyle(
-      std::string(name), unwrap(primaryFont).font(), unwrapFonts(fallbackFonts), unwrap(fontWeight).fontWeight(),
-      fontSize, VLMBriselTypeStyleGroup::convert(name), unwrap(configuration).configuration()));
+  return wrapping(TypeStyle(std::string(name), unwrap(primaryFont).font(), unwrapFonts(fallbackFonts),
+                            unwrap(fontWeight).fontWeight(), fontSize, VLMBriselTypeStyleGroup::convert(name),
+                            unwrap(configuration).configuration()));
+}
+
+TypeStylePtr VLMBriselTypeStyle::wrapping(TypeStyle typeStyle) {
+  return TypeStylePtr(new VLMBriselTypeStyle(std::move(typeStyle)));
 }
 
 const std::shared_ptr<const VLMBriselSwiftFont>& VLMBriselTypeStyle::primaryFont() const noexcept {
@@ -115,7 +124,7 @@ const std::shared_ptr<const VLMBriselSwiftFontWeight>& VLMBriselTypeStyle::fontW
 }
 
 ConfigurationPtr VLMBriselTypeStyle::configuration() const {
-  return std::make_shared<const VLMBriselTypeStyleConfiguration>(typeStyle_.configuration());
+  return VLMBriselTypeStyleConfiguration::wrapping(typeStyle_.configuration());
 }
 
 std::shared_ptr<const UIFont> VLMBriselTypeStyle::font() const {
@@ -133,17 +142,15 @@ Dictionary VLMBriselTypeStyle::stringAttributesWithContentSizeCategory(const UIC
 }
 
 TypeStylePtr VLMBriselTypeStyle::withFontSize(CGFloat fontSize) const {
-  return std::make_shared<const VLMBriselTypeStyle>(typeStyle_.withFontSize(fontSize));
+  return wrapping(typeStyle_.withFontSize(fontSize));
 }
 
 TypeStylePtr VLMBriselTypeStyle::withMonospacedNumbers() const {
-  return std::make_shared<const VLMBriselTypeStyle>(
+  return wrapping(
       typeStyle_.withFontFeatures({Font::Feature::numberSpacing(Font::Feature::NumberSpacingOption::monospaced)}));
 }
 
-TypeStylePtr VLMBriselTypeStyle::copyWithZone(const void* /*zone*/) const {
-  return std::make_shared<const VLMBriselTypeStyle>(typeStyle_);
-}
+TypeStylePtr VLMBriselTypeStyle::copyWithZone(const void* /*zone*/) const { return wrapping(typeStyle_); }
 
 bool VLMBriselTypeStyle::isEqual(const NSObject& other) const {
   const auto* style = dynamic_cast<const VLMBriselTypeStyle*>(&other);

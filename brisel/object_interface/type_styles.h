@@ -24,8 +24,9 @@ class VLMBriselTypeStyleAccessibilityRange final : public Brisel::Platform::NSOb
   static std::shared_ptr<const VLMBriselTypeStyleAccessibilityRange> createAccessibilityRangeWithMin(
       Brisel::Platform::CGFloat min, Brisel::Platform::CGFloat mid, Brisel::Platform::CGFloat max,
       Brisel::Platform::CGFloat axMax);
-  explicit VLMBriselTypeStyleAccessibilityRange(const Brisel::TypeStyle::AccessibilityRange& range) noexcept
-      : range_(range) {}
+  /// A new object around a value.
+  static std::shared_ptr<const VLMBriselTypeStyleAccessibilityRange> wrapping(
+      const Brisel::TypeStyle::AccessibilityRange& range);
 
   const Brisel::TypeStyle::AccessibilityRange& accessibilityRange() const noexcept { return range_; }
   Brisel::Platform::CGFloat min() const noexcept { return range_.min(); }
@@ -37,6 +38,9 @@ class VLMBriselTypeStyleAccessibilityRange final : public Brisel::Platform::NSOb
   Brisel::Platform::CGFloat valueForScale(double scale) const noexcept { return range_.value(scale); }
 
  private:
+  explicit VLMBriselTypeStyleAccessibilityRange(const Brisel::TypeStyle::AccessibilityRange& range) noexcept
+      : range_(range) {}
+
   Brisel::TypeStyle::AccessibilityRange range_;
 };
 
@@ -49,8 +53,9 @@ class VLMBriselTypeStyleConfiguration final : public Brisel::Platform::NSObject 
       const std::shared_ptr<const VLMBriselTypeStyleAccessibilityRange>& fontSize,
       const std::shared_ptr<const VLMBriselTypeStyleAccessibilityRange>& minimumScaleFactor, bool usesUpperCaseLayout,
       const std::shared_ptr<const VLMBriselSwiftFontFeatures>& fontFeatures);
-  explicit VLMBriselTypeStyleConfiguration(Brisel::TypeStyle::Configuration configuration) noexcept
-      : configuration_(std::move(configuration)) {}
+  /// A new object around a value.
+  static std::shared_ptr<const VLMBriselTypeStyleConfiguration> wrapping(
+      Brisel::TypeStyle::Configuration configuration);
 
   const Brisel::TypeStyle::Configuration& configuration() const noexcept { return configuration_; }
   /// New objects.
@@ -59,6 +64,9 @@ class VLMBriselTypeStyleConfiguration final : public Brisel::Platform::NSObject 
   bool usesUpperCaseLayout() const noexcept { return configuration_.usesUpperCaseLayout(); }
 
  private:
+  explicit VLMBriselTypeStyleConfiguration(Brisel::TypeStyle::Configuration configuration) noexcept
+      : configuration_(std::move(configuration)) {}
+
   Brisel::TypeStyle::Configuration configuration_;
 };
 
@@ -80,7 +88,8 @@ class VLMBriselTypeStyle final : public Brisel::Platform::NSObject {
       const std::vector<std::shared_ptr<const VLMBriselSwiftFont>>& fallbackFonts,
       const std::shared_ptr<const VLMBriselSwiftFontWeight>& fontWeight, Brisel::Platform::CGFloat fontSize,
       const std::shared_ptr<const VLMBriselTypeStyleConfiguration>& configuration);
-  explicit VLMBriselTypeStyle(Brisel::TypeStyle typeStyle) noexcept : typeStyle_(std::move(typeStyle)) {}
+  /// A new object around a value, even one of the catalogue.
+  static std::shared_ptr<const VLMBriselTypeStyle> wrapping(Brisel::TypeStyle typeStyle);
 
   const Brisel::TypeStyle& typeStyle() const noexcept { return typeStyle_; }
   const std::string& name() const noexcept { return typeStyle_.name(); }
@@ -114,6 +123,7 @@ class VLMBriselTypeStyle final : public Brisel::Platform::NSObject {
   std::size_t objectHash() const override;
 
  private:
+  explicit VLMBriselTypeStyle(Brisel::TypeStyle typeStyle) noexcept : typeStyle_(std::move(typeStyle)) {}
   static std::shared_ptr<const VLMBriselTypeStyle> make(std::size_t index);
   static const std::shared_ptr<const VLMBriselTypeStyle>& instance(std::size_t index) noexcept;
 

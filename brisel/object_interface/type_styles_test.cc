@@ -128,10 +128,10 @@ TEST_F(ObjectTypeStyle, ReplacesItsFeaturesByMonospacedNumbers) {
   using NumberSpacing = Font::Feature::NumberSpacingOption;
   const auto monospaced = Font::Feature::numberSpacing(NumberSpacing::monospaced);
   const auto spaced = Font::Feature::numberSpacing(NumberSpacing::default_);
-  const VLMBriselTypeStyle featured(TypeStyle::viola().withFontFeatures({spaced, spaced}));
-  EXPECT_THAT(featured.withMonospacedNumbers()->typeStyle().configuration().fontFeatures(), ElementsAre(monospaced));
-  EXPECT_THAT(featured.withFontSize(3)->typeStyle().configuration().fontFeatures(), IsEmpty());
-  EXPECT_EQ(featured.withFontSize(3)->fontSize(), 3.0);
+  const auto featured = VLMBriselTypeStyle::wrapping(TypeStyle::viola().withFontFeatures({spaced, spaced}));
+  EXPECT_THAT(featured->withMonospacedNumbers()->typeStyle().configuration().fontFeatures(), ElementsAre(monospaced));
+  EXPECT_THAT(featured->withFontSize(3)->typeStyle().configuration().fontFeatures(), IsEmpty());
+  EXPECT_EQ(featured->withFontSize(3)->fontSize(), 3.0);
 }
 
 TEST_F(ObjectTypeStyle, ResolvesLikeTheValue) {

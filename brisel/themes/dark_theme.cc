@@ -27,8 +27,7 @@ constexpr auto kCells = [] {
 }();
 
 Theme::ColorSet column(std::size_t index) {
-  internal::SlotReader slots(&kCells[index], kColorSets);
-  return Theme::ColorSet(slots);
+  return internal::SlotReader(&kCells[index], kColorSets).read<Theme::ColorSet>();
 }
 
 void buildDark(void* place, std::size_t) noexcept {

@@ -9,7 +9,10 @@ using internal::SlotReader;
 Theme::State::State(SlotReader& slots) : base_(slots.next()), highlight_(slots.next()), press_(slots.next()) {}
 
 Theme::Background::Background(SlotReader& slots)
-    : elevated_(slots), tinted_(slots), unsafeForSmallText_(slots), plain_(slots) {}
+    : elevated_(slots.read<State>()),
+      tinted_(slots.read<State>()),
+      unsafeForSmallText_(slots.read<State>()),
+      plain_(slots.read<State>()) {}
 
 template <class Role>
 Theme::Foreground<Role>::Foreground(SlotReader& slots)
@@ -24,7 +27,10 @@ Theme::Foreground<Role>::Foreground(SlotReader& slots)
 Theme::Decorative::Decorative(SlotReader& slots) : base_(slots.next()), subdued_(slots.next()) {}
 
 Theme::ColorSet::ColorSet(SlotReader& slots)
-    : background_(slots), text_(slots), essential_(slots), decorative_(slots) {}
+    : background_(slots.read<Background>()),
+      text_(slots.read<Text>()),
+      essential_(slots.read<Essential>()),
+      decorative_(slots.read<Decorative>()) {}
 
 template class Theme::Foreground<Theme::TextRole>;
 template class Theme::Foreground<Theme::EssentialRole>;

@@ -30,9 +30,8 @@ class Theme {
   /// The colours of something that can be interacted with.
   class State {
    public:
-    State(ColorPtr base, ColorPtr highlight, ColorPtr press)
+    explicit State(ColorPtr base, ColorPtr highlight, ColorPtr press)
         : base_(std::move(base)), highlight_(std::move(highlight)), press_(std::move(press)) {}
-    explicit State(internal::SlotReader& slots);
 
     const ColorPtr& base() const noexcept { return base_.color(); }            ///< resting
     const ColorPtr& highlight() const noexcept { return highlight_.color(); }  ///< hovered or highlighted
@@ -42,6 +41,9 @@ class Theme {
     friend void hashInto(Hasher& hasher, const State& v) { hasher(v.base_, v.highlight_, v.press_); }
 
    private:
+    friend class internal::SlotReader;
+    explicit State(internal::SlotReader& slots);
+
     Swatch base_, highlight_, press_;
   };
 
@@ -49,12 +51,11 @@ class Theme {
   /// `highlight()` and `press()`. It is the last field, behind the named ones.
   class Background {
    public:
-    Background(State elevated, State tinted, State unsafeForSmallText, State plain)
+    explicit Background(State elevated, State tinted, State unsafeForSmallText, State plain)
         : elevated_(std::move(elevated)),
           tinted_(std::move(tinted)),
           unsafeForSmallText_(std::move(unsafeForSmallText)),
           plain_(std::move(plain)) {}
-    explicit Background(internal::SlotReader& slots);
 
     const ColorPtr& base() const noexcept { return plain_.base(); }
     const ColorPtr& highlight() const noexcept { return plain_.highlight(); }
@@ -70,6 +71,9 @@ class Theme {
     }
 
    private:
+    friend class internal::SlotReader;
+    explicit Background(internal::SlotReader& slots);
+
     State elevated_, tinted_, unsafeForSmallText_, plain_;
   };
 
@@ -77,8 +81,8 @@ class Theme {
   template <class Role>
   class Foreground {
    public:
-    Foreground(ColorPtr base, ColorPtr subdued, ColorPtr brightAccent, ColorPtr negative, ColorPtr warning,
-               ColorPtr positive, ColorPtr announcement)
+    explicit Foreground(ColorPtr base, ColorPtr subdued, ColorPtr brightAccent, ColorPtr negative, ColorPtr warning,
+                        ColorPtr positive, ColorPtr announcement)
         : base_(std::move(base)),
           subdued_(std::move(subdued)),
           brightAccent_(std::move(brightAccent)),
@@ -86,7 +90,6 @@ class Theme {
           warning_(std::move(warning)),
           positive_(std::move(positive)),
           announcement_(std::move(announcement)) {}
-    explicit Foreground(internal::SlotReader& slots);
 
     const ColorPtr& base() const noexcept { return base_.color(); }
     const ColorPtr& subdued() const noexcept { return subdued_.color(); }
@@ -102,6 +105,9 @@ class Theme {
     }
 
    private:
+    friend class internal::SlotReader;
+    explicit Foreground(internal::SlotReader& slots);
+
     Swatch base_, subdued_, brightAccent_, negative_, warning_, positive_, announcement_;
   };
 
@@ -111,8 +117,7 @@ class Theme {
 
   class Decorative {
    public:
-    Decorative(ColorPtr base, ColorPtr subdued) : base_(std::move(base)), subdued_(std::move(subdued)) {}
-    explicit Decorative(internal::SlotReader& slots);
+    explicit Decorative(ColorPtr base, ColorPtr subdued) : base_(std::move(base)), subdued_(std::move(subdued)) {}
 
     const ColorPtr& base() const noexcept { return base_.color(); }
     const ColorPtr& subdued() const noexcept { return subdued_.color(); }
@@ -121,18 +126,20 @@ class Theme {
     friend void hashInto(Hasher& hasher, const Decorative& v) { hasher(v.base_, v.subdued_); }
 
    private:
+    friend class internal::SlotReader;
+    explicit Decorative(internal::SlotReader& slots);
+
     Swatch base_, subdued_;
   };
 
   /// The 28 colours of one context.
   class ColorSet {
    public:
-    ColorSet(Background background, Text text, Essential essential, Decorative decorative)
+    explicit ColorSet(Background background, Text text, Essential essential, Decorative decorative)
         : background_(std::move(background)),
           text_(std::move(text)),
           essential_(std::move(essential)),
           decorative_(std::move(decorative)) {}
-    explicit ColorSet(internal::SlotReader& slots);
 
     const Background& background() const noexcept { return background_; }
     const Text& text() const noexcept { return text_; }
@@ -145,14 +152,18 @@ class Theme {
     }
 
    private:
+    friend class internal::SlotReader;
+    explicit ColorSet(internal::SlotReader& slots);
+
     Background background_;
     Text text_;
     Essential essential_;
     Decorative decorative_;
   };
 
-  Theme(ColorSet base, ColorSet brightAccent, ColorSet negative, ColorSet warning, ColorSet positive,
-        ColorSet announcement, ColorSet invertedDark, ColorSet invertedLight, ColorSet mutedAccent, ColorSet overMedia)
+  explicit Theme(ColorSet base, ColorSet brightAccent, ColorSet negative, ColorSet warning, ColorSet positive,
+                 ColorSet announcement, ColorSet invertedDark, ColorSet invertedLight, ColorSet mutedAccent,
+                 ColorSet overMedia)
       : base_(std::move(base)),
         brightAccent_(std::move(brightAccent)),
         negative_(std::move(negative)),

@@ -40,6 +40,13 @@ static_assert(!Comparable<Theme::Text, Theme::Essential>);
 static_assert(!std::is_convertible_v<Theme::Text, Theme::Essential>);
 static_assert(!std::is_constructible_v<Theme::Text, Theme::Essential>);
 static_assert(!Comparable<Theme::State, Theme::Decorative>);
+// No list of colours is taken for a part of a theme, and only a reader makes parts from itself.
+template <class Color>
+concept TakesBraces = requires(Color color) {
+  take({color, color});
+};
+static_assert(!TakesBraces<ColorPtr>);
+static_assert(!std::is_constructible_v<Theme::ColorSet, internal::SlotReader&>);
 static_assert(std::is_same_v<decltype(std::declval<const Theme::State&>().base()), const ColorPtr&>);
 static_assert(sizeof(Theme) == 280 * sizeof(ColorPtr));
 
@@ -51,14 +58,15 @@ std::size_t hashOf(const T& value) {
 // A new colour, so that equality cannot come from identity.
 ColorPtr level(double red) { return UIColor::initWithRed(red, 0.25, 0.5, 1.0); }
 
-Theme::State state(double first) { return {level(first), level(first + 1), level(first + 2)}; }
+Theme::State state(double first) { return Theme::State(level(first), level(first + 1), level(first + 2)); }
 
 // A colour set whose slots have the levels first, first + 1, … in the order of construction.
 Theme::ColorSet colorSet(double first) {
   const auto at = [first](int slot) { return level(first + slot); };
-  return {Theme::Background(state(first), state(first + 3), state(first + 6), state(first + 9)),
-          Theme::Text(at(12), at(13), at(14), at(15), at(16), at(17), at(18)),
-          Theme::Essential(at(19), at(20), at(21), at(22), at(23), at(24), at(25)), Theme::Decorative(at(26), at(27))};
+  return Theme::ColorSet(Theme::Background(state(first), state(first + 3), state(first + 6), state(first + 9)),
+                         Theme::Text(at(12), at(13), at(14), at(15), at(16), at(17), at(18)),
+                         Theme::Essential(at(19), at(20), at(21), at(22), at(23), at(24), at(25)),
+                         Theme::Decorative(at(26), at(27)));
 }
 
 std::vector<double> levels(const Theme::ColorSet& set) {
@@ -79,10 +87,9 @@ Cells distinctCells() {
 // Set by set, and not interleaved as a published table is.
 Theme themeOf(const Cells& cells) {
   const auto set = [&](std::size_t index) {
-    internal::SlotReader slots(&cells[28 * index], 1);
-    return Theme::ColorSet(slots);
+    return internal::SlotReader(&cells[28 * index], 1).read<Theme::ColorSet>();
   };
-  return {set(0), set(1), set(2), set(3), set(4), set(5), set(6), set(7), set(8), set(9)};
+  return Theme(set(0), set(1), set(2), set(3), set(4), set(5), set(6), set(7), set(8), set(9));
 }
 
 TEST(Theme, NamesTheSlotsOfAColorSetInOrder) {
@@ -114,10 +121,9 @@ TEST(Theme, PutsTheColoursOfAConstructorIntoTheSlotsInOrder) {
 
 TEST(Theme, ReadsATableIntoTheSlotsInTheSameOrder) {
   const Cells cells = distinctCells();
-  internal::SlotReader rows(&cells[3], 10);
   std::vector<double> expected;
   for (int i = 0; i < 28; ++i) expected.push_back(3 + 10 * i);
-  EXPECT_EQ(levels(Theme::ColorSet(rows)), expected);
+  EXPECT_EQ(levels(internal::SlotReader(&cells[3], 10).read<Theme::ColorSet>()), expected);
 }
 
 TEST(Theme, PutsTheColorSetsOfItsConstructorIntoFieldOrder) {

@@ -13,6 +13,8 @@
 
 #include "brisel/tokens/color.h"
 
+#include "tests/decimal_comma.h"
+
 namespace Brisel {
 namespace {
 
@@ -85,6 +87,15 @@ TEST(ColorParsing, StopsAtTheFirstCharacterInsideThatIsNoDigit) {
   EXPECT_EQ(colorFromRGBHexString("1+3456"), bytes(0, 0, 1));
   EXPECT_EQ(colorFromRGBAHexString("1234567G9"), std::nullopt);
   EXPECT_EQ(colorFromRGBAHexString("123456G8"), bytes(0, 0x12, 0x34, 0x56));
+}
+
+// The dot parts groups of digits there.
+TEST(ColorParsing, DoesNotFollowTheLocale) {
+  const DecimalCommaOfStreams streams;
+  const DecimalCommaOfC c;  // if the machine has one
+  EXPECT_EQ(colorFromRGBHexString("1ED760"), bytes(30, 215, 96));
+  EXPECT_EQ(colorFromRGBHexString("12.345"), bytes(0, 0, 0x12));
+  EXPECT_EQ(colorFromRGBAHexString("1234.567"), bytes(0, 0, 0x12, 0x34));
 }
 
 TEST(ColorParsing, CountsUtf16UnitsAndNotBytes) {

@@ -34,7 +34,8 @@ class Font {
   /// asking again returns the same object as long as it is among the fonts used last.
   ///
   /// May be called on any thread. The first call registers the library's font files; it ends the process where the
-  /// resource bundle cannot be read.
+  /// resource bundle cannot be read. Where that has no font file, because it is missing, say, one line goes to
+  /// `Platform::setLogHandler`'s handler, and the port's substitute stands in for every font.
   static std::shared_ptr<const Platform::UIFont> font(Font primaryFont, std::span<const Font> fallbackFonts,
                                                       Weight weight, Platform::CGFloat size,
                                                       std::span<const Feature> fontFeatures);
@@ -50,10 +51,7 @@ class Font {
   constexpr operator Case() const noexcept { return case_; }  // for switch
   friend constexpr bool operator==(Font, Font) noexcept = default;
   friend void operator<=>(Font, Font) = delete;  // the conversion would order fonts
-  template <class Hasher>
-  friend void hashInto(Hasher& hasher, Font font) {
-    hasher(font.case_);
-  }
+  friend void hashInto(Platform::internal::Hasher& hasher, Font font) { hasher(font.case_); }
 
  private:
   constexpr explicit Font(Case value) noexcept : case_(value) {}
@@ -80,10 +78,7 @@ class Font::Weight {
   constexpr operator Case() const noexcept { return case_; }  // for switch
   friend constexpr bool operator==(Weight, Weight) noexcept = default;
   friend void operator<=>(Weight, Weight) = delete;
-  template <class Hasher>
-  friend void hashInto(Hasher& hasher, Weight weight) {
-    hasher(weight.case_);
-  }
+  friend void hashInto(Platform::internal::Hasher& hasher, Weight weight) { hasher(weight.case_); }
 
  private:
   constexpr explicit Weight(Case value) noexcept : case_(value) {}
@@ -104,10 +99,7 @@ class Font::Feature {
   std::string description() const;
 
   friend constexpr bool operator==(Feature, Feature) noexcept = default;
-  template <class Hasher>
-  friend void hashInto(Hasher& hasher, Feature feature) {
-    hasher(feature.option_);
-  }
+  friend void hashInto(Platform::internal::Hasher& hasher, Feature feature) { hasher(feature.option_); }
 
  private:
   constexpr explicit Feature(std::uint8_t option) noexcept : option_(option) {}
@@ -132,10 +124,7 @@ class Font::Feature::NumberSpacingOption {
   constexpr operator Case() const noexcept { return case_; }  // for switch
   friend constexpr bool operator==(NumberSpacingOption, NumberSpacingOption) noexcept = default;
   friend void operator<=>(NumberSpacingOption, NumberSpacingOption) = delete;
-  template <class Hasher>
-  friend void hashInto(Hasher& hasher, NumberSpacingOption option) {
-    hasher(option.case_);
-  }
+  friend void hashInto(Platform::internal::Hasher& hasher, NumberSpacingOption option) { hasher(option.case_); }
 
  private:
   friend class Feature;

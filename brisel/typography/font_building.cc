@@ -1,5 +1,8 @@
 #include "brisel/typography/internal/font_building.h"
 
+#include <atomic>
+#include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <new>
@@ -7,6 +10,7 @@
 #include <vector>
 
 #include "brisel/infrastructure/cache.h"
+#include "brisel/platform/log.h"
 #include "brisel/platform/value.h"
 #include "brisel/tokens/internal/lazy_table.h"
 #include "brisel/typography/internal/font_registration.h"
@@ -28,18 +32,32 @@ constexpr std::int64_t kNumberSpacingType = 6;
 constexpr std::int64_t kMonospacedNumbersSelector = 0;
 
 // The fonts of the cache can only be made from registered files, so the one is not reached without the other.
-struct Fonts {
-  Fonts() : cache(internal::kFontCacheCapacity, std::numeric_limits<std::int64_t>::max()) {
-    internal::registerFontFiles(*resourceBundle());
+class Fonts {
+ public:
+  using FontCache = Cache<FontConfiguration, std::shared_ptr<const UIFont>, internal::FontConfigurationHash,
+                          internal::FontConfigurationEqual>;
+
+  Fonts()
+      : cache_(internal::kFontCacheCapacity, std::numeric_limits<std::int64_t>::max()),
+        lacksFiles_(internal::registerFontFiles(*resourceBundle()) == 0) {}
+
+  FontCache& cache() const noexcept { return cache_; }
+
+  // Not said while files are registered: other threads wait for the end of that, and a log's handler is user code.
+  void complainOnceAboutLackOfFiles() const {
+    if (lacksFiles_.exchange(false))
+      Platform::log("No font files in the resource bundle: " + resourceBundle()->bundlePath().native());
   }
-  Cache<FontConfiguration, std::shared_ptr<const UIFont>, internal::FontConfigurationHash,
-        internal::FontConfigurationEqual>
-      cache;
+
+ private:
+  // Both may be changed by any thread.
+  mutable FontCache cache_;
+  mutable std::atomic<bool> lacksFiles_;
 };
 
-void buildFonts(void* place, std::size_t) noexcept { ::new (place) std::unique_ptr<Fonts>(std::make_unique<Fonts>()); }
+void buildFonts(void* place, std::size_t) noexcept { ::new (place) Fonts; }
 
-constinit internal::LazyTable<std::unique_ptr<Fonts>, 1, buildFonts> fonts;
+constinit internal::LazyTable<Fonts, 1, buildFonts> fonts;
 
 Dictionary featureSetting(Font::Feature feature) {
   using NumberSpacing = Font::Feature::NumberSpacingOption;
@@ -79,9 +97,12 @@ std::shared_ptr<const UIFontDescriptor> internal::fontDescriptor(const FontConfi
 
 std::shared_ptr<const UIFont> Font::font(Font primaryFont, std::span<const Font> fallbackFonts, Weight weight,
                                          Platform::CGFloat size, std::span<const Feature> fontFeatures) {
-  auto& cache = fonts[0]->cache;
+  // Before the cache sees it: not-a-number, which equals nothing, would fill it up.
+  if (!std::isfinite(size) || size < 0) size = 0;
+  auto& cache = fonts[0].cache();
   const FontConfigurationView configuration(primaryFont, fallbackFonts, weight, size, fontFeatures);
   if (auto cached = cache.getValue(configuration)) return *std::move(cached);
+  fonts[0].complainOnceAboutLackOfFiles();
   // Threads that miss at the same time each build the font; the fonts are equal, and the last one stays.
   auto font = UIFont::fontWithDescriptor(internal::fontDescriptor(configuration), size);
   cache.setValue(font, configuration.configuration(), 0);

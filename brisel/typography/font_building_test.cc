@@ -131,10 +131,18 @@ TEST_F(FontBuilding, ForgetsTheFontThatWasUsedLeastRecentlyAtThe39th) {
 
 TEST_F(FontBuilding, SurvivesSizesThatAreNoSizes) {
   constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+  const auto kept = plain(16);
   for (int i = 0; i < 100; ++i) EXPECT_EQ(plain(kNaN)->pointSize(), 0.0);
   for (const double size : {-1.0, std::numeric_limits<double>::infinity(), -std::numeric_limits<double>::infinity()})
     EXPECT_EQ(plain(size)->pointSize(), 0.0);
-  EXPECT_EQ(plain(16), plain(16));
+  EXPECT_EQ(plain(16), kept);
+}
+
+TEST_F(FontBuilding, TakesSizesThatAreNoSizesForZero) {
+  const auto zero = Font::font(Font::tondal, {Font::tondalArab}, Font::Weight::book, 0, {});
+  for (const double size : {-5.0, std::numeric_limits<double>::quiet_NaN(), std::numeric_limits<double>::infinity(),
+                            -std::numeric_limits<double>::infinity()})
+    EXPECT_EQ(Font::font(Font::tondal, {Font::tondalArab}, Font::Weight::book, size, {}), zero) << size;
 }
 
 TEST_F(FontBuilding, TakesListsOfAnyKind) {

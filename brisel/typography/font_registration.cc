@@ -6,12 +6,13 @@
 
 namespace Brisel::internal {
 
-void registerFontFiles(const Platform::NSBundle& bundle) {
+std::size_t registerFontFiles(const Platform::NSBundle& bundle) {
   const auto files = bundle.URLsForResourcesWithExtension("otf");
   if (!files) Platform::fatalError("The font files of the resource bundle cannot be listed");
   for (const auto& file : *files)
     Platform::CTFontManagerRegisterFontsForURL(file, Platform::kCTFontManagerScopeProcess);
   Platform::setSubstituteFontFamily(Font::tondal.description());
+  return files->size();
 }
 
 }  // namespace Brisel::internal

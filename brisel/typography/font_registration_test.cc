@@ -1,12 +1,15 @@
 #include "brisel/typography/internal/font_registration.h"
 
+#include <cstdlib>
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "brisel/platform/log.h"
 #include "brisel/typography/font.h"
 #include "brisel/typography/resource_bundle.h"
 
@@ -19,6 +22,7 @@ namespace {
 using Platform::Engine;
 using Platform::NSBundle;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 class FontRegistration : public testing::Test {
@@ -44,12 +48,12 @@ TEST_F(FontRegistration, TakesTheFontFilesOfTheBundleInItsOrder) {
 TEST_F(FontRegistration, GoesOnAfterAFileThatIsRefused) {
   for (const char* name : {"A.otf", "B.otf"}) directory_.write(name);
   recordingEngine().setRegistrationResult(Engine::Registration::invalidFontData);
-  internal::registerFontFiles(*NSBundle::bundleWithPath(directory_.path()));
+  EXPECT_EQ(internal::registerFontFiles(*NSBundle::bundleWithPath(directory_.path())), 2U);
   EXPECT_THAT(registered(), ElementsAre("A.otf", "B.otf"));
 }
 
 TEST_F(FontRegistration, FindsNothingInABundleWithoutFonts) {
-  internal::registerFontFiles(*NSBundle::bundleWithPath(directory_.path()));
+  EXPECT_EQ(internal::registerFontFiles(*NSBundle::bundleWithPath(directory_.path())), 0U);
   EXPECT_THAT(registered(), IsEmpty());
 }
 
@@ -69,6 +73,27 @@ TEST_F(FontRegistration, HappensOnceWithTheFirstFont) {
   EXPECT_EQ(recordingEngine().record().registeredFiles, *files);
   Font::font(Font::tondal, {}, Font::Weight::bold, 17, {});
   EXPECT_EQ(recordingEngine().record().registeredFiles, *files);
+}
+
+// A program's own bundle comes before the library's. So a copy of this program beside an empty bundle has no fonts.
+TEST_F(FontRegistration, SaysOnceThatThereAreNoFontFiles) {
+  namespace fs = std::filesystem;
+  if (!NSBundle::mainBundle()->pathForResource("BriselFoundation", "bundle")) {
+    const fs::path copy = directory_.path() / "copy";
+    fs::copy_file("/proc/self/exe", copy);
+    fs::create_directory(directory_.path() / "BriselFoundation.bundle");
+    EXPECT_EQ(std::system(('"' + copy.native() + "\" --gtest_filter=FontRegistration.SaysOnce*").c_str()), 0);
+    return;
+  }
+  static std::vector<std::string> messages;
+  Platform::setLogHandler([](std::string_view message) {
+    messages.emplace_back(message);
+    Font::font(Font::tondal, {}, Font::Weight::black, 20, {});  // not under a lock that this needs
+  });
+  Font::font(Font::tondal, {}, Font::Weight::book, 16, {});
+  Font::font(Font::tondal, {}, Font::Weight::bold, 17, {});
+  EXPECT_THAT(messages, ElementsAre(HasSubstr("No font files in the resource bundle")));
+  EXPECT_THAT(messages, ElementsAre(HasSubstr(resourceBundle()->bundlePath().native())));
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "brisel/typography/internal/resource_bundle.h"
+
 namespace Brisel {
 
 using Platform::NSBundle;

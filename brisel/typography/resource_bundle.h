@@ -15,10 +15,4 @@ namespace Brisel {
 /// program where it is linked statically) are searched in their own directory, then in "../share/BriselFoundation".
 std::shared_ptr<const Platform::NSBundle> resourceBundle();
 
-namespace internal {
-/// The same for a given program and library.
-std::shared_ptr<const Platform::NSBundle> resourceBundle(const std::shared_ptr<const Platform::NSBundle>& mainBundle,
-                                                         const std::shared_ptr<const Platform::NSBundle>& codeBundle);
-}  // namespace internal
-
 }  // namespace Brisel

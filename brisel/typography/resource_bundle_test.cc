@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "brisel/typography/internal/resource_bundle.h"
+
 #include "tests/temporary_directory.h"
 
 namespace Brisel {

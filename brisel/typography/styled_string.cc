@@ -1,8 +1,6 @@
 #include "brisel/typography/styled_string.h"
 
-#include <string>
-
-#include "brisel/platform/port.h"
+#include "brisel/platform/views/text_case.h"
 
 namespace Brisel {
 
@@ -12,7 +10,7 @@ std::shared_ptr<Platform::NSMutableAttributedString> attributedString(
   const Platform::Dictionary attributes = baseAttributes.mergedWith(typeStyle.stringAttributes(contentSizeCategory));
   if (!typeStyle.configuration().usesUpperCaseLayout())
     return Platform::NSMutableAttributedString::initWithString(string, attributes);
-  return Platform::NSMutableAttributedString::initWithString(Platform::engine().upperCase(string), attributes);
+  return Platform::NSMutableAttributedString::initWithString(Platform::upperCased(string), attributes);
 }
 
 }  // namespace Brisel

@@ -7,6 +7,7 @@
 
 #include "brisel/tokens/internal/lazy_table.h"
 #include "brisel/typography/font_stacks.h"
+#include "brisel/typography/internal/built_count.h"
 
 namespace Brisel {
 namespace {

@@ -1,8 +1,10 @@
 #pragma once
 
-#include <cstddef>
+#include <concepts>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "brisel/platform/font.h"
@@ -49,8 +51,7 @@ class TypeStyle {
     std::string description() const;
 
     friend constexpr bool operator==(const AccessibilityRange&, const AccessibilityRange&) noexcept = default;
-    template <class Hasher>
-    friend void hashInto(Hasher& hasher, const AccessibilityRange& range) {
+    friend void hashInto(Platform::internal::Hasher& hasher, const AccessibilityRange& range) {
       hasher(range.min_, range.mid_, range.max_, range.axMax_);
     }
 
@@ -81,8 +82,7 @@ class TypeStyle {
     std::string debugDescription() const;
 
     friend bool operator==(const Configuration&, const Configuration&) = default;
-    template <class Hasher>
-    friend void hashInto(Hasher& hasher, const Configuration& value) {
+    friend void hashInto(Platform::internal::Hasher& hasher, const Configuration& value) {
       hasher(value.fontSize_, value.minimumScaleFactor_, value.usesUpperCaseLayout_, value.fontFeatures_);
     }
 
@@ -124,16 +124,20 @@ class TypeStyle {
   const Configuration& configuration() const noexcept { return configuration_; }
 
   // Derived styles. All other fields stay as they are, except that those which touch the configuration drop the font
-  // features; this is deliberate.
+  // features; this is deliberate. A flag passes for no number.
 
   /// `with(fontSize:)`: this size at every scale and as the nominal one. Drops the font features.
   TypeStyle withFontSize(double fontSize) const;
   /// `with(fontSize:)`: these sizes; their `mid` becomes the nominal one. Drops the font features.
   TypeStyle withFontSize(const AccessibilityRange& fontSize) const;
+  template <std::same_as<bool> Flag>
+  TypeStyle withFontSize(Flag) const = delete;
   /// `with(minimumScaleFactor:)`: this factor at every scale. Drops the font features.
   TypeStyle withMinimumScaleFactor(double minimumScaleFactor) const;
   /// `with(minimumScaleFactor:)`: these factors. Drops the font features.
   TypeStyle withMinimumScaleFactor(const AccessibilityRange& minimumScaleFactor) const;
+  template <std::same_as<bool> Flag>
+  TypeStyle withMinimumScaleFactor(Flag) const = delete;
   /// `with(usesUpperCaseLayout:)`. Drops the font features.
   TypeStyle withUsesUpperCaseLayout(bool usesUpperCaseLayout) const;
   /// `with(fontFeatures:)`: these features instead of the style's own.
@@ -155,8 +159,7 @@ class TypeStyle {
   std::string debugDescription() const;
 
   friend bool operator==(const TypeStyle&, const TypeStyle&) = default;
-  template <class Hasher>
-  friend void hashInto(Hasher& hasher, const TypeStyle& style) {
+  friend void hashInto(Platform::internal::Hasher& hasher, const TypeStyle& style) {
     hasher(style.name_, style.primaryFont_, style.fallbackFonts_, style.fontWeight_, style.fontSize_, style.group_,
            style.configuration_);
   }
@@ -174,11 +177,6 @@ class TypeStyle {
 /// The group of the style with this identifier, the name of its accessor ("balladBold"); `body` for any other text, the
 /// human-readable names included.
 TypeStyle::Group typeStyleGroup(std::string_view identifier) noexcept;
-
-namespace internal {
-/// How many styles of the catalogue have been built.
-std::size_t builtTypeStyles() noexcept;
-}  // namespace internal
 
 }  // namespace Brisel
 

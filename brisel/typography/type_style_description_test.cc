@@ -1,3 +1,5 @@
+#include <cstdio>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -5,6 +7,8 @@
 #include <gtest/gtest.h>
 
 #include "brisel/typography/type_style.h"
+
+#include "tests/decimal_comma.h"
 
 namespace Brisel {
 namespace {
@@ -75,6 +79,28 @@ TEST(TypeStyleDebugDescription, HasAllFieldsButTheGroup) {
 TEST(TypeStyleDebugDescription, PrintsAnEmptyListAsBrackets) {
   EXPECT_NE(TypeStyle::viola().withFallbackFonts({}).debugDescription().find("\n    fallbackFonts: []\n"),
             std::string::npos);
+}
+
+// --- Locales ---
+
+constexpr const char* kThousands = "min: 1000.5 mid: 0.25 max: -12345.0 axMax: 1e-05";
+std::string describedThousands() { return Range(1000.5, 0.25, -12345.0, 0.00001).description(); }
+
+TEST(TypeStyleDescription, IsTheSameWhereStreamsWriteACommaInNumbers) {
+  const DecimalCommaOfStreams comma;
+  std::ostringstream stream;
+  stream << 1000.5;
+  ASSERT_EQ(stream.str(), "1.000,5");
+  EXPECT_EQ(describedThousands(), kThousands);
+}
+
+TEST(TypeStyleDescription, IsTheSameWhereCWritesACommaInNumbers) {
+  const DecimalCommaOfC comma;
+  if (!comma.isSet()) GTEST_SKIP() << "This machine has no locale with a decimal comma.";
+  char text[16];
+  std::snprintf(text, sizeof text, "%.1f", 1000.5);
+  ASSERT_STREQ(text, "1000,5");
+  EXPECT_EQ(describedThousands(), kThousands);
 }
 
 }  // namespace

@@ -18,6 +18,7 @@
 
 #include "brisel/typography/catalogue.h"
 #include "brisel/typography/font_stacks.h"
+#include "brisel/typography/internal/built_count.h"
 #include "brisel/typography/internal/decimal.h"
 
 namespace Brisel {

@@ -1,4 +1,5 @@
-// Uses a colour, then reads which files are mapped into the process, and fails on any library but the few named here.
+// Uses a colour, a type style and a content size, then reads which files are mapped into the process, and fails on any
+// library but the few named here.
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -8,6 +9,8 @@
 #include <string_view>
 
 #include "brisel/tokens/color.h"
+#include "brisel/typography/content_size_category.h"
+#include "brisel/typography/type_style.h"
 
 namespace {
 
@@ -29,6 +32,8 @@ std::set<std::string> loadedLibraries() {
 
 int main() {
   if (Brisel::Color::gray7().value()->alpha() != 1.0) return 1;
+  const Brisel::ContentSizeCategory small = Brisel::ContentSizeCategory::small;
+  if (Brisel::TypeStyle::bass().configuration().fontSize().value(small.platformCategory()) != 54.002) return 1;
   const std::set<std::string> names = loadedLibraries();
   bool clean = !names.empty();
   for (const std::string& name : names) {

@@ -40,6 +40,12 @@ int main() {
 #if CASE == 9  // error: .*is private
   Brisel::Spacer made(16.0);
 #endif
+#if CASE == 10  // error: no match for 'operator\+'
+  (void)(spacer + spacer);
+#endif
+#if CASE == 11  // error: cannot convert 'const Brisel::Spacer' to 'const double'
+  const double points = spacer;
+#endif
   (void)opacity;
   (void)color;
 }

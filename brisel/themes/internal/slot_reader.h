@@ -17,6 +17,12 @@ class SlotReader {
   SlotReader(const SlotReader&) = delete;
   SlotReader& operator=(const SlotReader&) = delete;
 
+  /// The next colours as a part of a theme, whose constructor from a reader is for readers alone.
+  template <class Part>
+  Part read() {
+    return Part(*this);
+  }
+  /// The next colour.
   Swatch next() { return Swatch(uncounted(first_[step_ * slot_++])); }
 
  private:

@@ -51,8 +51,7 @@ struct FontConfigurationView {
     return a.primaryFont == b.primaryFont && std::ranges::equal(a.fallbackFonts, b.fallbackFonts) &&
            a.weight == b.weight && a.size == b.size && std::ranges::equal(a.fontFeatures, b.fontFeatures);
   }
-  template <class Hasher>
-  friend void hashInto(Hasher& hasher, const FontConfigurationView& view) {
+  friend void hashInto(Platform::internal::Hasher& hasher, const FontConfigurationView& view) {
     hasher(view.primaryFont, view.fallbackFonts, view.weight, view.size, view.fontFeatures);
   }
 };
