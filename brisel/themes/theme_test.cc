@@ -127,7 +127,8 @@ TEST(Theme, ReadsATableIntoTheSlotsInTheSameOrder) {
 }
 
 TEST(Theme, PutsTheColorSetsOfItsConstructorIntoFieldOrder) {
-  const Theme theme = themeOf(distinctCells());
+  const Cells cells = distinctCells();  // the theme's colours lie in it
+  const Theme theme = themeOf(cells);
   double first = 0;
   for (const auto& set : Catalogue::colorSets()) {
     EXPECT_EQ((theme.*set.get)().background().elevated().base()->getRed().red, first) << set.name;
