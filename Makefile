@@ -73,7 +73,7 @@ lint:
 
 browser: gallery
 	$(install_for) build assets gallery check
-	if [ -f tests/browser/run.mjs ]; then node tests/browser/run.mjs out/gallery; fi
+	node tests/browser/run.mjs out/gallery
 
 fuzz:
 	$(install_for) build assets check

@@ -34,7 +34,7 @@ install(
   COMPONENT Development)
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/BriselFoundationConfig.cmake.in BriselFoundationConfig.cmake
                               INSTALL_DESTINATION ${package_dir} PATH_VARS CMAKE_INSTALL_DATADIR)
-write_basic_package_version_file(BriselFoundationConfigVersion.cmake COMPATIBILITY SameMajorVersion)
+write_basic_package_version_file(BriselFoundationConfigVersion.cmake COMPATIBILITY SameMinorVersion)
 install(
   FILES ${CMAKE_CURRENT_BINARY_DIR}/BriselFoundationConfig.cmake
         ${CMAKE_CURRENT_BINARY_DIR}/BriselFoundationConfigVersion.cmake ${CMAKE_CURRENT_LIST_DIR}/BriselDeploy.cmake
@@ -51,6 +51,7 @@ install(
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
   COMPONENT Development)
 
-if(TARGET brisel)
-  install(TARGETS brisel RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT Runtime)
-endif()
+install(
+  FILES ${PROJECT_SOURCE_DIR}/NOTICE.md
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/BriselFoundation
+  COMPONENT Runtime)

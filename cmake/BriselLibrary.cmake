@@ -34,7 +34,7 @@ function(brisel_library name)
   target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
   target_link_options(${target} PRIVATE $<$<NOT:$<BOOL:${BRISEL_SANITIZE}>>:LINKER:-z,defs>)
   set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} VERSION ${PROJECT_VERSION}
-                                             SOVERSION ${PROJECT_VERSION_MAJOR})
+                                             SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
   set_property(GLOBAL APPEND PROPERTY BRISEL_LIBRARIES ${target})
 endfunction()
 

@@ -7,7 +7,9 @@ option(BRISEL_BUILD_FUZZERS "Build the fuzz targets (clang only)" OFF)
 option(BRISEL_BUILD_BENCHMARKS "Build the benchmarks and their peers" OFF)
 option(BRISEL_INSTALL "Generate the install rules" ${PROJECT_IS_TOP_LEVEL})
 option(BRISEL_WARNINGS_AS_ERRORS "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
-option(BUILD_SHARED_LIBS "Build shared libraries" ON)
+if(PROJECT_IS_TOP_LEVEL)
+  option(BUILD_SHARED_LIBS "Build shared libraries" ON)
+endif()
 
 set(BRISEL_SANITIZE "" CACHE STRING "Sanitizers for everything, as -fsanitize= takes them")
 
@@ -28,3 +30,4 @@ if(PROJECT_IS_TOP_LEVEL)
   set(CMAKE_INSTALL_RPATH "$ORIGIN/../lib" "$ORIGIN")
 endif()
 set(BRISEL_BUNDLE_DIR ${PROJECT_BINARY_DIR}/share/BriselFoundation/BriselFoundation.bundle)
+set_property(GLOBAL PROPERTY BRISEL_BUNDLE_DIR ${BRISEL_BUNDLE_DIR}) # For brisel_deploy_bundle(), which hosts call.

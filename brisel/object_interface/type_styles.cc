@@ -12,7 +12,6 @@ using Brisel::TypeStyle;
 using Brisel::Platform::CGFloat;
 using Brisel::Platform::Dictionary;
 using Brisel::Platform::NSMutableAttributedString;
-using Brisel::Platform::NSObject;
 using Brisel::Platform::UIContentSizeCategory;
 using Brisel::Platform::UIFont;
 using VLMBrisel::internal::SharedInstances;

@@ -47,7 +47,7 @@ def folder_of(path):
 
 
 def is_test(path):
-    return re.search(r"(_test\.(h|cc)|_testing\.h|_test_support\.(h|cc))$", path) is not None
+    return re.search(r"_test\.(h|cc)$", path) is not None
 
 
 def complaint_about_system_header(path, header):

@@ -23,8 +23,6 @@ class LazyTable {
     return slots_[index].value();
   }
 
-  bool isBuilt(std::size_t index) const noexcept { return slots_[index].ready.load(std::memory_order_acquire); }
-
   std::size_t builtCount() const noexcept {
     std::size_t count = 0;
     for (const Slot& slot : slots_) count += slot.ready.load(std::memory_order_acquire) ? 1 : 0;
