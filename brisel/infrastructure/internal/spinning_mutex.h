@@ -29,9 +29,11 @@ class SpinningMutex {
   }
 
   [[gnu::noinline]] void wait() noexcept {
-    constexpr int kTries = 100;
-    for (int i = 0; i < kTries; ++i) {
-      pause();
+    // Each try waits twice as long as the one before: who holds the lock is then left alone for a while, and takes it
+    // several times in a row instead of having what it guards torn from one processor's cache to the other's.
+    constexpr int kLongestWait = 256;
+    for (int length = 1; length <= kLongestWait; length *= 2) {
+      for (int i = 0; i < length; ++i) pause();
       if (state_.load(std::memory_order_relaxed) == kFree && tryLock()) return;
     }
     // Taken as awaited from here on: others may sleep too, and one wake too many does no harm.
