@@ -50,12 +50,26 @@ TEST(Engine, ShapesNothingThatIsIllFormedOrOfNoSize) {
   EXPECT_EQ(engine.shape({u"ab", {&odd, 1}, {}, false})->length, 0U);
 }
 
-// A port that answers nothing where it must.
+// A port that answers nothing where it must, and a typeface only when told.
 class EmptyEngine final : public Engine {
+ public:
+  bool answersTypefaces = false;
+
+ private:
+  class EmptyTypeface final : public Typeface {
+   public:
+    explicit EmptyTypeface(const Engine& maker) : Typeface(maker, "", {}) {}
+
+   private:
+    bool onHasCharacter(char32_t /*character*/) const override { return false; }
+  };
+
   Registration onRegisterFontFile(const std::filesystem::path& /*file*/) override { return Registration::registered; }
   void onSetSubstituteFamily(const std::string& /*family*/) override {}
   void onSetUsesHostFonts(bool /*uses*/) override {}
-  std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& /*request*/) override { return nullptr; }
+  std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& /*request*/) override {
+    return answersTypefaces ? std::make_shared<const EmptyTypeface>(*this) : nullptr;
+  }
   std::shared_ptr<const ShapedText> onShape(const ShapeRequest& /*request*/) override { return nullptr; }
   std::unique_ptr<Canvas> onMakeCanvas(int /*width*/, int /*height*/, CGFloat /*scale*/) override { return nullptr; }
   std::vector<std::uint8_t> onEncodePng(const Bitmap& /*bitmap*/) override { return {}; }
@@ -65,6 +79,9 @@ class EmptyEngine final : public Engine {
 TEST(EngineDeathTest, APortThatAnswersNothingEndsTheProcess) {
   EmptyEngine engine;
   EXPECT_DEATH(engine.typeface({}), "typeface");
+  engine.answersTypefaces = true;
+  const TypefaceSpan span{1, engine.typeface({}), 12, true};
+  EXPECT_DEATH(engine.shape({u"a", {&span, 1}, WritingDirection::natural, false}), "shaped a text");
 }
 
 TEST(Engine, MakesNoCanvasOfAnImpossibleSize) {

@@ -52,6 +52,11 @@ TEST_F(FontRegistration, GoesOnAfterAFileThatIsRefused) {
   EXPECT_THAT(registered(), ElementsAre("A.otf", "B.otf"));
 }
 
+TEST_F(FontRegistration, NamesTheTextFamilyAsTheSubstituteForMissingFonts) {
+  internal::registerFontFiles(*NSBundle::bundleWithPath(directory_.path()));
+  EXPECT_EQ(recordingEngine().record().substituteFamily, "Tondal");
+}
+
 TEST_F(FontRegistration, FindsNothingInABundleWithoutFonts) {
   EXPECT_EQ(internal::registerFontFiles(*NSBundle::bundleWithPath(directory_.path())), 0U);
   EXPECT_THAT(registered(), IsEmpty());
