@@ -10,9 +10,10 @@ from xml.etree import ElementTree
 import pyclipper
 from booleanOperations import BooleanOperationManager as booleans
 from fontTools.misc.bezierTools import cubicPointAtT
+from fontTools.pens.areaPen import AreaPen
 from fontTools.pens.basePen import BasePen
 from fontTools.pens.boundsPen import BoundsPen
-from fontTools.pens.pointPen import AbstractPointPen, PointToSegmentPen, SegmentToPointPen
+from fontTools.pens.pointPen import AbstractPointPen, PointToSegmentPen, ReverseContourPointPen, SegmentToPointPen
 from fontTools.pens.transformPen import TransformPen
 from fontTools.svgLib.path import parse_path
 
@@ -84,15 +85,26 @@ class Drawing(AbstractPointPen):
         self.draw(pen)
         return pen.bounds[0], pen.bounds[2]
 
+    def clockwise(self) -> Drawing:
+        """The drawing with its outer contours clockwise, as TrueType has them; two that differ would cancel out."""
+        area = AreaPen()
+        self.draw(area)
+        if area.value <= 0:
+            return self
+        result = Drawing()
+        for contour in self.contours:
+            contour.drawPoints(ReverseContourPointPen(result))
+        return result
+
     def united(self, other: Drawing) -> Drawing:
         result = Drawing()
         booleans.union(self.contours + other.contours, result)
-        return result
+        return result.clockwise()
 
     def less(self, other: Drawing) -> Drawing:
         result = Drawing()
         booleans.difference(self.contours, other.contours, result)
-        return result
+        return result.clockwise()
 
     def surroundings(self) -> Drawing:
         """All that is within the gap around the silhouette."""
@@ -102,6 +114,15 @@ class Drawing(AbstractPointPen):
         closed = _outer(_offset(silhouette, GAP + CLEFT / 2))
         return Drawing(Contour(((x / CLIPPER_SCALE, y / CLIPPER_SCALE), "line") for x, y in path)
                        for path in _outer(_offset(closed, -CLEFT / 2)))
+
+
+class CubicPen(BasePen):
+    """Passes drawings on with quadratic curves raised to cubic ones, the only kind that `booleans` understands."""
+
+    def __init__(self, pen):
+        super().__init__()
+        self._moveTo, self._lineTo, self._curveToOne = pen.moveTo, pen.lineTo, pen.curveTo
+        self._closePath, self._endPath = pen.closePath, pen.endPath
 
 
 class PolygonPen(BasePen):
@@ -143,14 +164,14 @@ def read_svg(path: Path) -> Drawing:
     drawing = Drawing()
     if root.get("viewBox") != f"0 0 {BOX} {BOX}":
         raise DrawingError(f"{path.name}: the viewBox must be 0 0 {BOX} {BOX}")
-    pen = TransformPen(SegmentToPointPen(drawing), (SCALE, 0, 0, -SCALE, 0, ASCENT))
+    pen = TransformPen(CubicPen(SegmentToPointPen(drawing)), (SCALE, 0, 0, -SCALE, 0, ASCENT))
     for element in root:
         if not element.tag.endswith("}path") or set(element.keys()) != {"d"}:
             raise DrawingError(f"{path.name}: only <path d=…> is understood, filled by the nonzero rule")
         parse_path(element.get("d"), pen)
     if not drawing.contours:
         raise DrawingError(f"{path.name} is empty")
-    return drawing
+    return drawing.clockwise()
 
 
 class Shelf:
