@@ -1,4 +1,4 @@
-"""Reading the drawings of icons and putting them together, by the notation that the head of icons.tsv explains."""
+"""Reading the drawings of icons and putting them together, by the notation that README.md explains."""
 
 from __future__ import annotations
 
@@ -86,7 +86,7 @@ class Drawing(AbstractPointPen):
         return pen.bounds[0], pen.bounds[2]
 
     def clockwise(self) -> Drawing:
-        """The drawing with its outer contours clockwise, as TrueType has them; two that differ would cancel out."""
+        """The drawing turned so that its outer contours are clockwise, as TrueType has them."""
         area = AreaPen()
         self.draw(area)
         if area.value <= 0:
@@ -96,10 +96,15 @@ class Drawing(AbstractPointPen):
             contour.drawPoints(ReverseContourPointPen(result))
         return result
 
-    def united(self, other: Drawing) -> Drawing:
+    def oriented(self) -> Drawing:
+        """The drawing without overlaps, each contour turned by whether it is an outer one or a hole."""
         result = Drawing()
-        booleans.union(self.contours + other.contours, result)
+        booleans.union(self.contours, result)
         return result.clockwise()
+
+    def united(self, other: Drawing) -> Drawing:
+        # Outer contours of opposite directions would cancel out where they overlap.
+        return Drawing(self.oriented().contours + other.oriented().contours).oriented()
 
     def less(self, other: Drawing) -> Drawing:
         result = Drawing()

@@ -21,6 +21,7 @@ MAC_EPOCH_OFFSET = 2082844800  # 1904 to 1970, in seconds
 HERE = Path(__file__).resolve().parent
 MAPPING = HERE / "icons.tsv"
 OWN_DRAWINGS = HERE / "drawings"
+SAME = "="                 # instead of a source: the drawing at 24 serves at 16 as well
 PACKAGE = Path("@phosphor-icons/core")
 
 
@@ -32,20 +33,19 @@ class Icon:
     x24: int
     source24: str
     source16: str
-    remark: str
+    remark: str = ""
 
 
 def read_mapping(path: Path = MAPPING) -> list[Icon]:
     icons = []
-    for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
-        if not line or line.startswith("#"):
-            continue
-        fields = line.split("\t")
-        if len(fields) not in (5, 6):
-            raise DrawingError(f"{path.name}:{number}: five or six fields are expected, parted by tabs")
-        accessor, x16, x24, source24, source16, remark = (*fields, "")[:6]
-        icons.append(Icon(accessor, int(x16, 16), int(x24, 16), source24, source24 if source16 == "=" else source16,
-                          remark))
+    _, *lines = path.read_text(encoding="utf-8").splitlines()
+    for number, line in enumerate(lines, 2):
+        try:
+            accessor, x16, x24, source24, source16, *remark = line.split("\t")
+            icons.append(Icon(accessor, int(x16, 16), int(x24, 16), source24,
+                              source24 if source16 == SAME else source16, *remark))
+        except (TypeError, ValueError) as error:
+            raise DrawingError(f"{path.name}:{number} is not of five or six fields parted by tabs") from error
     return icons
 
 
