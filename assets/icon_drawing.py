@@ -24,6 +24,7 @@ ASCENT = EM * 7 // 8       # of the top of the box above the baseline
 
 GAP = 16 * SCALE           # cut away around what "~" lays on
 CLEFT = 40 * SCALE         # clefts of a badge that are narrower than this are cut away with it
+CRUMB = 150 * SCALE**2     # area of what a gap leaves over that is too small to be meant
 CLIPPER_SCALE = 1 << 10    # the clipper works in integers
 CURVE_STEPS = 16           # of the polygons that approximate a badge
 ARC_TOLERANCE = 0.25       # of the arcs around it, in units of the em
@@ -87,9 +88,7 @@ class Drawing(AbstractPointPen):
 
     def clockwise(self) -> Drawing:
         """The drawing turned so that its outer contours are clockwise, as TrueType has them."""
-        area = AreaPen()
-        self.draw(area)
-        if area.value <= 0:
+        if sum(map(_area, self.contours)) <= 0:
             return self
         result = Drawing()
         for contour in self.contours:
@@ -110,6 +109,9 @@ class Drawing(AbstractPointPen):
         result = Drawing()
         booleans.difference(self.contours, other.contours, result)
         return result.clockwise()
+
+    def without_crumbs(self) -> Drawing:
+        return Drawing(contour for contour in self.contours if abs(_area(contour)) >= CRUMB)
 
     def surroundings(self) -> Drawing:
         """All that is within the gap around the silhouette."""
@@ -148,6 +150,12 @@ class PolygonPen(BasePen):
         start = self._getCurrentPoint()
         for step in range(1, CURVE_STEPS + 1):
             self._lineTo(cubicPointAtT(start, first, second, end, step / CURVE_STEPS))
+
+
+def _area(contour: Contour) -> float:
+    pen = AreaPen()
+    Drawing([contour]).draw(pen)
+    return pen.value
 
 
 def _outer(polygons: list) -> list:
@@ -192,7 +200,7 @@ class Shelf:
         for operator, text in zip(rest[::2], rest[1::2]):
             part = self._part(text)
             if operator == "~":
-                drawing = drawing.less(part.surroundings())
+                drawing = drawing.less(part.surroundings()).without_crumbs()
             drawing = drawing.less(part) if operator == "-" else drawing.united(part)
         return drawing
 
