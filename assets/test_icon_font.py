@@ -111,10 +111,12 @@ class Mapping(unittest.TestCase):
                 self.assertTrue(icon.source24.startswith("fill/"), icon.accessor)
                 self.assertTrue(icon.source16.startswith("fill/"), icon.accessor)
 
-    def test_a_mark_is_called_a_mark(self):
-        for icon in ICONS:
-            if "-logo" in icon.source24:
-                self.assertEqual(icon.remark, "a mark of its owner", icon.accessor)
+    def test_the_marks_of_others_are_called_so_here_and_in_the_notice(self):
+        marks = {icon.accessor for icon in ICONS if icon.remark == "a mark of its owner"}
+        self.assertLessEqual({icon.accessor for icon in ICONS if "-logo" in icon.source24}, marks)
+        notice = (HERE.parent / "NOTICE.md").read_text()
+        named = re.search(r"the icons called (.*?)\.", notice, re.DOTALL)[1]
+        self.assertEqual(set(re.findall(r"`(\w+)`", named)), marks)
 
     def test_the_counts_of_the_readme_are_true(self):
         def origin(source: str) -> str:
