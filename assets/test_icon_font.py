@@ -90,7 +90,7 @@ class Mapping(unittest.TestCase):
     def test_it_has_the_icons_of_the_catalogue_in_their_order(self):
         if not CATALOGUE.is_file():
             self.skipTest("there is no catalogue yet")
-        rows = re.findall(r"^BRISEL_ICON\((\w+?)_?, \w+, 0x([0-9A-F]+), 0x([0-9A-F]+), (?:true|false)\)",
+        rows = re.findall(r"^BRISEL_ICON\((\w+?)_?,\s*\w+,\s*0x(\w+),\s*0x(\w+),",
                           CATALOGUE.read_text(), re.MULTILINE)
         self.assertEqual([(icon.accessor, icon.x16, icon.x24) for icon in ICONS],
                          [(accessor, int(x16, 16), int(x24, 16)) for accessor, x16, x24 in rows])
@@ -111,10 +111,12 @@ class Mapping(unittest.TestCase):
                 self.assertTrue(icon.source24.startswith("fill/"), icon.accessor)
                 self.assertTrue(icon.source16.startswith("fill/"), icon.accessor)
 
-    def test_a_mark_is_called_a_mark(self):
-        for icon in ICONS:
-            if "-logo" in icon.source24:
-                self.assertEqual(icon.remark, "a mark of its owner", icon.accessor)
+    def test_the_marks_of_others_are_called_so_here_and_in_the_notice(self):
+        marks = {icon.accessor for icon in ICONS if icon.remark == "a mark of its owner"}
+        self.assertLessEqual({icon.accessor for icon in ICONS if "-logo" in icon.source24}, marks)
+        notice = (HERE.parent / "NOTICE.md").read_text()
+        named = re.search(r"the icons called (.*?)\.", notice, re.DOTALL)[1]
+        self.assertEqual(set(re.findall(r"`(\w+)`", named)), marks)
 
     def test_the_counts_of_the_readme_are_true(self):
         def origin(source: str) -> str:
