@@ -1,6 +1,10 @@
 // The value-type interface, all of it. Programs that are built often include what they use instead.
 #pragma once
 
+#include "brisel/icons/catalogue.h"
+#include "brisel/icons/icon.h"
+#include "brisel/icons/icon_error.h"
+#include "brisel/icons/icon_font.h"
 #include "brisel/infrastructure/cache.h"
 #include "brisel/infrastructure/memory_pressure_observable.h"
 #include "brisel/themes/catalogue.h"

@@ -1,5 +1,6 @@
 #include "brisel/object_interface/fonts.h"
 
+#include "brisel/object_interface/icons.h"
 #include "brisel/object_interface/internal/shared_instances.h"
 #include "brisel/object_interface/internal/unwrap.h"
 #include "brisel/platform/font_descriptor.h"
@@ -103,5 +104,7 @@ VLMBriselFontLoader::UIFontPtr VLMBriselFontLoader::tondalFontStackWithPrimaryFo
   return stackFont({unwrap(primaryFont).font(), fallbacks}, unwrap(weight).fontWeight(), size,
                    fontDescriptorFeatureSettings);
 }
+
+VLMBriselFontLoader::UIFontPtr VLMBriselFontLoader::halviconFont() { return VLMBriselSwiftIcons::fontWithSize(26); }
 
 void VLMBriselFontLoader::loadTypeStyleFonts() noexcept {}

@@ -105,6 +105,9 @@ class VLMBriselFontLoader final {
       const std::shared_ptr<const VLMBriselSwiftFontWeight>& weight, Brisel::Platform::CGFloat size,
       const FeatureSettings& fontDescriptorFeatureSettings);
 
+  /// The icon font at 26 points: `VLMBriselSwiftIcons::fontWithSize`.
+  static UIFontPtr halviconFont();
+
   /// Does nothing: fonts are registered when the first one is built. Kept for those who call it at start.
   static void loadTypeStyleFonts() noexcept;
 };
