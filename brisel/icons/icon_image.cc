@@ -69,9 +69,8 @@ std::int64_t memoryUsage(const UIImage& image) {
 
 // Not what could not be drawn, which may succeed another time; what would fill the cache alone; nor what nobody will
 // find again, since it holds not-a-number.
-bool isWorthKeeping(const IconConfiguration& configuration, const UIImage& image) {
-  return image.bitmap() && memoryUsage(image) < internal::iconImageCache().memoryLimit() &&
-         configuration == configuration;
+bool isWorthKeeping(const internal::IconConfigurationView& request, const UIImage& image) {
+  return image.bitmap() && memoryUsage(image) < internal::iconImageCache().memoryLimit() && request == request;
 }
 
 struct CacheSlot {
@@ -113,7 +112,7 @@ ImagePtr image(const Icon& icon, CGSize iconSize, CGSize imageSize, std::optiona
 
   const IconConfiguration configuration(icon, iconSize, imageSize, glyphSize, color, backgroundColor, offset);
   ImagePtr image = render(configuration, drawnIconSize, drawnImageSize);
-  if (isWorthKeeping(configuration, *image)) cache.setValue(image, configuration, memoryUsage(*image));
+  if (isWorthKeeping(request, *image)) cache.setValue(image, configuration, memoryUsage(*image));
   return image;
 }
 
