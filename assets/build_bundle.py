@@ -1,11 +1,12 @@
 #!/usr/bin/env python3
-"""Builds BriselFoundation.bundle: the 24 typefaces and their licence texts.
+"""Builds BriselFoundation.bundle: the 24 typefaces, the icon font and the licences of their sources.
 
     python3 assets/build_bundle.py --sources assets/node_modules --out DIR
 
 The design sheet below says what every family is made of; `typeface_assembly`
 cuts and joins the pieces, `letter_composition` draws the letters that the
-sources lack. The same sources give the same bytes.
+sources lack. `icon_font` follows a sheet of its own, icons.tsv. The same
+sources give the same bytes.
 """
 
 from __future__ import annotations
@@ -21,11 +22,12 @@ from dataclasses import dataclass
 from pathlib import Path
 
 try:
+    import booleanOperations  # noqa: F401  (joins the parts of icons)
     import brotli  # noqa: F401  (WOFF2 sources cannot be read without it)
     import fontTools  # noqa: F401
 except ImportError as error:
     sys.exit(f"build_bundle: {error.name} is missing for {sys.executable}: "
-             "install python3-fonttools and python3-brotli")
+             "install python3-fonttools, python3-brotli and python3-booleanoperations")
 
 # ---------------------------------------------------------------------------
 # Design sheet
@@ -151,11 +153,26 @@ def write_face(job: tuple[str, str, str, str]) -> str:
     return str(path)
 
 
+def write_icon_font(root: Path, folder: Path) -> str:
+    import icon_font
+    from icon_drawing import DrawingError
+
+    path = folder / f"{icon_font.NAME}.ttf"
+    try:
+        path.write_bytes(icon_font.build_icon_font(root, source_date()))
+    except DrawingError as error:
+        raise BuildError(str(error)) from error
+    return str(path)
+
+
 def write_licences(root: Path, folder: Path) -> None:
+    import icon_font
+
     folder.mkdir()
     for source in dict.fromkeys(s.package for family in FAMILIES for s in sources_of(family)):
         text = (root / "@fontsource-variable" / source / "LICENSE").read_text(encoding="utf-8")
         (folder / f"{source}-OFL.txt").write_text(text, encoding="utf-8")
+    (folder / "phosphor-icons-MIT.txt").write_text(icon_font.licence(root).read_text(encoding="utf-8"), encoding="utf-8")
 
 
 def sanitize(paths: list[str]) -> None:
@@ -196,7 +213,8 @@ def build_bundle(root: Path, out: Path, jobs: int, check: bool) -> None:
         work.chmod(0o755)
         tasks = [(family.name, weight, str(root), str(work)) for family in FAMILIES for weight in WEIGHTS]
         with multiprocessing.Pool(jobs) as pool:
-            paths = pool.map(write_face, tasks, chunksize=1)
+            faces = pool.map_async(write_face, tasks, chunksize=1)
+            paths = [write_icon_font(root, work), *faces.get()]
         write_licences(root, work / "licences")
         if check:
             sanitize(paths)

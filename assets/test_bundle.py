@@ -100,12 +100,13 @@ def kerning(font: TTFont, first: str, second: str) -> int:
 
 
 class Files(unittest.TestCase):
-    def test_the_bundle_holds_the_24_faces_and_no_other_file(self):
+    def test_the_bundle_holds_the_24_faces_the_icon_font_and_no_other_file(self):
         self.assertEqual({path.name for path in BUNDLE.iterdir()},
-                         {f"{family}-{weight}.otf" for family, weight in FACES} | {"licences"})
+                         {f"{family}-{weight}.otf" for family, weight in FACES} | {"halvicon.ttf", "licences"})
 
     def test_every_source_licence_is_beside_the_faces(self):
         texts = {path.name: path.read_text() for path in (BUNDLE / "licences").iterdir()}
+        self.assertIn("MIT License", texts.pop("phosphor-icons-MIT.txt"))
         self.assertEqual(set(texts), {f"{name}-OFL.txt" for name in (
             "figtree", "archivo", "noto-sans", "noto-sans-arabic", "noto-sans-hebrew", "noto-sans-devanagari")})
         for name, text in texts.items():

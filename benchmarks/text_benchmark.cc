@@ -1,7 +1,6 @@
 // How much room a text takes at 16 pixels in a width of 300: 40 Latin characters, which make two lines, and three lines
 // of Latin, Arabic and Hebrew. Everybody sets it in the bundle's book fonts.
 #include <QFontMetricsF>
-#include <QGuiApplication>
 #include <QStringList>
 #include <algorithm>
 #include <cmath>
@@ -17,6 +16,7 @@
 
 #include "benchmarks/bundle_fonts.h"
 #include "benchmarks/job.h"
+#include "benchmarks/qt_application.h"
 
 namespace {
 
@@ -63,15 +63,7 @@ void oursNewWidth(benchmark::State& state, std::string_view text) {
 }
 
 QFont qtFont() {
-  static QGuiApplication* const application = [] {
-    fontConfig();  // Before Qt asks for one.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    static int count = 1;
-    static char name[] = "benchmarks";
-    static char* arguments[] = {name, nullptr};
-    return new QGuiApplication(count, arguments);
-  }();
-  benchmark::DoNotOptimize(application);
+  qtApplication();
   QFont font;
   font.setFamilies(QStringList(std::begin(kFamilies), std::end(kFamilies)));
   font.setPixelSize(static_cast<int>(kFontSize));

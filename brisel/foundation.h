@@ -3,8 +3,10 @@
 
 #include "brisel/icons/catalogue.h"
 #include "brisel/icons/icon.h"
+#include "brisel/icons/icon_configuration.h"
 #include "brisel/icons/icon_error.h"
 #include "brisel/icons/icon_font.h"
+#include "brisel/icons/icon_image.h"
 #include "brisel/infrastructure/cache.h"
 #include "brisel/infrastructure/memory_pressure_observable.h"
 #include "brisel/themes/catalogue.h"

@@ -13,10 +13,17 @@ struct Bitmap {
   int height = 0;  // pixels
   std::vector<std::uint8_t> rgba;
 
+  std::size_t bytesPerRow() const noexcept { return static_cast<std::size_t>(width) * 4; }
+
   const std::uint8_t* pixel(int x, int y) const noexcept {
-    return rgba.data() +
-           (static_cast<std::size_t>(y) * static_cast<std::size_t>(width) + static_cast<std::size_t>(x)) * 4;
+    return rgba.data() + static_cast<std::size_t>(y) * bytesPerRow() + static_cast<std::size_t>(x) * 4;
   }
+
+  /// Whether there are pixels, and as many as width and height say.
+  bool isValid() const noexcept {
+    return width > 0 && height > 0 && rgba.size() == bytesPerRow() * static_cast<std::size_t>(height);
+  }
+
   friend bool operator==(const Bitmap&, const Bitmap&) = default;
 };
 

@@ -12,6 +12,11 @@ ColorPtr UIColor::initWithRed(CGFloat red, CGFloat green, CGFloat blue, CGFloat 
   return std::make_shared<const UIColor>(rgb(red, green, blue, alpha));
 }
 
+ColorPtr UIColor::clearColor() noexcept {
+  static constexpr UIColor kClear = grey(0, 0);
+  return ColorPtr(std::shared_ptr<void>(), &kClear);  // Lives for ever, and so needs no counting.
+}
+
 ColorPtr UIColor::colorWithAlphaComponent(CGFloat alpha) const {
   return std::make_shared<const UIColor>(UIColor(form_, red_, green_, blue_, alpha));
 }

@@ -45,6 +45,9 @@ class UIColor {
   /// `initWithRed:green:blue:alpha:`: a new colour in RGB form.
   static ColorPtr initWithRed(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha);
 
+  /// `clearColor`: black without any alpha, in grey form. One instance.
+  static ColorPtr clearColor() noexcept;
+
   constexpr Form form() const noexcept { return form_; }
   constexpr CGFloat alpha() const noexcept { return alpha_; }
 

@@ -10,32 +10,19 @@
 namespace Brisel::Platform {
 namespace {
 
-constexpr int kMaxPixels = 32'767;
+constexpr CGFloat kMostPixelsASide = 32'767;
+constexpr CGFloat kMostPixels = 134'217'728;  // 2^27: 512 MiB
 
-bool isFinite(const CGPoint& p) { return std::isfinite(p.x) && std::isfinite(p.y); }
-
-bool isDrawable(const CGRect& r) {
-  return isFinite(r.origin) && std::isfinite(r.size.width) && std::isfinite(r.size.height) && r.size.width > 0 &&
-         r.size.height > 0;
+// Pixels that a length takes. What rounding has left above a whole number does not count.
+CGFloat pixels(CGFloat points, CGFloat scale) {
+  constexpr CGFloat kRounding = 1e-6;
+  return std::ceil(points * scale - kRounding);
 }
 
 }  // namespace
 
-PortObject::~PortObject() = default;
-Canvas::~Canvas() = default;
 Engine::~Engine() = default;
 SystemEvents::~SystemEvents() = default;
-
-void Canvas::fillRect(const CGRect& rect, const UIColor& color) {
-  if (isDrawable(rect)) onFillRect(rect, color);
-}
-
-void Canvas::drawGlyphs(const Face& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
-                        const UIColor& color) {
-  if (face.maker() != maker_ || !std::isfinite(pointSize) || pointSize <= 0) return;
-  if (!std::all_of(glyphs.begin(), glyphs.end(), [](const auto& g) { return isFinite(g.origin); })) return;
-  onDrawGlyphs(face, pointSize, glyphs, color);
-}
 
 Engine::Registration Engine::registerFontFile(const std::filesystem::path& file) { return onRegisterFontFile(file); }
 
@@ -63,19 +50,23 @@ std::shared_ptr<const ShapedText> Engine::shape(const ShapeRequest& request) {
   return text;
 }
 
-std::unique_ptr<Canvas> Engine::makeCanvas(CGSize size, CGFloat scale) {
-  const CGFloat width = std::ceil(size.width * scale);
-  const CGFloat height = std::ceil(size.height * scale);
-  const bool valid = scale > 0 && width > 0 && height > 0 && width <= kMaxPixels && height <= kMaxPixels;
-  if (!valid) return nullptr;
-  return onMakeCanvas(static_cast<int>(width), static_cast<int>(height), scale);
+std::unique_ptr<Canvas> Engine::makeCanvas(CGSize size, CGFloat scale, bool isOpaque) {
+  if (!(size.width > 0 && size.height > 0 && scale > 0)) return nullptr;
+  const CGFloat width = std::max(pixels(size.width, scale), 1.0);
+  const CGFloat height = std::max(pixels(size.height, scale), 1.0);
+  if (width > kMostPixelsASide || height > kMostPixelsASide || width * height > kMostPixels) return nullptr;
+  return onMakeCanvas(static_cast<int>(width), static_cast<int>(height), scale, isOpaque);
 }
 
 std::vector<std::uint8_t> Engine::encodePng(const Bitmap& bitmap) {
-  const auto pixels =
-      static_cast<std::size_t>(std::max(bitmap.width, 0)) * static_cast<std::size_t>(std::max(bitmap.height, 0));
-  if (pixels == 0 || bitmap.rgba.size() != pixels * 4) return {};
-  return onEncodePng(bitmap);
+  return bitmap.isValid() ? onEncodePng(bitmap) : std::vector<std::uint8_t>();
+}
+
+PngPicture Engine::decodePng(std::span<const std::uint8_t> file) {
+  if (file.empty()) return {{}, false, "an empty file"};
+  PngPicture picture = onDecodePng(file);
+  if (!picture.bitmap.isValid() && picture.problem.empty()) fatalError("A port read a picture into nothing");
+  return picture;
 }
 
 std::string Engine::upperCase(std::string_view text) { return onUpperCase(internal::wellFormed(text)); }

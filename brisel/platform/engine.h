@@ -20,29 +20,13 @@
 #include <vector>
 
 #include "brisel/platform/bitmap.h"
-#include "brisel/platform/color.h"
+#include "brisel/platform/canvas.h"
 #include "brisel/platform/geometry.h"
+#include "brisel/platform/port_object.h"
 #include "brisel/platform/shaped_text.h"
 #include "brisel/platform/text_direction.h"
 
 namespace Brisel::Platform {
-
-class Engine;
-
-/// What an engine hands out: immutable, shareable between threads, and of use only to the engine that made it.
-class PortObject {
- public:
-  PortObject(const PortObject&) = delete;
-  PortObject& operator=(const PortObject&) = delete;
-  virtual ~PortObject();
-  const Engine* maker() const noexcept { return maker_; }
-
- protected:
-  explicit PortObject(const Engine& maker) noexcept : maker_(&maker) {}
-
- private:
-  const Engine* maker_;
-};
 
 /// A number-coded font feature, as font descriptors carry it.
 struct FontFeatureSetting {
@@ -57,12 +41,6 @@ struct TypefaceRequest {
   std::vector<std::string> cascade;  // PostScript names
   std::vector<FontFeatureSetting> features;
   friend bool operator==(const TypefaceRequest&, const TypefaceRequest&) = default;
-};
-
-/// One face of a font file: what draws a run of glyphs.
-class Face : public PortObject {
- protected:
-  using PortObject::PortObject;
 };
 
 /// The answer to a request: a face with its cascade and features.
@@ -100,40 +78,11 @@ struct ShapeRequest {
   bool naturalFallbackIsRightToLeft = false;  // for paragraphs without a strong character
 };
 
-/// A glyph where it is drawn: its origin, in points from the canvas's upper left corner, y downwards.
-struct PositionedGlyph {
-  std::uint32_t id = 0;
-  CGPoint origin;
-};
-
-/// A bitmap being painted. For one thread at a time. Coordinates are points.
-class Canvas {
- public:
-  Canvas(const Canvas&) = delete;
-  Canvas& operator=(const Canvas&) = delete;
-  virtual ~Canvas();
-
-  CGFloat scale() const noexcept { return scale_; }
-
-  /// Fills a rectangle, over what is there. Nothing happens where it is empty or not finite.
-  void fillRect(const CGRect& rect, const UIColor& color);
-
-  /// Draws glyphs of one face at one size, unhinted and placed to the sub-pixel, over what is there.
-  void drawGlyphs(const Face& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs, const UIColor& color);
-
-  /// A copy of the pixels as they are now.
-  Bitmap bitmap() const { return onBitmap(); }
-
- protected:
-  Canvas(const Engine& maker, CGFloat scale) noexcept : maker_(&maker), scale_(scale) {}
-  virtual void onFillRect(const CGRect& rect, const UIColor& color) = 0;
-  virtual void onDrawGlyphs(const Face& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
-                            const UIColor& color) = 0;
-  virtual Bitmap onBitmap() const = 0;
-
- private:
-  const Engine* maker_;
-  CGFloat scale_;
+/// What came of reading a PNG file: a picture, or why there is none.
+struct PngPicture {
+  Bitmap bitmap;  // empty where there is none
+  bool hasAlpha = false;
+  std::string problem;  // in a few words without a full stop, such as "not a PNG file"
 };
 
 /// Fonts, shaping, painting, upper-casing. All calls may come from any thread.
@@ -173,12 +122,16 @@ class Engine {
   /// Never null; an unusable request gives an empty text.
   std::shared_ptr<const ShapedText> shape(const ShapeRequest& request);
 
-  /// A transparent canvas of `size` points, at `scale` pixels a point, its pixel size rounded up. Null where a side is
-  /// not above 0 or above 32,767 pixels.
-  std::unique_ptr<Canvas> makeCanvas(CGSize size, CGFloat scale);
+  /// A canvas of `size` points, at `scale` pixels a point, its pixel size rounded up: transparent, or black for ever
+  /// opaque. Null where a side is not above 0 or above 32,767 pixels, where the whole is above 2^27 pixels, and where
+  /// there is no memory for it.
+  std::unique_ptr<Canvas> makeCanvas(CGSize size, CGFloat scale, bool isOpaque = false);
 
-  /// A bitmap as a PNG file's bytes; empty where the bitmap is.
+  /// A bitmap as a PNG file's bytes, without an alpha channel where all of it is opaque; empty where the bitmap is.
   std::vector<std::uint8_t> encodePng(const Bitmap& bitmap);
+
+  /// The picture in the bytes of a PNG file, of any colour type and depth.
+  PngPicture decodePng(std::span<const std::uint8_t> file);
 
   /// Full Unicode upper-casing, independent of any locale ("ß" becomes "SS"). Ill-formed bytes become U+FFFD.
   std::string upperCase(std::string_view text);
@@ -190,8 +143,9 @@ class Engine {
   virtual void onSetUsesHostFonts(bool uses) = 0;
   virtual std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& request) = 0;
   virtual std::shared_ptr<const ShapedText> onShape(const ShapeRequest& request) = 0;
-  virtual std::unique_ptr<Canvas> onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale) = 0;
+  virtual std::unique_ptr<Canvas> onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale, bool isOpaque) = 0;
   virtual std::vector<std::uint8_t> onEncodePng(const Bitmap& bitmap) = 0;
+  virtual PngPicture onDecodePng(std::span<const std::uint8_t> file) = 0;
   virtual std::string onUpperCase(const std::string& text) = 0;
 };
 

@@ -71,7 +71,10 @@ class EmptyEngine final : public Engine {
     return answersTypefaces ? std::make_shared<const EmptyTypeface>(*this) : nullptr;
   }
   std::shared_ptr<const ShapedText> onShape(const ShapeRequest& /*request*/) override { return nullptr; }
-  std::unique_ptr<Canvas> onMakeCanvas(int /*width*/, int /*height*/, CGFloat /*scale*/) override { return nullptr; }
+  std::unique_ptr<Canvas> onMakeCanvas(int /*width*/, int /*height*/, CGFloat /*scale*/, bool /*isOpaque*/) override {
+    return nullptr;
+  }
+  PngPicture onDecodePng(std::span<const std::uint8_t> /*file*/) override { return {}; }
   std::vector<std::uint8_t> onEncodePng(const Bitmap& /*bitmap*/) override { return {}; }
   std::string onUpperCase(const std::string& text) override { return text; }
 };

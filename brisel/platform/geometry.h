@@ -25,6 +25,17 @@ struct CGRect {
   friend bool operator==(const CGRect&, const CGRect&) = default;
 };
 
+/// What maps (x, y) to (a x + c y + tx, b x + d y + ty).
+struct CGAffineTransform {
+  CGFloat a = 1;
+  CGFloat b = 0;
+  CGFloat c = 0;
+  CGFloat d = 1;
+  CGFloat tx = 0;
+  CGFloat ty = 0;
+  friend bool operator==(const CGAffineTransform&, const CGAffineTransform&) = default;
+};
+
 /// Distances from the four sides of a rectangle, inwards.
 struct UIEdgeInsets {
   CGFloat top = 0;

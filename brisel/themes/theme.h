@@ -5,7 +5,7 @@
 
 #include "brisel/platform/color.h"
 #include "brisel/platform/internal/hash.h"
-#include "brisel/themes/internal/swatch.h"
+#include "brisel/tokens/internal/swatch.h"
 
 namespace Brisel {
 

@@ -8,6 +8,15 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
+void appendUtf16(std::u16string& out, char32_t c) {
+  if (c < 0x10000) {
+    out.push_back(static_cast<char16_t>(c));
+  } else {
+    out.push_back(static_cast<char16_t>(0xD7C0 + (c >> 10)));
+    out.push_back(static_cast<char16_t>(0xDC00 | (c & 0x3FF)));
+  }
+}
+
 void appendUtf8(std::string& out, char32_t c) {
   const auto byte = [&out](char32_t value) { out.push_back(static_cast<char>(value)); };
   if (c < 0x80) {
@@ -98,15 +107,13 @@ bool isWellFormed(std::u16string_view text) noexcept {
 std::u16string toUtf16(std::string_view text) {
   std::u16string out;
   out.reserve(text.size());
-  for (std::size_t i = 0; i < text.size();) {
-    const char32_t c = nextCharacter(text, i);
-    if (c < 0x10000) {
-      out.push_back(static_cast<char16_t>(c));
-    } else {
-      out.push_back(static_cast<char16_t>(0xD7C0 + (c >> 10)));
-      out.push_back(static_cast<char16_t>(0xDC00 | (c & 0x3FF)));
-    }
-  }
+  for (std::size_t i = 0; i < text.size();) appendUtf16(out, nextCharacter(text, i));
+  return out;
+}
+
+std::u16string toUtf16(char32_t character) {
+  std::u16string out;
+  appendUtf16(out, character);
   return out;
 }
 

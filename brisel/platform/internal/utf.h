@@ -18,6 +18,8 @@ char32_t nextCharacter(std::u16string_view text, std::size_t& index) noexcept;
 bool isWellFormed(std::u16string_view text) noexcept;
 
 std::u16string toUtf16(std::string_view text);
+/// One character, which must be a Unicode scalar.
+std::u16string toUtf16(char32_t character);
 std::string toUtf8(std::u16string_view text);
 
 /// The text with its ill-formed parts replaced.

@@ -1,57 +1,150 @@
 #include "brisel/platform/linux/canvas.h"
 
+#include <algorithm>
+#include <bit>
+#include <cmath>
 #include <cstring>
+#include <new>
 #include <utility>
+#include <vector>
 
-#include <cairo.h>
 #include <hb-ot.h>
 
+#include "brisel/platform/linux/cairo_pointers.h"
 #include "brisel/platform/linux/font_face.h"
 
 namespace Brisel::Platform::Linux {
 namespace {
 
-struct SurfaceDelete {
-  void operator()(cairo_surface_t* surface) const noexcept { cairo_surface_destroy(surface); }
-};
-using SurfacePtr = std::unique_ptr<cairo_surface_t, SurfaceDelete>;
+// A Bitmap keeps a pixel as the bytes R, G, B, A; Cairo as one word with alpha highest, which in memory is B, G, R, A.
+// To spare each bitmap a conversion, canvases have Cairo draw with red and blue exchanged: it treats all colours alike.
+static_assert(std::endian::native == std::endian::little);
 
-struct ContextDelete {
-  void operator()(cairo_t* context) const noexcept { cairo_destroy(context); }
-};
-using ContextPtr = std::unique_ptr<cairo_t, ContextDelete>;
+constexpr double kFarthest = 4'000'000;  // pixels: half of what Cairo's fixed-point numbers hold
 
-// Cairo keeps a pixel as one native word, alpha in the highest byte; a Bitmap keeps it as bytes R, G, B, A.
-std::uint32_t toCairo(const std::uint8_t* rgba) {
-  return (std::uint32_t{rgba[3]} << 24) | (std::uint32_t{rgba[0]} << 16) | (std::uint32_t{rgba[1]} << 8) | rgba[2];
+double clamped(double pixels) { return std::clamp(pixels, -kFarthest, kFarthest); }
+
+// What rounding has left beside a whole pixel is that pixel, so that images meet their own edges.
+double device(double points, double scale) {
+  constexpr double kRounding = 1e-6;
+  const double pixels = points * scale;
+  const double whole = std::round(pixels);
+  return clamped(std::abs(pixels - whole) < kRounding ? whole : pixels);
 }
 
-void fromCairo(std::uint32_t word, std::uint8_t* rgba) {
-  rgba[0] = static_cast<std::uint8_t>(word >> 16);
-  rgba[1] = static_cast<std::uint8_t>(word >> 8);
-  rgba[2] = static_cast<std::uint8_t>(word);
-  rgba[3] = static_cast<std::uint8_t>(word >> 24);
+cairo_filter_t filterOf(CGInterpolationQuality quality) {
+  switch (quality) {
+    case CGInterpolationQuality::none:
+      return CAIRO_FILTER_NEAREST;
+    case CGInterpolationQuality::low:
+      return CAIRO_FILTER_BILINEAR;
+    case CGInterpolationQuality::default_:
+    case CGInterpolationQuality::medium:
+      return CAIRO_FILTER_GOOD;
+    case CGInterpolationQuality::high:
+      return CAIRO_FILTER_BEST;
+  }
+  return CAIRO_FILTER_GOOD;
 }
 
-void setSource(cairo_t* context, const UIColor& color) {
-  const auto c = color.getRed();
-  cairo_set_source_rgba(context, c.red, c.green, c.blue, c.alpha);
+void exchangeRedAndBlue(cairo_surface_t* picture) {
+  cairo_surface_flush(picture);
+  unsigned char* row = cairo_image_surface_get_data(picture);
+  for (int y = 0; y < cairo_image_surface_get_height(picture); ++y) {
+    for (int x = 0; x < cairo_image_surface_get_width(picture); ++x) std::swap(row[4 * x], row[4 * x + 2]);
+    row += cairo_image_surface_get_stride(picture);
+  }
+  cairo_surface_mark_dirty(picture);
 }
 
 class CairoCanvas final : public Canvas {
  public:
-  CairoCanvas(const Engine& maker, std::shared_ptr<RasteriserPool> rasterisers, SurfacePtr surface, CGFloat scale)
+  CairoCanvas(const Engine& maker, std::shared_ptr<RasteriserPool> rasterisers, Bitmap bitmap, CGFloat scale,
+              bool isOpaque)
       : Canvas(maker, scale),
         rasterisers_(std::move(rasterisers)),
-        surface_(std::move(surface)),
-        context_(cairo_create(surface_.get())) {}
+        bitmap_(std::move(bitmap)),
+        isOpaque_(isOpaque),
+        surface_(surfaceOn(bitmap_)),
+        context_(cairo_create(surface_.get())) {
+    if (!isOpaque) return;
+    cairo_set_source_rgb(context_.get(), 0, 0, 0);
+    cairo_paint(context_.get());
+  }
+
+  bool isUsable() const { return cairo_status(context_.get()) == CAIRO_STATUS_SUCCESS; }
 
  private:
+  struct State {
+    CGBlendMode blendMode = CGBlendMode::normal;
+    CGInterpolationQuality quality = CGInterpolationQuality::default_;
+    std::shared_ptr<cairo_surface_t> mask;  // as large as the canvas; null: no mask
+  };
+
+  void onSave() override {
+    saved_.push_back(state_);
+    cairo_save(context_.get());
+  }
+
+  void onRestore() override {
+    state_ = std::move(saved_.back());
+    saved_.pop_back();
+    cairo_restore(context_.get());
+  }
+
+  void onSetBlendMode(CGBlendMode mode) override { state_.blendMode = mode; }
+  void onSetInterpolationQuality(CGInterpolationQuality quality) override { state_.quality = quality; }
+
+  void onClipToPath(const UIBezierPath& path) override {
+    trace(path);
+    cairo_clip(context_.get());
+  }
+
+  void onClipToMask(const Bitmap& mask, const CGRect& rect) override {
+    const std::shared_ptr<cairo_surface_t> coverage(
+        cairo_image_surface_create(CAIRO_FORMAT_A8, bitmap_.width, bitmap_.height), CairoDelete());
+    const CairoPtr<cairo_t> painter(cairo_create(coverage.get()));
+    setSource(painter.get(), mask, rect);
+    cairo_fill(painter.get());
+    if (const auto& outer = state_.mask) {
+      cairo_set_operator(painter.get(), CAIRO_OPERATOR_DEST_IN);
+      cairo_set_source_surface(painter.get(), outer.get(), 0, 0);
+      cairo_paint(painter.get());
+    }
+    state_.mask = coverage;
+  }
+
   void onFillRect(const CGRect& rect, const UIColor& color) override {
-    setSource(context_.get(), color);
-    cairo_rectangle(context_.get(), rect.origin.x * scale(), rect.origin.y * scale(), rect.size.width * scale(),
-                    rect.size.height * scale());
-    cairo_fill(context_.get());
+    draw([&](cairo_t* context) {
+      setSource(context, color);
+      trace(rect);
+      cairo_fill(context);
+    });
+  }
+
+  void onFillPath(const UIBezierPath& path, const UIColor& color) override {
+    draw([&](cairo_t* context) {
+      setSource(context, color);
+      trace(path);
+      cairo_fill(context);
+    });
+  }
+
+  void onStrokePath(const UIBezierPath& path, const UIColor& color) override {
+    draw([&](cairo_t* context) {
+      setSource(context, color);
+      trace(path);
+      cairo_set_line_width(context, clamped(path.lineWidth() * scale()));
+      cairo_stroke(context);
+    });
+  }
+
+  void onDrawBitmap(const Bitmap& bitmap, const CGRect& rect) override {
+    draw([&](cairo_t* context) {
+      setSource(context, bitmap, rect);
+      if (erases()) setSource(context, UIColor::grey(0, 1));
+      cairo_fill(context);
+    });
   }
 
   void onDrawGlyphs(const Face& object, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
@@ -59,44 +152,130 @@ class CairoCanvas final : public Canvas {
     const auto& face = static_cast<const FontFace&>(object);
     const double pixelsPerUnit = pointSize * scale() / face.unitsPerEm();
     const bool hasPictures = hb_ot_color_has_png(hb_font_get_face(face.font())) != 0;
-    const int width = cairo_image_surface_get_width(surface_.get());
-    const int height = cairo_image_surface_get_height(surface_.get());
     const RasteriserPool::Lease rasteriser(*rasterisers_);
-    setSource(context_.get(), color);
-    for (const PositionedGlyph& glyph : glyphs) {
-      const GlyphPlacement placement{glyph.origin.x * scale(), glyph.origin.y * scale(), pixelsPerUnit};
-      if (hasPictures && drawPicture(face, glyph.id, placement)) {
-        setSource(context_.get(), color);
-      } else if (auto* coverage = (*rasteriser).rasterise(face.font(), glyph.id, placement, width, height, a8Stride)) {
-        mask(*coverage);
+    draw([&](cairo_t* context) {
+      setSource(context, color);
+      for (const PositionedGlyph& glyph : glyphs) {
+        const GlyphPlacement placement{glyph.origin.x * scale(), glyph.origin.y * scale(), pixelsPerUnit};
+        if (hasPictures && drawPicture(face, glyph.id, placement)) {
+          setSource(context, color);
+        } else if (auto* coverage =
+                       (*rasteriser)
+                           .rasterise(face.font(), glyph.id, placement, bitmap_.width, bitmap_.height, a8Stride)) {
+          mask(*coverage);
+        }
       }
-    }
+    });
   }
 
   Bitmap onBitmap() const override {
     cairo_surface_flush(surface_.get());
-    Bitmap bitmap;
-    bitmap.width = cairo_image_surface_get_width(surface_.get());
-    bitmap.height = cairo_image_surface_get_height(surface_.get());
-    const auto rowBytes = static_cast<std::size_t>(bitmap.width) * 4;
-    bitmap.rgba.resize(rowBytes * static_cast<std::size_t>(bitmap.height));
-    const unsigned char* data = cairo_image_surface_get_data(surface_.get());
-    const auto stride = static_cast<std::size_t>(cairo_image_surface_get_stride(surface_.get()));
-    for (std::size_t y = 0; y < static_cast<std::size_t>(bitmap.height); ++y) {
-      for (std::size_t x = 0; x < static_cast<std::size_t>(bitmap.width); ++x) {
-        std::uint32_t word = 0;
-        std::memcpy(&word, data + y * stride + x * 4, sizeof word);
-        fromCairo(word, bitmap.rgba.data() + y * rowBytes + x * 4);
+    return bitmap_;
+  }
+
+  Bitmap onTakeBitmap() override {
+    cairo_surface_finish(surface_.get());  // From now on Cairo draws nothing here.
+    return std::exchange(bitmap_, {});
+  }
+
+  // What Cairo sees where a bitmap is. It writes there only as the canvas's own surface.
+  static CairoPtr<cairo_surface_t> surfaceOn(const Bitmap& bitmap) {
+    return CairoPtr<cairo_surface_t>(cairo_image_surface_create_for_data(const_cast<std::uint8_t*>(bitmap.rgba.data()),
+                                                                         CAIRO_FORMAT_ARGB32, bitmap.width,
+                                                                         bitmap.height, bitmap.width * 4));
+  }
+
+  bool erases() const { return state_.blendMode == CGBlendMode::clear; }
+
+  // Draws under the state's blend mode and mask; the clip is Cairo's own.
+  template <class Drawing>
+  void draw(const Drawing& drawing) {
+    cairo_t* context = context_.get();
+    const cairo_operator_t blend = erases() && !isOpaque_ ? CAIRO_OPERATOR_DEST_OUT : CAIRO_OPERATOR_OVER;
+    const auto& mask = state_.mask;
+    if (!mask) {
+      cairo_set_operator(context, blend);
+      drawing(context);
+      return;
+    }
+    cairo_push_group(context);
+    cairo_reset_clip(context);  // It is applied once, below.
+    cairo_set_operator(context, CAIRO_OPERATOR_OVER);
+    drawing(context);
+    cairo_pop_group_to_source(context);
+    cairo_set_operator(context, blend);
+    cairo_mask_surface(context, mask.get(), 0, 0);
+  }
+
+  void setSource(cairo_t* context, const UIColor& color) const {
+    if (erases()) {
+      cairo_set_source_rgb(context, 0, 0, 0);  // Erasing goes by coverage alone.
+      return;
+    }
+    const auto c = color.getRed();
+    cairo_set_source_rgba(context, c.blue, c.green, c.red, c.alpha);
+  }
+
+  // A bitmap stretched to the rectangle as the source, and the rectangle as the path. Its edge pixels reach beyond it,
+  // so that no edge is blurred with what is outside.
+  void setSource(cairo_t* context, const Bitmap& bitmap, const CGRect& rect) const {
+    const double left = device(rect.origin.x, scale());
+    const double top = device(rect.origin.y, scale());
+    const double width = device(rect.origin.x + rect.size.width, scale()) - left;
+    const double height = device(rect.origin.y + rect.size.height, scale()) - top;
+    cairo_new_path(context);
+    if (!(width > 0 && height > 0)) return;
+    cairo_rectangle(context, left, top, width, height);
+    const bool isAsItIs =
+        width == bitmap.width && height == bitmap.height && left == std::round(left) && top == std::round(top);
+    const auto surface = surfaceOn(bitmap);
+    const CairoPtr<cairo_pattern_t> pattern(cairo_pattern_create_for_surface(surface.get()));
+    cairo_matrix_t matrix;
+    cairo_matrix_init(&matrix, bitmap.width / width, 0, 0, bitmap.height / height, -left * bitmap.width / width,
+                      -top * bitmap.height / height);
+    cairo_pattern_set_matrix(pattern.get(), &matrix);
+    cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_PAD);
+    cairo_pattern_set_filter(pattern.get(), isAsItIs ? CAIRO_FILTER_NEAREST : filterOf(state_.quality));
+    cairo_set_source(context, pattern.get());
+  }
+
+  void trace(const CGRect& rect) {
+    const double left = device(rect.origin.x, scale());
+    const double top = device(rect.origin.y, scale());
+    cairo_new_path(context_.get());
+    cairo_rectangle(context_.get(), left, top, device(rect.origin.x + rect.size.width, scale()) - left,
+                    device(rect.origin.y + rect.size.height, scale()) - top);
+  }
+
+  void trace(const UIBezierPath& path) {
+    using Kind = UIBezierPath::Element::Kind;
+    cairo_t* context = context_.get();
+    const auto x = [this](CGPoint p) { return clamped(p.x * scale()); };
+    const auto y = [this](CGPoint p) { return clamped(p.y * scale()); };
+    cairo_new_path(context);
+    for (const UIBezierPath::Element& e : path.elements()) {
+      switch (e.kind) {
+        case Kind::move:
+          cairo_move_to(context, x(e.end), y(e.end));
+          break;
+        case Kind::line:
+          cairo_line_to(context, x(e.end), y(e.end));
+          break;
+        case Kind::curve:
+          cairo_curve_to(context, x(e.control1), y(e.control1), x(e.control2), y(e.control2), x(e.end), y(e.end));
+          break;
+        case Kind::close:
+          cairo_close_path(context);
+          break;
       }
     }
-    return bitmap;
   }
 
   static int a8Stride(int width) { return cairo_format_stride_for_width(CAIRO_FORMAT_A8, width); }
 
   void mask(GlyphCoverage& coverage) {
-    const SurfacePtr surface(cairo_image_surface_create_for_data(coverage.rows.data(), CAIRO_FORMAT_A8, coverage.width,
-                                                                 coverage.height, coverage.stride));
+    const CairoPtr<cairo_surface_t> surface(cairo_image_surface_create_for_data(
+        coverage.rows.data(), CAIRO_FORMAT_A8, coverage.width, coverage.height, coverage.stride));
     cairo_mask_surface(context_.get(), surface.get(), coverage.left, coverage.top);
   }
 
@@ -110,7 +289,7 @@ class CairoCanvas final : public Canvas {
     } reader{};
     reader.data = hb_blob_get_data(png.get(), &reader.left);
     if (reader.left == 0) return false;
-    const SurfacePtr picture(cairo_image_surface_create_from_png_stream(
+    const CairoPtr<cairo_surface_t> picture(cairo_image_surface_create_from_png_stream(
         [](void* closure, unsigned char* out, unsigned length) {
           auto& source = *static_cast<Reader*>(closure);
           if (length > source.left) return CAIRO_STATUS_READ_ERROR;
@@ -130,53 +309,42 @@ class CairoCanvas final : public Canvas {
     const int pictureWidth = cairo_image_surface_get_width(picture.get());
     const int pictureHeight = cairo_image_surface_get_height(picture.get());
     if (!(width > 0 && height > 0) || pictureWidth <= 0 || pictureHeight <= 0) return false;
+    exchangeRedAndBlue(picture.get());
     cairo_save(context_.get());
     cairo_translate(context_.get(), placement.x + extents.x_bearing * placement.pixelsPerUnit,
                     placement.y - extents.y_bearing * placement.pixelsPerUnit);
     cairo_scale(context_.get(), width / pictureWidth, height / pictureHeight);
-    cairo_set_source_surface(context_.get(), picture.get(), 0, 0);
-    cairo_paint(context_.get());
+    if (erases()) {
+      cairo_mask_surface(context_.get(), picture.get(), 0, 0);
+    } else {
+      cairo_set_source_surface(context_.get(), picture.get(), 0, 0);
+      cairo_paint(context_.get());
+    }
     cairo_restore(context_.get());
     return true;
   }
 
   std::shared_ptr<RasteriserPool> rasterisers_;
-  SurfacePtr surface_;
-  ContextPtr context_;
+  Bitmap bitmap_;
+  bool isOpaque_;
+  CairoPtr<cairo_surface_t> surface_;
+  CairoPtr<cairo_t> context_;
+  State state_;
+  std::vector<State> saved_;
 };
 
 }  // namespace
 
 std::unique_ptr<Canvas> makeCairoCanvas(const Engine& maker, std::shared_ptr<RasteriserPool> rasterisers,
-                                        int pixelWidth, int pixelHeight, CGFloat scale) {
-  SurfacePtr surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, pixelWidth, pixelHeight));
-  if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return nullptr;
-  return std::make_unique<CairoCanvas>(maker, std::move(rasterisers), std::move(surface), scale);
-}
-
-std::vector<std::uint8_t> pngOf(const Bitmap& bitmap) {
-  const SurfacePtr surface(cairo_image_surface_create(CAIRO_FORMAT_ARGB32, bitmap.width, bitmap.height));
-  if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return {};
-  cairo_surface_flush(surface.get());
-  unsigned char* data = cairo_image_surface_get_data(surface.get());
-  const auto stride = static_cast<std::size_t>(cairo_image_surface_get_stride(surface.get()));
-  for (int y = 0; y < bitmap.height; ++y) {
-    for (int x = 0; x < bitmap.width; ++x) {
-      const std::uint32_t word = toCairo(bitmap.pixel(x, y));
-      std::memcpy(data + static_cast<std::size_t>(y) * stride + static_cast<std::size_t>(x) * 4, &word, sizeof word);
-    }
+                                        int pixelWidth, int pixelHeight, CGFloat scale, bool isOpaque) {
+  try {
+    Bitmap bitmap{pixelWidth, pixelHeight, {}};
+    bitmap.rgba.resize(bitmap.bytesPerRow() * static_cast<std::size_t>(pixelHeight));
+    auto canvas = std::make_unique<CairoCanvas>(maker, std::move(rasterisers), std::move(bitmap), scale, isOpaque);
+    return canvas->isUsable() ? std::move(canvas) : nullptr;
+  } catch (const std::bad_alloc&) {
+    return nullptr;
   }
-  cairo_surface_mark_dirty(surface.get());
-  std::vector<std::uint8_t> png;
-  cairo_surface_write_to_png_stream(
-      surface.get(),
-      [](void* closure, const unsigned char* bytes, unsigned length) {
-        auto& out = *static_cast<std::vector<std::uint8_t>*>(closure);
-        out.insert(out.end(), bytes, bytes + length);
-        return CAIRO_STATUS_SUCCESS;
-      },
-      &png);
-  return png;
 }
 
 }  // namespace Brisel::Platform::Linux

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <cstdint>
 #include <memory>
-#include <vector>
 
-#include "brisel/platform/engine.h"
+#include "brisel/platform/canvas.h"
 #include "brisel/platform/linux/glyph_rasteriser.h"
 #include "brisel/platform/linux/pool.h"
 
@@ -14,8 +12,6 @@ using RasteriserPool = Pool<GlyphRasteriser>;
 
 /// A canvas on a Cairo image surface; null where there is no memory for it.
 std::unique_ptr<Canvas> makeCairoCanvas(const Engine& maker, std::shared_ptr<RasteriserPool> rasterisers,
-                                        int pixelWidth, int pixelHeight, CGFloat scale);
-
-std::vector<std::uint8_t> pngOf(const Bitmap& bitmap);
+                                        int pixelWidth, int pixelHeight, CGFloat scale, bool isOpaque);
 
 }  // namespace Brisel::Platform::Linux

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "brisel/platform/internal/hash.h"
+#include "brisel/platform/linux/png.h"
 #include "brisel/platform/linux/typeface.h"
 #include "brisel/platform/linux/unicode.h"
 #include "brisel/platform/log.h"
@@ -89,11 +90,13 @@ std::shared_ptr<const ShapedText> LinuxEngine::onShape(const ShapeRequest& reque
   return shaper_.shape(request, usesHostFonts_.load(std::memory_order_relaxed) ? &hostFonts_ : nullptr);
 }
 
-std::unique_ptr<Canvas> LinuxEngine::onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale) {
-  return makeCairoCanvas(*this, rasterisers_, pixelWidth, pixelHeight, scale);
+std::unique_ptr<Canvas> LinuxEngine::onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale, bool isOpaque) {
+  return makeCairoCanvas(*this, rasterisers_, pixelWidth, pixelHeight, scale, isOpaque);
 }
 
 std::vector<std::uint8_t> LinuxEngine::onEncodePng(const Bitmap& bitmap) { return pngOf(bitmap); }
+
+PngPicture LinuxEngine::onDecodePng(std::span<const std::uint8_t> file) { return pictureOfPng(file); }
 
 std::string LinuxEngine::onUpperCase(const std::string& text) { return upperCased(text); }
 

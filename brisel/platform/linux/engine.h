@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <mutex>
+#include <span>
 #include <unordered_map>
 
 #include "brisel/platform/engine.h"
@@ -30,8 +31,9 @@ class LinuxEngine final : public Engine {
   void onSetUsesHostFonts(bool uses) override;
   std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& request) override;
   std::shared_ptr<const ShapedText> onShape(const ShapeRequest& request) override;
-  std::unique_ptr<Canvas> onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale) override;
+  std::unique_ptr<Canvas> onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale, bool isOpaque) override;
   std::vector<std::uint8_t> onEncodePng(const Bitmap& bitmap) override;
+  PngPicture onDecodePng(std::span<const std::uint8_t> file) override;
   std::string onUpperCase(const std::string& text) override;
 
   void forgetTypefaces();

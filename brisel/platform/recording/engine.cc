@@ -37,30 +37,63 @@ class RecordingTypeface final : public Typeface {
 
 class RecordingCanvas final : public Canvas {
  public:
-  RecordingCanvas(const RecordingEngine& maker, int pixelWidth, int pixelHeight, CGFloat scale)
-      : Canvas(maker, scale), state_(maker.state_), width_(pixelWidth), height_(pixelHeight) {}
+  RecordingCanvas(const RecordingEngine& maker, const RecordingEngine::CanvasSize& size)
+      : Canvas(maker, size.scale), state_(maker.state_), size_(size) {
+    const std::lock_guard lock(state_->mutex);
+    state_->record.canvases.push_back(size);
+  }
 
  private:
+  using Call = RecordingEngine::CanvasCall;
+
+  void onSave() override { note({.kind = Call::Kind::save}); }
+  void onRestore() override { note({.kind = Call::Kind::restore}); }
+  void onSetBlendMode(CGBlendMode mode) override { note({.kind = Call::Kind::setBlendMode, .blendMode = mode}); }
+  void onSetInterpolationQuality(CGInterpolationQuality quality) override {
+    note({.kind = Call::Kind::setInterpolationQuality, .quality = quality});
+  }
+  void onClipToPath(const UIBezierPath& path) override { note({.kind = Call::Kind::clipToPath, .path = path}); }
+  void onClipToMask(const Bitmap&, const CGRect& rect) override {
+    note({.kind = Call::Kind::clipToMask, .rect = rect});
+  }
+  void onFillPath(const UIBezierPath& path, const UIColor& color) override {
+    note({.kind = Call::Kind::fillPath, .path = path, .color = color});
+  }
+  void onStrokePath(const UIBezierPath& path, const UIColor& color) override {
+    note({.kind = Call::Kind::strokePath, .path = path, .color = color});
+  }
+  void onDrawBitmap(const Bitmap&, const CGRect& rect) override {
+    note({.kind = Call::Kind::drawBitmap, .rect = rect});
+  }
+
   void onFillRect(const CGRect& rect, const UIColor& color) override {
+    note({.kind = Call::Kind::fillRect, .rect = rect, .color = color});
     const std::lock_guard lock(state_->mutex);
     state_->record.fills.push_back({rect, color});
   }
 
   void onDrawGlyphs(const Face& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
                     const UIColor& color) override {
+    note({.kind = Call::Kind::drawGlyphs, .color = color});
     const std::lock_guard lock(state_->mutex);
     state_->record.drawings.push_back(
         {static_cast<const RecordingFace&>(face).name(), pointSize, {glyphs.begin(), glyphs.end()}, color});
   }
 
   Bitmap onBitmap() const override {
-    const auto pixels = static_cast<std::size_t>(width_) * static_cast<std::size_t>(height_);
-    return {width_, height_, std::vector<std::uint8_t>(pixels * 4)};
+    const auto pixels = static_cast<std::size_t>(size_.pixelWidth) * static_cast<std::size_t>(size_.pixelHeight);
+    return {size_.pixelWidth, size_.pixelHeight, std::vector<std::uint8_t>(pixels * 4)};
+  }
+
+  Bitmap onTakeBitmap() override { return onBitmap(); }
+
+  void note(Call call) {
+    const std::lock_guard lock(state_->mutex);
+    state_->record.calls.push_back(std::move(call));
   }
 
   std::shared_ptr<RecordingEngine::State> state_;
-  int width_;
-  int height_;
+  RecordingEngine::CanvasSize size_;
 };
 
 RecordingEngine::RecordingEngine() = default;
@@ -156,11 +189,15 @@ std::shared_ptr<const ShapedText> RecordingEngine::onShape(const ShapeRequest& r
   return shaped;
 }
 
-std::unique_ptr<Canvas> RecordingEngine::onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale) {
-  return std::make_unique<RecordingCanvas>(*this, pixelWidth, pixelHeight, scale);
+std::unique_ptr<Canvas> RecordingEngine::onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale, bool isOpaque) {
+  return std::make_unique<RecordingCanvas>(*this, CanvasSize{pixelWidth, pixelHeight, scale, isOpaque});
 }
 
 std::vector<std::uint8_t> RecordingEngine::onEncodePng(const Bitmap& bitmap) { return bitmap.rgba; }
+
+PngPicture RecordingEngine::onDecodePng(std::span<const std::uint8_t>) {
+  return {{}, false, "a port without pictures"};
+}
 
 std::string RecordingEngine::onUpperCase(const std::string& text) {
   std::string upper = text;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <mutex>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -33,12 +34,43 @@ class RecordingEngine final : public Engine {
     std::vector<PositionedGlyph> glyphs;
     UIColor color = UIColor::grey(0, 1);
   };
+  /// A call on a canvas; of the fields, those that the call has.
+  struct CanvasCall {
+    enum class Kind : std::uint8_t {
+      save,
+      restore,
+      setBlendMode,
+      setInterpolationQuality,
+      clipToPath,
+      clipToMask,
+      fillRect,
+      fillPath,
+      strokePath,
+      drawBitmap,
+      drawGlyphs,
+    };
+    Kind kind = Kind::save;
+    CGRect rect{};
+    UIBezierPath path{};
+    UIColor color = UIColor::grey(0, 1);
+    CGBlendMode blendMode = CGBlendMode::normal;
+    CGInterpolationQuality quality = CGInterpolationQuality::default_;
+  };
+  struct CanvasSize {
+    int pixelWidth = 0;
+    int pixelHeight = 0;
+    CGFloat scale = 1;
+    bool isOpaque = false;
+    friend bool operator==(const CanvasSize&, const CanvasSize&) = default;
+  };
   struct Record {
     std::vector<std::filesystem::path> registeredFiles;
     std::vector<TypefaceRequest> typefaces;
     std::vector<std::u16string> shapedTexts;
     std::vector<Fill> fills;
     std::vector<GlyphDrawing> drawings;
+    std::vector<CanvasSize> canvases;
+    std::vector<CanvasCall> calls;  // on all canvases, in order
     std::string substituteFamily;
     bool usesHostFonts = true;
   };
@@ -64,9 +96,11 @@ class RecordingEngine final : public Engine {
   void onSetUsesHostFonts(bool uses) override;
   std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& request) override;
   std::shared_ptr<const ShapedText> onShape(const ShapeRequest& request) override;
-  std::unique_ptr<Canvas> onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale) override;
+  std::unique_ptr<Canvas> onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale, bool isOpaque) override;
   /// No PNG: the bitmap's bytes as they are.
   std::vector<std::uint8_t> onEncodePng(const Bitmap& bitmap) override;
+  /// Reads no files.
+  PngPicture onDecodePng(std::span<const std::uint8_t> file) override;
   std::string onUpperCase(const std::string& text) override;
 
   // Canvases may outlive the engine; they share the record with it.

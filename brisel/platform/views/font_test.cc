@@ -39,7 +39,8 @@ class OneFaceEngine final : public Engine {
   std::shared_ptr<const ShapedText> onShape(const ShapeRequest&) override {
     return std::make_shared<const ShapedText>();
   }
-  std::unique_ptr<Canvas> onMakeCanvas(int, int, CGFloat) override { return nullptr; }
+  std::unique_ptr<Canvas> onMakeCanvas(int, int, CGFloat, bool) override { return nullptr; }
+  PngPicture onDecodePng(std::span<const std::uint8_t>) override { return {}; }
   std::vector<std::uint8_t> onEncodePng(const Bitmap&) override { return {}; }
   std::string onUpperCase(const std::string& text) override { return text; }
 };

@@ -3,7 +3,7 @@
 #include <cstddef>
 
 #include "brisel/platform/color.h"
-#include "brisel/themes/internal/swatch.h"
+#include "brisel/tokens/internal/swatch.h"
 #include "brisel/tokens/internal/color_slot.h"
 
 namespace Brisel::internal {

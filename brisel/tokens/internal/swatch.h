@@ -14,7 +14,7 @@ class Swatch {
  public:
   /// A null colour is a programming error.
   explicit Swatch(Platform::ColorPtr color) : color_(std::move(color)) {
-    if (!color_) Platform::fatalError("A theme was given a null colour.");
+    if (!color_) Platform::fatalError("A null colour was given where a value needs one");
   }
 
   const Platform::ColorPtr& color() const noexcept { return color_; }

@@ -1,0 +1,98 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "brisel/icons/icon.h"
+#include "brisel/platform/color.h"
+#include "brisel/platform/geometry.h"
+#include "brisel/platform/internal/hash.h"
+#include "brisel/tokens/internal/swatch.h"
+
+namespace Brisel {
+
+/// All that an icon's image is asked for with: the key of the image cache. An immutable value; colours are compared as
+/// objects, so that a grey and an RGB white are two.
+class IconConfiguration {
+ public:
+  /// Sizes and offset in points. A null colour is a programming error.
+  explicit IconConfiguration(const Icon& icon, Platform::CGSize iconSize, Platform::CGSize imageSize,
+                             std::optional<Icon::GlyphSize> glyphSize, const Platform::ColorPtr& color,
+                             const Platform::ColorPtr& backgroundColor, Platform::CGPoint offset);
+
+  const Icon& icon() const noexcept { return icon_; }
+  /// The box that the glyph is drawn in.
+  Platform::CGSize iconSize() const noexcept { return iconSize_; }
+  Platform::CGSize imageSize() const noexcept { return imageSize_; }
+  /// Absent: chosen by the font size.
+  std::optional<Icon::GlyphSize> glyphSize() const noexcept { return glyphSize_; }
+  const Platform::ColorPtr& color() const noexcept { return color_.color(); }
+  const Platform::ColorPtr& backgroundColor() const noexcept { return backgroundColor_.color(); }
+  /// Of the glyph's box from the middle of the image.
+  Platform::CGPoint offset() const noexcept { return offset_; }
+
+  /// "Icon: name: Heart, iconSize: (24.0, 24.0), imageSize: (32.0, 32.0)"
+  std::string description() const;
+  /// All fields, in braces, one a line. A colour is printed by its form: "white 1.0 alpha 1.0" or "red 0.1 green 0.2
+  /// blue 0.3 alpha 1.0".
+  std::string debugDescription() const;
+
+  friend bool operator==(const IconConfiguration&, const IconConfiguration&) = default;
+
+ private:
+  Icon icon_;
+  Platform::CGSize iconSize_;
+  Platform::CGSize imageSize_;
+  std::optional<Icon::GlyphSize> glyphSize_;
+  internal::Swatch color_;
+  internal::Swatch backgroundColor_;
+  Platform::CGPoint offset_;
+};
+
+namespace internal {
+
+/// A configuration in its caller's memory, so that looking one up copies nothing.
+struct IconConfigurationView {
+  const Icon& icon;
+  Platform::CGSize iconSize;
+  Platform::CGSize imageSize;
+  std::optional<Icon::GlyphSize> glyphSize;
+  const Platform::UIColor& color;
+  const Platform::UIColor& backgroundColor;
+  Platform::CGPoint offset;
+
+  IconConfigurationView(const Icon& i, Platform::CGSize iSize, Platform::CGSize mSize,
+                        std::optional<Icon::GlyphSize> gSize, const Platform::UIColor& c, const Platform::UIColor& b,
+                        Platform::CGPoint o) noexcept
+      : icon(i), iconSize(iSize), imageSize(mSize), glyphSize(gSize), color(c), backgroundColor(b), offset(o) {}
+  IconConfigurationView(const IconConfiguration& c) noexcept
+      : IconConfigurationView(c.icon(), c.iconSize(), c.imageSize(), c.glyphSize(), *c.color(), *c.backgroundColor(),
+                              c.offset()) {}
+
+  friend bool operator==(const IconConfigurationView& a, const IconConfigurationView& b) noexcept {
+    return a.icon == b.icon && a.iconSize == b.iconSize && a.imageSize == b.imageSize && a.glyphSize == b.glyphSize &&
+           a.color.isEqual(b.color) && a.backgroundColor.isEqual(b.backgroundColor) && a.offset == b.offset;
+  }
+  friend void hashInto(Platform::internal::Hasher& hasher, const IconConfigurationView& view) {
+    hasher(view.icon, view.iconSize.width, view.iconSize.height, view.imageSize.width, view.imageSize.height,
+           view.glyphSize.has_value());
+    if (view.glyphSize) hasher(*view.glyphSize);
+    hasher(view.color.objectHash(), view.backgroundColor.objectHash(), view.offset.x, view.offset.y);
+  }
+};
+
+/// Hash and equality of configurations and views alike, which are the same for both.
+struct IconConfigurationHash : Platform::internal::FieldHash<IconConfigurationView> {
+  using is_transparent = void;
+};
+struct IconConfigurationEqual {
+  using is_transparent = void;
+  bool operator()(const IconConfigurationView& a, const IconConfigurationView& b) const noexcept { return a == b; }
+};
+
+}  // namespace internal
+}  // namespace Brisel
+
+template <>
+struct std::hash<Brisel::IconConfiguration> : Brisel::internal::IconConfigurationHash {};

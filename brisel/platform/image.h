@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "brisel/platform/bitmap.h"
+#include "brisel/platform/geometry.h"
+#include "brisel/platform/object.h"
+
+namespace Brisel::Platform {
+
+/// Whether and where a bitmap's pixels carry alpha, by the published numbers.
+enum class CGImageAlphaInfo : std::uint32_t {
+  none = 0,
+  premultipliedLast = 1,
+  premultipliedFirst = 2,
+  last = 3,
+  first = 4,
+  noneSkipLast = 5,
+  noneSkipFirst = 6,
+  only = 7,
+};
+
+/// Whether views may draw an image in their tint. The library draws each in its own colours.
+enum class UIImageRenderingMode : std::uint8_t { automatic, alwaysOriginal, alwaysTemplate };
+
+/// An immutable picture of 8-bit RGBA pixels, or an empty one. It may be shared between threads; images that differ
+/// only in rendering mode share their pixels.
+class UIImage final : public NSObject {
+ public:
+  /// `init`: a new image without a bitmap, of no size, at scale 1.
+  static std::shared_ptr<const UIImage> init();
+
+  /// An image of pixels that lie `scale` a point. `alphaInfo` is kept as what the bitmap was before it became
+  /// premultiplied RGBA; kinds without alpha make its pixels opaque. An image without a bitmap where the bitmap is not
+  /// valid; scale 1 where `scale` is not finite and above 0.
+  static std::shared_ptr<const UIImage> imageWithBitmap(
+      Bitmap bitmap, CGFloat scale, CGImageAlphaInfo alphaInfo = CGImageAlphaInfo::premultipliedLast);
+
+  /// `imageWithData:scale:`: the picture of a PNG file's bytes. Null where there is none; `problem`, where given, then
+  /// says why in a few words.
+  static std::shared_ptr<const UIImage> imageWithData(std::span<const std::uint8_t> data, CGFloat scale = 1,
+                                                      std::string* problem = nullptr);
+
+  /// The pixels; null for an empty image.
+  const std::shared_ptr<const Bitmap>& bitmap() const noexcept { return bitmap_; }
+  CGImageAlphaInfo alphaInfo() const noexcept { return alphaInfo_; }
+  CGFloat scale() const noexcept { return scale_; }
+  /// Points: the pixels divided by the scale.
+  CGSize size() const noexcept;
+
+  UIImageRenderingMode renderingMode() const noexcept { return renderingMode_; }
+  /// `imageWithRenderingMode:`: the same picture in another mode.
+  std::shared_ptr<const UIImage> imageWithRenderingMode(UIImageRenderingMode renderingMode) const;
+
+ private:
+  UIImage(std::shared_ptr<const Bitmap> bitmap, CGFloat scale, CGImageAlphaInfo alphaInfo, UIImageRenderingMode mode)
+      : bitmap_(std::move(bitmap)), scale_(scale), alphaInfo_(alphaInfo), renderingMode_(mode) {}
+
+  std::shared_ptr<const Bitmap> bitmap_;
+  CGFloat scale_;
+  CGImageAlphaInfo alphaInfo_;
+  UIImageRenderingMode renderingMode_;
+};
+
+using ImagePtr = std::shared_ptr<const UIImage>;
+
+/// The image as a PNG file's bytes; empty where the image is.
+std::vector<std::uint8_t> UIImagePNGRepresentation(const UIImage& image);
+
+}  // namespace Brisel::Platform
