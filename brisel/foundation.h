@@ -2,6 +2,9 @@
 #pragma once
 
 #include "brisel/infrastructure/cache.h"
+#include "brisel/infrastructure/image_blending.h"
+#include "brisel/infrastructure/image_comparison.h"
+#include "brisel/infrastructure/image_enlarging.h"
 #include "brisel/infrastructure/memory_pressure_observable.h"
 #include "brisel/themes/catalogue.h"
 #include "brisel/themes/theme.h"

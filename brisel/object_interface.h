@@ -3,5 +3,6 @@
 
 #include "brisel/object_interface/dynamic_type.h"
 #include "brisel/object_interface/fonts.h"
+#include "brisel/object_interface/images.h"
 #include "brisel/object_interface/tokens.h"
 #include "brisel/object_interface/type_styles.h"
