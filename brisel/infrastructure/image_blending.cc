@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <span>
 #include <utility>
 
 #include "brisel/platform/fatal_error.h"
@@ -20,7 +21,8 @@ using Platform::ImagePtr;
 using Platform::UIColor;
 using Platform::UIImage;
 
-static_assert(sizeof(Pixel) == 4 && alignof(Pixel) == 1, "a pixel is the four bytes of the bitmap");
+// All of a pixel's members are bytes, so it may be read where the bytes of a bitmap are.
+static_assert(sizeof(Pixel) == 4 && alignof(Pixel) == 1);
 
 // An image's pixels, kept alive whatever the block does to the image.
 class Pixels {
@@ -29,8 +31,11 @@ class Pixels {
 
   int width() const { return bitmap_ ? bitmap_->width : 0; }
   int height() const { return bitmap_ ? bitmap_->height : 0; }
-  /// Null below the last row.
-  const std::uint8_t* row(int y) const { return y < height() ? bitmap_->pixel(0, y) : nullptr; }
+  /// Those of a row; none below the last.
+  std::span<const Pixel> row(int y) const {
+    if (y >= height()) return {};
+    return {reinterpret_cast<const Pixel*>(bitmap_->pixel(0, y)), static_cast<std::size_t>(bitmap_->width)};
+  }
 
  private:
   std::shared_ptr<const Bitmap> bitmap_;
@@ -63,21 +68,15 @@ ImagePtr imageByBlendingUsingRgbaBlock(const UIImage& image, const ImagePtr& oth
   if (std::int64_t{result.width} * result.height > Bitmap::kMostPixels) return UIImage::init();
   result.rgba.resize(result.bytesPerRow() * static_cast<std::size_t>(result.height));
 
+  const auto width = static_cast<std::size_t>(result.width);
   std::uint8_t* place = result.rgba.data();
   for (int y = 0; y < result.height; ++y) {
-    const std::uint8_t* row = pixels.row(y);
-    const std::uint8_t* otherRow = otherPixels.row(y);
-    for (int x = 0; x < result.width; ++x, place += sizeof(Pixel)) {
-      const std::ptrdiff_t offset = std::ptrdiff_t{x} * 4;
-      Pixel pixel;
-      Pixel otherPixel;
-      const bool isPixel = row && x < pixels.width();
-      const bool isOtherPixel = otherRow && x < otherPixels.width();
-      if (isPixel) std::memcpy(&pixel, row + offset, sizeof pixel);
-      if (isOtherPixel) std::memcpy(&otherPixel, otherRow + offset, sizeof otherPixel);
+    const std::span<const Pixel> row = pixels.row(y);
+    const std::span<const Pixel> otherRow = otherPixels.row(y);
+    for (std::size_t x = 0; x < width; ++x, place += sizeof(Pixel)) {
       Pixel output;
       bool stop = false;
-      block(isPixel ? &pixel : nullptr, isOtherPixel ? &otherPixel : nullptr, output, stop);
+      block(x < row.size() ? &row[x] : nullptr, x < otherRow.size() ? &otherRow[x] : nullptr, output, stop);
       if (stop) return nullptr;
       std::memcpy(place, &output, sizeof output);
     }

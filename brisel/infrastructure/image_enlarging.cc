@@ -1,6 +1,7 @@
 #include "brisel/infrastructure/image_enlarging.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -50,18 +51,26 @@ bool isTooLarge(const Bitmap& bitmap, std::uint64_t factor) {
 }
 
 // Each pixel as a square of `factor` by `factor`.
-Bitmap repeated(const Bitmap& bitmap, int factor) {
-  Bitmap result{bitmap.width * factor, bitmap.height * factor, {}};
-  result.rgba.reserve(result.bytesPerRow() * static_cast<std::size_t>(result.height));
-  std::vector<std::uint8_t> row(result.bytesPerRow());
+Bitmap repeated(const Bitmap& bitmap, std::size_t factor) {
+  // Pixels are written by the four: what is too many is overwritten by the next pixel, or lies behind the row.
+  constexpr std::size_t kAtOnce = 4;
+  constexpr std::size_t kPixel = 4;
+  const int times = static_cast<int>(factor);
+  Bitmap result{bitmap.width * times, bitmap.height * times, {}};
+  const std::size_t bytesPerRow = result.bytesPerRow();
+  result.rgba.reserve(bytesPerRow * static_cast<std::size_t>(result.height));
+  std::vector<std::uint8_t> row(bytesPerRow + kAtOnce * kPixel);
   for (int y = 0; y < bitmap.height; ++y) {
     std::uint8_t* place = row.data();
-    for (int x = 0; x < bitmap.width; ++x) {
+    for (int x = 0; x < bitmap.width; ++x, place += factor * kPixel) {
       std::uint32_t pixel = 0;
-      std::memcpy(&pixel, bitmap.pixel(x, y), sizeof pixel);
-      for (int i = 0; i < factor; ++i, place += sizeof pixel) std::memcpy(place, &pixel, sizeof pixel);
+      std::memcpy(&pixel, bitmap.pixel(x, y), kPixel);
+      const std::array<std::uint32_t, kAtOnce> four{pixel, pixel, pixel, pixel};
+      for (std::size_t i = 0; i < factor; i += kAtOnce) std::memcpy(place + i * kPixel, four.data(), sizeof four);
     }
-    for (int i = 0; i < factor; ++i) result.rgba.insert(result.rgba.end(), row.begin(), row.end());
+    for (std::size_t i = 0; i < factor; ++i) {
+      result.rgba.insert(result.rgba.end(), row.data(), row.data() + bytesPerRow);
+    }
   }
   return result;
 }
@@ -100,7 +109,7 @@ ImagePtr imageByScaling(const UIImage& image, std::uint64_t factor, CGInterpolat
   ImagePtr source;
   if (interpolation == CGInterpolationQuality::none) {
     source =
-        UIImage::imageWithBitmap(repeated(*image.bitmap(), static_cast<int>(factor)), format.scale,
+        UIImage::imageWithBitmap(repeated(*image.bitmap(), factor), format.scale,
                                  format.opaque ? CGImageAlphaInfo::noneSkipLast : CGImageAlphaInfo::premultipliedLast);
     if (!gridColor) return source;
   }
