@@ -123,7 +123,7 @@ void scale(const UIImage& image, std::uint64_t factor, CGInterpolationQuality in
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Source source(data, size);
-  const double accuracy = source.take<double>();
+  const auto accuracy = source.take<double>();
   const auto options = source.take<std::uint8_t>();
   const auto factor = source.take<std::uint64_t>();
   const int stopAfter = source.take<std::int16_t>();
