@@ -9,6 +9,7 @@
 #include "brisel/icons/icon_image.h"
 #include "brisel/infrastructure/cache.h"
 #include "brisel/infrastructure/memory_pressure_observable.h"
+#include "brisel/infrastructure/shape_images.h"
 #include "brisel/themes/catalogue.h"
 #include "brisel/themes/theme.h"
 #include "brisel/tokens/catalogue.h"
