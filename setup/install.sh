@@ -51,5 +51,6 @@ for group in "$@"; do
   case $group in
     assets) install_node_modules assets ;;
     check) install_node_modules tests/browser ;;
+    bench) install_node_modules benchmarks/pixelmatch ;;
   esac
 done

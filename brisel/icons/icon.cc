@@ -74,9 +74,14 @@ std::size_t internal::builtIcons() noexcept { return icons.builtCount(); }
 
 namespace {
 
-void removeAll(std::string& text, std::string_view part) {
-  std::size_t at = 0;
-  while ((at = text.find(part, at)) != std::string::npos) text.erase(at, part.size());
+std::string without(std::string_view part, std::string_view text) {
+  std::string rest;
+  for (;;) {
+    const std::size_t at = text.find(part);
+    rest += text.substr(0, at);
+    if (at == std::string_view::npos) return rest;
+    text.remove_prefix(at + part.size());
+  }
 }
 
 }  // namespace
@@ -92,7 +97,7 @@ const Icon* internal::findIcon(std::string_view name) {
 
   if (name.find("VLM") == std::string_view::npos) return nullptr;  // which both prefixes begin with
   std::string rest(name);
-  for (const Icon::Prefixes prefix : Icon::Prefixes::allCases()) removeAll(rest, prefix.rawValue());
+  for (const Icon::Prefixes prefix : Icon::Prefixes::allCases()) rest = without(prefix.rawValue(), rest);
   const std::size_t index = indexOfIconName(rest);
   return index != kNoIcon ? &icons[index] : nullptr;
 }

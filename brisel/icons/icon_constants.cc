@@ -1,6 +1,7 @@
 #include "brisel/icons/icon_constants.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 
 #include "brisel/icons/icon.h"
@@ -13,9 +14,11 @@ namespace {
 
 constexpr std::string_view kConstants[] = {
     "VLMBriselIconNone",
-#define BRISEL_ICON(accessor, name, x16, x24, autoMirror) "VLMBriselIcon" #name,
+#define BRISEL_ICON(accessor, name, x16, x24, autoMirror) std::string_view("VLMBriselIcon" #name),
 #include "brisel/icons/icons.def"
 };
+
+static_assert(std::size(kConstants) == kIconNumberCount);
 
 // "Invalid" needs no mention: it is no icon's name.
 std::uint64_t numberOfName(std::string_view name) {

@@ -2,7 +2,6 @@
 // catalogue in published order, then their count. Any other number is invalid.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <optional>
@@ -11,10 +10,7 @@
 namespace Brisel {
 
 inline constexpr std::uint64_t kNoIconNumber = 0;
-inline constexpr std::uint64_t kIconNumberCount = 1
-#define BRISEL_ICON(accessor, name, x16, x24, autoMirror) +1
-#include "brisel/icons/icons.def"
-    ;
+inline constexpr std::uint64_t kIconNumberCount = 329;  ///< one behind the last icon's
 /// The largest signed number, though numbers of icons are unsigned; this is deliberate.
 inline constexpr std::uint64_t kInvalidIconNumber = std::numeric_limits<std::int64_t>::max();
 

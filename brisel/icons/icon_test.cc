@@ -194,6 +194,7 @@ TEST(IconName, IsRefusedWhereNoIconBearsIt) {
   EXPECT_THROW(Icon(std::string_view("Ad\0", 3)), Error::Icon);
   EXPECT_THROW(Icon(std::string_view("\0", 1)), Error::Icon);
   EXPECT_THROW(Icon(std::string(1'000'000, 'A')), std::runtime_error);
+  EXPECT_THROW(Icon(Tests::replaceAll(std::string(100'000, 'A'), "A", "VLMIcon")), Error::Icon);
 }
 
 TEST(IconName, LosesItsPrefixesAnywhereAndEachOnce) {

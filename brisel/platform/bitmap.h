@@ -9,6 +9,10 @@ namespace Brisel::Platform {
 /// Pixels: rows from the top, each pixel four bytes in the order red, green, blue, alpha, premultiplied, without
 /// padding.
 struct Bitmap {
+  /// The largest that is drawn on, read from a file or computed.
+  static constexpr std::uint32_t kMostPixelsASide = 32'767;
+  static constexpr std::uint32_t kMostPixels = 134'217'728;  // in all; 2^27: 512 MiB
+
   int width = 0;   // pixels
   int height = 0;  // pixels
   std::vector<std::uint8_t> rgba;

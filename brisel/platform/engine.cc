@@ -10,9 +10,6 @@
 namespace Brisel::Platform {
 namespace {
 
-constexpr CGFloat kMostPixelsASide = 32'767;
-constexpr CGFloat kMostPixels = 134'217'728;  // 2^27: 512 MiB
-
 // Pixels that a length takes. What rounding has left above a whole number does not count.
 CGFloat pixels(CGFloat points, CGFloat scale) {
   constexpr CGFloat kRounding = 1e-6;
@@ -54,7 +51,7 @@ std::unique_ptr<Canvas> Engine::makeCanvas(CGSize size, CGFloat scale, bool isOp
   if (!(size.width > 0 && size.height > 0 && scale > 0)) return nullptr;
   const CGFloat width = std::max(pixels(size.width, scale), 1.0);
   const CGFloat height = std::max(pixels(size.height, scale), 1.0);
-  if (width > kMostPixelsASide || height > kMostPixelsASide || width * height > kMostPixels) return nullptr;
+  if (std::max(width, height) > Bitmap::kMostPixelsASide || width * height > Bitmap::kMostPixels) return nullptr;
   return onMakeCanvas(static_cast<int>(width), static_cast<int>(height), scale, isOpaque);
 }
 

@@ -1,6 +1,5 @@
 #include "brisel/typography/internal/font_registration.h"
 
-#include <cstdlib>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -13,6 +12,7 @@
 #include "brisel/typography/font.h"
 #include "brisel/typography/resource_bundle.h"
 
+#include "tests/own_bundle.h"
 #include "tests/recording_ports.h"
 #include "tests/temporary_directory.h"
 
@@ -80,16 +80,8 @@ TEST_F(FontRegistration, HappensOnceWithTheFirstFont) {
   EXPECT_EQ(recordingEngine().record().registeredFiles, *files);
 }
 
-// A program's own bundle comes before the library's. So a copy of this program beside an empty bundle has no fonts.
 TEST_F(FontRegistration, SaysOnceThatThereAreNoFontFiles) {
-  namespace fs = std::filesystem;
-  if (!NSBundle::mainBundle()->pathForResource("BriselFoundation", "bundle")) {
-    const fs::path copy = directory_.path() / "copy";
-    fs::copy_file("/proc/self/exe", copy);
-    fs::create_directory(directory_.path() / "BriselFoundation.bundle");
-    EXPECT_EQ(std::system(('"' + copy.native() + "\" --gtest_filter=FontRegistration.SaysOnce*").c_str()), 0);
-    return;
-  }
+  if (!runsWithOwnBundle({})) return;
   static std::vector<std::string> messages;
   Platform::setLogHandler([](std::string_view message) {
     messages.emplace_back(message);

@@ -20,7 +20,7 @@ int main() {
 #if CASE == 2  // error: no match for 'operator=='
   (void)(icon.glyphs() == Brisel::Icon::skip().glyphs());
 #endif
-#if CASE == 3  // error: conversion from .* to non-scalar type 'Brisel::Icon'
+#if CASE == 3  // error: conversion from .* to non-scalar type 'const Brisel::Icon'
   const Brisel::Icon named = "Ban";
 #endif
 #if CASE == 4  // error: use of deleted function 'void Brisel::operator<=>

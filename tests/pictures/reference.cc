@@ -1,64 +1,87 @@
 #include "tests/pictures/reference.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <memory>
+#include <iterator>
 #include <vector>
 
-#include <cairo.h>
-
-#include "brisel/platform/port.h"
+#include "brisel/infrastructure/image_blending.h"
+#include "brisel/infrastructure/image_comparison.h"
 
 namespace Brisel::Pictures {
 namespace {
 
-using Platform::Bitmap;
+using namespace Platform;
 
-// The pixels of a PNG file, premultiplied; empty where there is no such file.
-Bitmap read(const std::string& file) {
-  const std::unique_ptr<cairo_surface_t, void (*)(cairo_surface_t*)> surface(
-      cairo_image_surface_create_from_png(file.c_str()), cairo_surface_destroy);
-  if (cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return {};
-  Bitmap bitmap{cairo_image_surface_get_width(surface.get()), cairo_image_surface_get_height(surface.get()), {}};
-  const bool hasAlpha = cairo_image_surface_get_format(surface.get()) == CAIRO_FORMAT_ARGB32;
-  const unsigned char* row = cairo_image_surface_get_data(surface.get());
-  for (int y = 0; y < bitmap.height; ++y, row += cairo_image_surface_get_stride(surface.get())) {
-    for (int x = 0; x < bitmap.width; ++x) {
-      const unsigned char* bgra = row + static_cast<std::ptrdiff_t>(x) * 4;
-      bitmap.rgba.insert(bitmap.rgba.end(), {bgra[2], bgra[1], bgra[0], hasAlpha ? bgra[3] : std::uint8_t{255}});
-    }
+// The picture of a PNG file; null where there is none, with the reason.
+ImagePtr read(const std::string& file, std::string& problem) {
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) {
+    problem = "there is no such file";
+    return nullptr;
   }
-  return bitmap;
+  const std::vector<char> bytes{std::istreambuf_iterator<char>(stream), {}};
+  return UIImage::imageWithData({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()}, 1, &problem);
+}
+
+void write(const UIImage& image, const std::string& file) {
+  const std::vector<std::uint8_t> png = UIImagePNGRepresentation(image);
+  std::ofstream(file, std::ios::binary)
+      .write(reinterpret_cast<const char*>(png.data()), static_cast<std::streamsize>(png.size()));
+}
+
+/// How two pictures of one size differ, and where: white on black, so that a difference of 1 is seen as well.
+struct Difference {
+  std::size_t bytes = 0;
+  int largest = 0;
+  ImagePtr picture;
+};
+
+Difference differenceOf(const UIImage& image, const ImagePtr& other) {
+  Difference difference;
+  difference.picture =
+      imageByBlendingUsingRgbaBlock(image, other, [&](const Pixel* a, const Pixel* b, Pixel& output, bool&) {
+        const std::size_t before = difference.bytes;
+        const auto count = [&](unsigned char one, unsigned char another) {
+          const int distance = std::abs(int{one} - int{another});
+          difference.bytes += distance > 0 ? 1 : 0;
+          difference.largest = std::max(difference.largest, distance);
+        };
+        count(a->red, b->red);
+        count(a->green, b->green);
+        count(a->blue, b->blue);
+        count(a->alpha, b->alpha);
+        const unsigned char grey = difference.bytes > before ? 255 : 0;
+        output = {grey, grey, grey, 255};
+      });
+  return difference;
 }
 
 }  // namespace
 
 testing::AssertionResult equalsReference(const Bitmap& picture, const std::string& name) {
-  const Bitmap reference = read(std::string(BRISEL_REFERENCES) + "/" + name + ".png");
-  if (picture == reference) return testing::AssertionSuccess();
+  std::string problem;
+  const ImagePtr image = UIImage::imageWithBitmap(picture, 1);
+  const ImagePtr reference = read(std::string(BRISEL_REFERENCES) + "/" + name + ".png", problem);
+  if (isEqualToPixels(*image, reference, 0)) return testing::AssertionSuccess();
 
   std::filesystem::create_directories(BRISEL_PICTURES_OUT);
-  const std::string actual = std::string(BRISEL_PICTURES_OUT) + "/" + name + ".png";
-  const auto png = Platform::engine().encodePng(picture);
-  std::ofstream(actual, std::ios::binary)
-      .write(reinterpret_cast<const char*>(png.data()), static_cast<long>(png.size()));
-  auto failure = testing::AssertionFailure() << name << ": see " << actual;
-  if (reference.rgba.empty()) return failure << "; there is no reference";
-  if (picture.width != reference.width || picture.height != reference.height) {
-    return failure << "; it is " << picture.width << " x " << picture.height << " pixels and not " << reference.width
-                   << " x " << reference.height;
+  const std::string out = std::string(BRISEL_PICTURES_OUT) + "/" + name;
+  write(*image, out + ".png");
+  auto failure = testing::AssertionFailure() << name << ": see " << out << ".png";
+  if (!reference) return failure << "; there is no reference: " << problem;
+  if (image->size() != reference->size()) {
+    return failure << "; it is " << picture.width << " x " << picture.height << " pixels and not "
+                   << reference->bitmap()->width << " x " << reference->bitmap()->height;
   }
-  std::size_t different = 0;
-  int largest = 0;
-  for (std::size_t i = 0; i < picture.rgba.size(); ++i) {
-    const int difference = std::abs(int{picture.rgba[i]} - int{reference.rgba[i]});
-    different += difference > 0 ? 1 : 0;
-    largest = std::max(largest, difference);
-  }
-  return failure << "; " << different << " bytes differ, by up to " << largest;
+  const Difference difference = differenceOf(*image, reference);
+  write(*difference.picture, out + "-difference.png");
+  return failure << "; " << difference.bytes << " bytes differ, by up to " << difference.largest << ", where " << out
+                 << "-difference.png is white";
 }
 
 }  // namespace Brisel::Pictures

@@ -9,7 +9,7 @@
 namespace Brisel::Pictures {
 
 /// Whether the picture equals references/<name>.png in every byte. Where not, the picture is written to out/pictures/
-/// for somebody to look at; once found right, it may be stored as the reference.
+/// for somebody to look at, and <name>-difference.png beside it; once found right, it may be stored as the reference.
 testing::AssertionResult equalsReference(const Platform::Bitmap& picture, const std::string& name);
 
 }  // namespace Brisel::Pictures

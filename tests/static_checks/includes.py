@@ -33,6 +33,8 @@ PORTS = {"brisel/platform/linux", "brisel/platform/recording"}
 STANDARD_HEADER = re.compile(r"[a-z_0-9]+")
 # What the plain half may ask of the C library: where the code lies, and bytes of a file.
 POSIX_HEADERS = {"dlfcn.h", "fcntl.h", "link.h", "sys/stat.h", "sys/types.h", "sys/wait.h", "unistd.h"}
+# The processor's own instructions, as compilers offer them; behind an #if, with a plain way beside them.
+PROCESSOR_HEADERS = {"emmintrin.h"}
 # What tests ask besides, to fill memory and to end children.
 PROCESS_HEADERS = {"signal.h", "sys/mman.h"}
 TEST_HEADERS = re.compile(r"(gtest|gmock|rapidcheck)[/.].*")
@@ -55,7 +57,7 @@ def complaint_about_system_header(path, header):
         return None
     if is_test(path) and (TEST_HEADERS.fullmatch(header) or header in POSIX_HEADERS | PROCESS_HEADERS):
         return None
-    if header in POSIX_HEADERS and path.endswith(".cc"):
+    if header in POSIX_HEADERS | PROCESSOR_HEADERS and path.endswith(".cc"):
         return None
     return f"only the port that ships may include <{header}>"
 

@@ -9,9 +9,6 @@
 namespace Brisel::Platform::Linux {
 namespace {
 
-constexpr std::uint32_t kMostPixelsASide = 32'767;
-constexpr std::uint64_t kMostPixels = 134'217'728;  // 2^27, as for canvases
-
 // A PNG's pixels are not premultiplied, a bitmap's are. Both ways round to the nearest, and there and back is exact.
 void premultiply(std::vector<std::uint8_t>& rgba) {
   for (std::size_t i = 0; i < rgba.size(); i += 4) {
@@ -87,7 +84,7 @@ PngPicture pictureOfPng(std::span<const std::uint8_t> file) {
   };
   if (png_image_begin_read_from_memory(&png.image, file.data(), file.size()) == 0) return failure();
   const std::uint64_t pixels = std::uint64_t{png.image.width} * png.image.height;
-  if (std::max(png.image.width, png.image.height) > kMostPixelsASide || pixels > kMostPixels) {
+  if (std::max(png.image.width, png.image.height) > Bitmap::kMostPixelsASide || pixels > Bitmap::kMostPixels) {
     return {{},
             false,
             "a picture of " + std::to_string(png.image.width) + " x " + std::to_string(png.image.height) +
