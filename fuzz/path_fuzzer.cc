@@ -96,11 +96,15 @@ class Source {
   std::size_t size_;
 };
 
-void drawOnce(Canvas& canvas, Source& source) {
+// `saves` counts those that have not been restored.
+void drawOnce(Canvas& canvas, Source& source, int& saves) {
   switch (source.below(11)) {
     case 0:
+      ++saves;
       return canvas.save();
     case 1:
+      if (saves == 1) return;  // That one is kept for the end.
+      --saves;
       return canvas.restore();
     case 2:
       return canvas.setBlendMode(source.below(2) == 0 ? CGBlendMode::normal : CGBlendMode::clear);
@@ -139,8 +143,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool isOpaque = source.below(2) == 1;
   const auto canvas = engine().makeCanvas({12, 10}, 1 + source.below(3) / 2.0, isOpaque);
   constexpr int kMostSteps = 64;
+  int saves = 1;
   canvas->save();
-  for (int step = 0; step < kMostSteps && !source.isEmpty(); ++step) drawOnce(*canvas, source);
+  for (int step = 0; step < kMostSteps && !source.isEmpty(); ++step) drawOnce(*canvas, source, saves);
 
   const Bitmap drawn = canvas->bitmap();
   for (std::size_t i = 0; i < drawn.rgba.size(); i += 4) {
@@ -149,8 +154,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(!isOpaque || pixel[3] == 255);
   }
 
-  for (int i = 0; i <= kMostSteps; ++i) canvas->restore();
-  canvas->setBlendMode(CGBlendMode::normal);
+  while (saves-- > 0) canvas->restore();
   canvas->fillRect({{0, 0}, {100, 100}}, UIColor::grey(1, 1));
   const Bitmap white = canvas->takeBitmap();
   require(std::all_of(white.rgba.begin(), white.rgba.end(), [](std::uint8_t byte) { return byte == 255; }));

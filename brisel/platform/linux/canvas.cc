@@ -45,9 +45,8 @@ cairo_filter_t filterOf(CGInterpolationQuality quality) {
       return CAIRO_FILTER_BILINEAR;
     case CGInterpolationQuality::default_:
     case CGInterpolationQuality::medium:
+    case CGInterpolationQuality::high:  // Cairo's best one overshoots, and leaves colours above their alpha.
       return CAIRO_FILTER_GOOD;
-    case CGInterpolationQuality::high:
-      return CAIRO_FILTER_BEST;
   }
   return CAIRO_FILTER_GOOD;
 }
@@ -185,8 +184,9 @@ class CairoCanvas final : public Canvas {
 
   // What Cairo sees where a bitmap is. It writes there only as the canvas's own surface.
   static CairoPtr<cairo_surface_t> surfaceOn(const Bitmap& bitmap) {
-    return CairoPtr<cairo_surface_t>(cairo_image_surface_create_for_data(const_cast<std::uint8_t*>(bitmap.rgba.data()),
-                                                                         CAIRO_FORMAT_ARGB32, bitmap.width,
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): Cairo has one type for what it reads and writes.
+    auto* const pixels = const_cast<std::uint8_t*>(bitmap.rgba.data());
+    return CairoPtr<cairo_surface_t>(cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_ARGB32, bitmap.width,
                                                                          bitmap.height, bitmap.width * 4));
   }
 

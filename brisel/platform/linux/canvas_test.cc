@@ -412,6 +412,23 @@ TEST(LinuxCanvas, WithoutInterpolationPixelsAreRepeatedAndElseMixed) {
   EXPECT_GT(at(*canvas, 3, 1)[0], at(*canvas, 4, 1)[0]);
 }
 
+TEST(LinuxCanvas, NoQualityLeavesAColourAboveItsAlpha) {
+  const Bitmap two{2, 1, {0, 0, 0, 255, 16, 32, 48, 128}};
+  for (const CGInterpolationQuality quality : kQualities) {
+    for (const CGFloat side : {0.7, 1.3, 3.3, 7.9}) {
+      const auto canvas = makeCanvas(10);
+      canvas->setInterpolationQuality(quality);
+      canvas->drawBitmap(two, {{1, 1}, {side, 8.4 - side}});
+      canvas->drawBitmap(colourful(7, 7), {{0.3, 0.3}, {8.4 - side, side}});
+      const Bitmap bitmap = canvas->bitmap();
+      for (std::size_t i = 0; i < bitmap.rgba.size(); i += 4) {
+        const std::uint8_t* pixel = &bitmap.rgba[i];
+        ASSERT_LE(std::max({pixel[0], pixel[1], pixel[2]}), pixel[3]) << side << ' ' << i;
+      }
+    }
+  }
+}
+
 TEST(LinuxCanvas, TakesWhatRoundingLeftBesideAWholePixelAsThatPixel) {
   const auto canvas = engine().makeCanvas({19.428571428571427, 19.428571428571427}, 2.625);
   const Bitmap picture = colourful(51, 51);

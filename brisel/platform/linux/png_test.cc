@@ -56,6 +56,7 @@ Bytes fileOf(const Sample& sample) {
   }
   std::vector<Bytes> rows = sample.rows;
   std::vector<png_bytep> pointers;
+  pointers.reserve(rows.size());
   for (Bytes& row : rows) pointers.push_back(row.data());
   png_set_rows(png, info, pointers.data());
   png_write_png(png, info, PNG_TRANSFORM_IDENTITY, nullptr);
