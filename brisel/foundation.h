@@ -12,6 +12,7 @@
 #include "brisel/infrastructure/image_comparison.h"
 #include "brisel/infrastructure/image_enlarging.h"
 #include "brisel/infrastructure/memory_pressure_observable.h"
+#include "brisel/infrastructure/shape_images.h"
 #include "brisel/themes/catalogue.h"
 #include "brisel/themes/theme.h"
 #include "brisel/tokens/catalogue.h"

@@ -189,7 +189,10 @@ TEST_F(IconImage, HasAsManyPixelsAsFitItsSize) {
     const double scale = *rc::gen::element(1.0, 1.5, 2.0, 2.625, 3.0);
     setScale(scale);
     const double side = *rc::gen::inRange(1, 9000) / 100.0;
-    const ImagePtr picture = image(Icon::star(), {side, side}, {}, UIColor::clearColor(), UIColor::clearColor());
+    // At an offset of its own, as what is kept was drawn at the scale of its time.
+    const CGSize size{side, side};
+    const ImagePtr picture =
+        image(Icon::star(), size, size, {}, UIColor::clearColor(), UIColor::clearColor(), {scale, 0});
     const auto pixels = static_cast<int>(std::floor(side * scale));
     RC_ASSERT((picture->bitmap() ? picture->bitmap()->height : 0) == pixels);
     if (pixels > 0) RC_ASSERT(picture->size().height == pixels / scale);
@@ -250,6 +253,13 @@ TEST_F(IconImage, IsTheSameObjectWhenAskedForAgain) {
   EXPECT_EQ(image(Icon::heart(), {24, 24}, {}, UIColor::initWithRed(1, 0, 0, 1), UIColor::initWithWhite(0, 0)), once);
   EXPECT_EQ(cached(), 1);
   EXPECT_EQ(record().drawings.size(), 1U);
+}
+
+TEST_F(IconImage, StaysAsItWasDrawnWhenTheScreensScaleChanges) {
+  const ImagePtr once = heart(24);
+  setScale(2);
+  EXPECT_EQ(heart(24), once);
+  EXPECT_EQ(heart(25)->scale(), 2.0);
 }
 
 TEST_F(IconImage, IsKeptForEachRequestOfItsOwn) {

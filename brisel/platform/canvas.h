@@ -60,7 +60,7 @@ class Canvas {
   /// Strokes with the path's own line width, butt ends and mitred joins.
   void strokePath(const UIBezierPath& path, const UIColor& color);
 
-  /// Draws a bitmap, stretched to the rectangle.
+  /// Draws a bitmap, stretched to the rectangle. Ports need not draw bitmaps with a side above 32,767 pixels.
   void drawBitmap(const Bitmap& bitmap, const CGRect& rect);
 
   /// Draws glyphs of one face at one size, unhinted and placed to the sub-pixel.

@@ -32,6 +32,11 @@ double device(double points, double scale) {
   return clamped(std::abs(pixels - whole) < kRounding ? whole : pixels);
 }
 
+double fraction(double value) { return value > 0 ? std::min(value, 1.0) : 0; }  // of what is not a number: 0
+
+// To the nearest byte's level. Cairo itself would cut the rest off, so that 0.027, for byte 7, became 6.
+double rounded(double value) { return std::round(value * 255) / 255; }
+
 cairo_filter_t filterOf(CGInterpolationQuality quality) {
   switch (quality) {
     case CGInterpolationQuality::none:
@@ -40,9 +45,8 @@ cairo_filter_t filterOf(CGInterpolationQuality quality) {
       return CAIRO_FILTER_BILINEAR;
     case CGInterpolationQuality::default_:
     case CGInterpolationQuality::medium:
+    case CGInterpolationQuality::high:  // Cairo's best one overshoots, and leaves colours above their alpha.
       return CAIRO_FILTER_GOOD;
-    case CGInterpolationQuality::high:
-      return CAIRO_FILTER_BEST;
   }
   return CAIRO_FILTER_GOOD;
 }
@@ -180,8 +184,9 @@ class CairoCanvas final : public Canvas {
 
   // What Cairo sees where a bitmap is. It writes there only as the canvas's own surface.
   static CairoPtr<cairo_surface_t> surfaceOn(const Bitmap& bitmap) {
-    return CairoPtr<cairo_surface_t>(cairo_image_surface_create_for_data(const_cast<std::uint8_t*>(bitmap.rgba.data()),
-                                                                         CAIRO_FORMAT_ARGB32, bitmap.width,
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): Cairo has one type for what it reads and writes.
+    auto* const pixels = const_cast<std::uint8_t*>(bitmap.rgba.data());
+    return CairoPtr<cairo_surface_t>(cairo_image_surface_create_for_data(pixels, CAIRO_FORMAT_ARGB32, bitmap.width,
                                                                          bitmap.height, bitmap.width * 4));
   }
 
@@ -213,7 +218,11 @@ class CairoCanvas final : public Canvas {
       return;
     }
     const auto c = color.getRed();
-    cairo_set_source_rgba(context, c.blue, c.green, c.red, c.alpha);
+    const double alpha = rounded(fraction(c.alpha));
+    const auto component = [&](double value) {
+      return alpha > 0 ? rounded(fraction(value) * fraction(c.alpha)) / alpha : 0;
+    };
+    cairo_set_source_rgba(context, component(c.blue), component(c.green), component(c.red), alpha);
   }
 
   // A bitmap stretched to the rectangle as the source, and the rectangle as the path. Its edge pixels reach beyond it,
@@ -224,15 +233,18 @@ class CairoCanvas final : public Canvas {
     const double width = device(rect.origin.x + rect.size.width, scale()) - left;
     const double height = device(rect.origin.y + rect.size.height, scale()) - top;
     cairo_new_path(context);
-    if (!(width > 0 && height > 0)) return;
+    const auto surface = surfaceOn(bitmap);
+    if (!(width > 0 && height > 0) || cairo_surface_status(surface.get()) != CAIRO_STATUS_SUCCESS) return;
     cairo_rectangle(context, left, top, width, height);
     const bool isAsItIs =
         width == bitmap.width && height == bitmap.height && left == std::round(left) && top == std::round(top);
-    const auto surface = surfaceOn(bitmap);
+    // Beyond this Cairo refuses the matrix, and then all later drawing. So thin a picture shows a part of itself.
+    constexpr double kSteepest = 16'384;
+    const double dx = std::min(bitmap.width / width, kSteepest);
+    const double dy = std::min(bitmap.height / height, kSteepest);
     const CairoPtr<cairo_pattern_t> pattern(cairo_pattern_create_for_surface(surface.get()));
     cairo_matrix_t matrix;
-    cairo_matrix_init(&matrix, bitmap.width / width, 0, 0, bitmap.height / height, -left * bitmap.width / width,
-                      -top * bitmap.height / height);
+    cairo_matrix_init(&matrix, dx, 0, 0, dy, -left * dx, -top * dy);
     cairo_pattern_set_matrix(pattern.get(), &matrix);
     cairo_pattern_set_extend(pattern.get(), CAIRO_EXTEND_PAD);
     cairo_pattern_set_filter(pattern.get(), isAsItIs ? CAIRO_FILTER_NEAREST : filterOf(state_.quality));

@@ -55,6 +55,7 @@ class RecordingEngine final : public Engine {
     UIColor color = UIColor::grey(0, 1);
     CGBlendMode blendMode = CGBlendMode::normal;
     CGInterpolationQuality quality = CGInterpolationQuality::default_;
+    friend bool operator==(const CanvasCall&, const CanvasCall&) = default;
   };
   struct CanvasSize {
     int pixelWidth = 0;
