@@ -277,7 +277,10 @@ await test("icons are shown pixel by pixel as the library drew them", "icons.htm
   for (const id of ["ad", "heart", "xAlt"]) {
     for (const design of ["x16", "x24"]) {
       const icon = page.locator(`#${id} .${design}`);
-      const shown = (await icon.screenshot()).toString("base64");
+      await icon.scrollIntoViewIfNeeded();
+      const { x: left, y: top } = await icon.boundingBox();  // of which Chromium draws the nearest whole pixel
+      const clip = { x: Math.round(left), y: Math.round(top), width: 24, height: 24 };
+      const shown = (await page.screenshot({ clip })).toString("base64");
       const differing = await icon.evaluate(async (element, [sheetData, shownData]) => {
         const pixels = async (data, x, y) => {
           const image = new Image();
