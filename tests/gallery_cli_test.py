@@ -212,8 +212,8 @@ class CommandLine(unittest.TestCase):
         second = self.picture("b.png", [[grey, grey, grey]])
         result = run("compare", first, second, "--accuracy", "1", "--diff", self.folder / "diff.png")
         self.assertEqual((result.returncode, result.stdout, result.stderr), (
-            1, "3 of 5 pixels differ, the pictures being 2 x 2 and 3 x 1; the largest difference is 0 of 255 (0.0000)\n",
-            ""))
+            1, "3 of 5 pixels differ, the pictures being 2 x 2 and 3 x 1; "
+               "the largest difference is 0 of 255 (0.0000)\n", ""))
         self.assertEqual(png_size(self.folder / "diff.png"), (3, 2))
 
     def test_the_difference_is_drawn_on_the_dimmed_picture(self):
