@@ -1,6 +1,7 @@
 // The command line of the program.
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <limits>
 #include <span>
@@ -17,6 +18,8 @@ class UsageError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// The commands. Names of styles, colours and icons are as given: who carries a command out looks them up.
+
 /// Prints what the program or one of its commands does.
 struct HelpCommand {
   std::string topic;  // the command; empty for the program
@@ -29,7 +32,7 @@ struct GalleryCommand {
   std::filesystem::path directory;
 };
 
-/// Draws one text. Names are as given: who carries it out looks them up.
+/// Draws one text.
 struct TextCommand {
   std::string text;
   std::string style = "ballad";
@@ -41,12 +44,45 @@ struct TextCommand {
   std::filesystem::path file;
 };
 
-using Command = std::variant<HelpCommand, VersionCommand, GalleryCommand, TextCommand>;
+/// Draws one icon.
+struct IconCommand {
+  std::string icon;
+  double size = 24;        // points
+  double scale = 1;        // pixels a point
+  std::string design;      // "x16" or "x24"; empty: by the size
+  std::string color;       // empty: the theme's text colour
+  std::string background;  // empty: none
+  std::filesystem::path file;
+};
+
+/// Lists all icons.
+struct IconsCommand {
+  bool isJson = false;
+};
+
+/// Compares two pictures.
+struct CompareCommand {
+  std::filesystem::path first, second;
+  double accuracy = 0;               // a fraction of full scale
+  std::filesystem::path difference;  // empty: not drawn
+};
+
+/// Enlarges a picture.
+struct ScaleCommand {
+  std::filesystem::path picture;
+  std::uint64_t factor = 1;
+  std::string interpolation = "none";
+  std::string grid;  // its colour; empty: none
+  std::filesystem::path file;
+};
+
+using Command = std::variant<HelpCommand, VersionCommand, GalleryCommand, TextCommand, IconCommand, IconsCommand,
+                             CompareCommand, ScaleCommand>;
 
 /// Reads the arguments behind the program's name. Throws UsageError.
 Command parseArguments(std::span<const std::string_view> arguments);
 
-/// The help of a command, or of the program where the topic is empty.
+/// The help of a command, or of the program where the topic is empty. Throws UsageError for an unknown topic.
 std::string_view helpText(std::string_view topic);
 
 }  // namespace Brisel::Gallery

@@ -1,6 +1,7 @@
 #include "gallery/arguments.h"
 
 #include <initializer_list>
+#include <string>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,6 +9,7 @@
 namespace Brisel::Gallery {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::Not;
 
@@ -52,6 +54,54 @@ TEST(Arguments, LeaveATextAtItsNaturalSizeUnlessTold) {
   EXPECT_EQ(command.scale, 1);
 }
 
+TEST(Arguments, ReadAnIconCommand) {
+  const auto command = std::get<IconCommand>(parse({"icon", "heart", "--size", "24", "--scale=3", "--color", "#1ED760",
+                                                    "--background", "black", "--design", "x16", "-o", "heart.png"}));
+  EXPECT_EQ(command.icon, "heart");
+  EXPECT_EQ(command.size, 24);
+  EXPECT_EQ(command.scale, 3);
+  EXPECT_EQ(command.color, "#1ED760");
+  EXPECT_EQ(command.background, "black");
+  EXPECT_EQ(command.design, "x16");
+  EXPECT_EQ(command.file, "heart.png");
+}
+
+TEST(Arguments, DrawAnIconOf24PointsUnlessTold) {
+  const auto command = std::get<IconCommand>(parse({"icon", "heart", "-o", "x.png"}));
+  EXPECT_EQ(command.size, 24);
+  EXPECT_EQ(command.scale, 1);
+  EXPECT_EQ(command.design, "");
+}
+
+TEST(Arguments, ReadAnIconsCommandWithItsFlag) {
+  EXPECT_FALSE(std::get<IconsCommand>(parse({"icons"})).isJson);
+  EXPECT_TRUE(std::get<IconsCommand>(parse({"icons", "--json"})).isJson);
+  EXPECT_EQ(complaint({"icons", "--json=yes"}), "--json takes no value");
+  EXPECT_EQ(complaint({"icons", "heart"}), "icons takes no argument \"heart\"");
+}
+
+TEST(Arguments, ReadACompareCommand) {
+  const auto command =
+      std::get<CompareCommand>(parse({"compare", "a.png", "b.png", "--accuracy", "0.02", "--diff", "d.png"}));
+  EXPECT_EQ(command.first, "a.png");
+  EXPECT_EQ(command.second, "b.png");
+  EXPECT_EQ(command.accuracy, 0.02);
+  EXPECT_EQ(command.difference, "d.png");
+  EXPECT_EQ(std::get<CompareCommand>(parse({"compare", "a", "b"})).accuracy, 0);
+  EXPECT_EQ(std::get<CompareCommand>(parse({"compare", "a", "b", "--accuracy", "1"})).accuracy, 1);
+}
+
+TEST(Arguments, ReadAScaleCommand) {
+  const auto command = std::get<ScaleCommand>(
+      parse({"scale", "in.png", "8", "--grid", "#FF00FF", "--interpolation", "high", "-o", "out.png"}));
+  EXPECT_EQ(command.picture, "in.png");
+  EXPECT_EQ(command.factor, 8U);
+  EXPECT_EQ(command.grid, "#FF00FF");
+  EXPECT_EQ(command.interpolation, "high");
+  EXPECT_EQ(command.file, "out.png");
+  EXPECT_EQ(std::get<ScaleCommand>(parse({"scale", "in.png", "1", "-o", "out.png"})).interpolation, "none");
+}
+
 TEST(Arguments, TakeATextThatLooksLikeAnOptionBehindTwoDashes) {
   EXPECT_EQ(std::get<TextCommand>(parse({"text", "-o", "x.png", "--", "--style"})).text, "--style");
   EXPECT_EQ(std::get<TextCommand>(parse({"text", "-o", "x.png", "-"})).text, "-");
@@ -70,21 +120,37 @@ TEST(Arguments, HelpTellsOfEveryOption) {
     EXPECT_THAT(helpText("text"), HasSubstr(option));
   }
   EXPECT_THAT(helpText("gallery"), HasSubstr("--out"));
-  EXPECT_THAT(helpText(""), HasSubstr("gallery"));
+  for (const auto* option : {"--out", "--size", "--scale", "--design", "--color", "--background"}) {
+    EXPECT_THAT(helpText("icon"), HasSubstr(option));
+  }
+  EXPECT_THAT(helpText("icons"), HasSubstr("--json"));
+  EXPECT_THAT(helpText("compare"), AllOf(HasSubstr("--accuracy"), HasSubstr("--diff")));
+  EXPECT_THAT(helpText("scale"), AllOf(HasSubstr("--out"), HasSubstr("--grid"), HasSubstr("--interpolation")));
+  for (const auto* command : {"gallery", "text", "icon", "icons", "compare", "scale"}) {
+    EXPECT_THAT(helpText(""), HasSubstr("brisel " + std::string(command) + " "));
+    EXPECT_EQ(std::get<HelpCommand>(parse({command, "--help"})).topic, command);
+    EXPECT_EQ(std::get<HelpCommand>(parse({"help", command})).topic, command);
+  }
 }
 
 TEST(Arguments, SayWhatIsMissing) {
-  EXPECT_EQ(complaint({}), "a command is missing: gallery or text");
+  EXPECT_EQ(complaint({}), "a command is missing: gallery, text, icon, icons, compare or scale");
   EXPECT_EQ(complaint({"gallery"}), "gallery needs --out DIR");
   EXPECT_EQ(complaint({"gallery", "--out"}), "--out needs a value");
   EXPECT_EQ(complaint({"gallery", "--out="}), "--out needs a value that is not empty");
   EXPECT_EQ(complaint({"text", "-o", "x.png"}), "text needs a text to draw");
   EXPECT_EQ(complaint({"text", "", "-o", "x.png"}), "text needs a text to draw");
   EXPECT_EQ(complaint({"text", "a"}), "text needs -o FILE");
+  EXPECT_EQ(complaint({"icon"}), "icon needs the name of an icon");
+  EXPECT_EQ(complaint({"icon", "heart"}), "icon needs -o FILE");
+  EXPECT_EQ(complaint({"icon", "heart", "star", "-o", "x"}), "icon takes one icon");
+  EXPECT_EQ(complaint({"compare", "a.png"}), "compare takes two pictures");
+  EXPECT_EQ(complaint({"scale", "a.png", "-o", "x"}), "scale takes a picture and a factor");
+  EXPECT_EQ(complaint({"scale", "a.png", "8"}), "scale needs -o FILE");
 }
 
 TEST(Arguments, SayWhatIsNotKnown) {
-  EXPECT_EQ(complaint({"paint"}), "unknown command \"paint\": gallery or text");
+  EXPECT_EQ(complaint({"paint"}), "unknown command \"paint\": gallery, text, icon, icons, compare or scale");
   EXPECT_EQ(complaint({"gallery", "--where", "x"}), "unknown option --where");
   EXPECT_EQ(complaint({"gallery", "x"}), "gallery takes no argument \"x\"");
   EXPECT_EQ(complaint({"text", "a", "b", "-o", "x"}), "text takes one text; put it in quotes");
@@ -98,6 +164,17 @@ TEST(Arguments, RefuseNumbersThatAreNone) {
         << number;
     EXPECT_THAT(complaint({"text", "a", "-o", "x", "--scale", number}), HasSubstr("up to 16")) << number;
   }
+}
+
+TEST(Arguments, RefuseFactorsAndFractionsThatAreNone) {
+  for (const auto* factor : {"0", "1.5", "8x", "", "32768", "18446744073709551617"}) {
+    EXPECT_THAT(complaint({"scale", "a.png", factor, "-o", "x"}), HasSubstr("whole number from 1 to 32767")) << factor;
+  }
+  for (const auto* fraction : {"-0.1", "1.01", "nan", "2%"}) {
+    EXPECT_THAT(complaint({"compare", "a", "b", "--accuracy", fraction}), HasSubstr("from 0 to 1")) << fraction;
+  }
+  EXPECT_THAT(complaint({"icon", "heart", "--design", "24", "-o", "x"}), HasSubstr("x16 or x24"));
+  EXPECT_THAT(complaint({"scale", "a", "2", "--interpolation", "best", "-o", "x"}), HasSubstr("medium or high"));
 }
 
 TEST(Arguments, ComplainInOneLine) { EXPECT_THAT(complaint({"paint"}), Not(HasSubstr("\n"))); }

@@ -4,10 +4,13 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <memory>
 
 #include "brisel/tokens/catalogue.h"
 #include "brisel/tokens/color_parsing.h"
 #include "brisel/typography/catalogue.h"
+
+#include "gallery/arguments.h"
 
 namespace Brisel::Gallery {
 namespace {
@@ -58,6 +61,13 @@ std::optional<Platform::UIColor> findColor(std::string_view name) {
     if (entry.objectName == name) return *entry.get();
   }
   return std::nullopt;
+}
+
+Platform::ColorPtr namedColor(const std::string& name, const Platform::ColorPtr& unnamed) {
+  if (name.empty()) return unnamed;
+  const auto color = findColor(name);
+  if (!color) throw UsageError("no colour is called \"" + name + "\"");
+  return std::make_shared<const Platform::UIColor>(*color);
 }
 
 std::string decimal(double number) { return numberText(number); }

@@ -26,6 +26,8 @@ const TypeStyle* findStyle(std::string_view identifier);
 std::optional<ContentSizeCategory> findCategory(std::string_view name);
 /// A colour by a name of either interface, or as "#rrggbb" or "#rrggbbaa".
 std::optional<Platform::UIColor> findColor(std::string_view name);
+/// The same, or `unnamed` where the name is empty. Throws UsageError where nothing bears it.
+Platform::ColorPtr namedColor(const std::string& name, const Platform::ColorPtr& unnamed);
 
 /// The shortest decimal that reads back as the same number: "16", "14.001999999999999".
 std::string decimal(double number);

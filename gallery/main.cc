@@ -7,7 +7,11 @@
 #include <vector>
 
 #include "gallery/arguments.h"
+#include "gallery/compare_command.h"
+#include "gallery/icon_command.h"
+#include "gallery/icons_command.h"
 #include "gallery/interruption.h"
+#include "gallery/scale_command.h"
 #include "gallery/site.h"
 #include "gallery/text_command.h"
 
@@ -16,23 +20,39 @@ namespace {
 using namespace Brisel::Gallery;
 
 enum ExitStatus { done = 0, failed = 1, notUnderstood = 2, interrupted = 130 };
+// Those of compare, as such tools have them.
+enum ComparisonStatus { equal = 0, different = 1, trouble = 2 };
 
 void print(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stdout); }
 
 void complain(const std::string& text) { std::fputs(("brisel: " + text + "\n").c_str(), stderr); }
 
-void run(const HelpCommand& command) { print(helpText(command.topic)); }
-void run(const VersionCommand&) { print("brisel " BRISEL_VERSION "\n"); }
-void run(const GalleryCommand& command) { writeSite(command.directory); }
-void run(const TextCommand& command) { drawText(command); }
+// Each returns the exit status.
+int run(const HelpCommand& command) { return print(helpText(command.topic)), done; }
+int run(const VersionCommand&) { return print("brisel " BRISEL_VERSION "\n"), done; }
+int run(const GalleryCommand& command) { return writeSite(command.directory), done; }
+int run(const TextCommand& command) { return drawText(command), done; }
+int run(const IconCommand& command) { return drawIcon(command), done; }
+int run(const IconsCommand& command) { return print(iconList(command)), done; }
+int run(const ScaleCommand& command) { return scalePicture(command), done; }
+
+int run(const CompareCommand& command) {
+  try {
+    const Verdict verdict = comparePictures(command);
+    print(verdict.text + "\n");
+    return verdict.isEqual ? equal : different;
+  } catch (const std::exception& error) {
+    complain(error.what());
+    return trouble;
+  }
+}
 
 }  // namespace
 
 int main(int count, char** values) {
   const std::vector<std::string_view> arguments(values + (count > 0 ? 1 : 0), values + count);
   try {
-    std::visit([](const auto& command) { run(command); }, parseArguments(arguments));
-    return ExitStatus::done;
+    return std::visit([](const auto& command) { return run(command); }, parseArguments(arguments));
   } catch (const UsageError& error) {
     complain(std::string(error.what()) + " (brisel --help)");
     return ExitStatus::notUnderstood;

@@ -13,7 +13,7 @@ namespace Brisel::Gallery {
 struct Item {
   std::string identifier;  // also the fragment of its address
   std::string value;
-  std::string picture;             // a file; empty where it has none
+  std::string picture;             // a file, and behind blanks the place in it, x and y; empty where it has none
   std::vector<std::string> names;  // in code; the first is what is copied
 };
 
@@ -29,5 +29,7 @@ struct Page {
 Page makeStartPage(PictureBook& pictures);
 Page makeColorPage(PictureBook& pictures);
 Page makeTypePage(PictureBook& pictures);
+Page makeIconPage(PictureBook& pictures);
+Page makeShapePage(PictureBook& pictures);
 
 }  // namespace Brisel::Gallery

@@ -10,7 +10,9 @@
 #include <thread>
 #include <utility>
 
-#include "brisel/platform/port.h"
+#include "brisel/platform/image.h"
+#include "brisel/platform/screen.h"
+#include "brisel/platform/views/image_renderer.h"
 #include "brisel/platform/views/text_drawing.h"
 
 #include "gallery/interruption.h"
@@ -44,18 +46,30 @@ Picture PictureBook::addText(std::string path, const Platform::NSAttributedStrin
   });
 }
 
-void PictureBook::draw(const Plan& plan, const OutputDirectory& directory) {
-  Platform::Engine& engine = Platform::engine();
+Picture PictureBook::addImage(std::string path, const std::function<Platform::ImagePtr()>& make,
+                              const Platform::UIColor& ground) {
+  return add(std::move(path), make()->size(), [make, ground](Platform::Canvas& canvas) {
+    const Platform::ImagePtr image = make();
+    canvas.fillRect({{}, image->size()}, ground);
+    drawAtPoint(*image, canvas, {0, 0});
+  });
+}
+
+void PictureBook::draw(const Plan& plan, int scale, const OutputDirectory& directory) {
   const Platform::CGSize size{static_cast<double>(plan.picture.width), static_cast<double>(plan.picture.height)};
-  for (const int scale : {1, 2}) {
-    const auto canvas = engine.makeCanvas(size, scale);
-    if (!canvas) throw std::runtime_error("cannot draw " + plan.picture.path + ": it is empty or too large");
-    plan.paint(*canvas);
-    directory.write(fileName(plan.picture.path, scale), engine.encodePng(canvas->bitmap()));
-  }
+  const Platform::ImagePtr image = Platform::UIGraphicsImageRenderer(size).image(plan.paint);
+  if (!image->bitmap()) throw std::runtime_error("cannot draw " + plan.picture.path + ": it is empty or too large");
+  directory.write(fileName(plan.picture.path, scale), UIImagePNGRepresentation(*image));
 }
 
 void PictureBook::draw(const OutputDirectory& directory, Progress& progress) const {
+  for (const int scale : kScales) {
+    Platform::UIScreen::mainScreen().setScale(scale);  // of all images that the plans make
+    draw(scale, directory, progress);
+  }
+}
+
+void PictureBook::draw(int scale, const OutputDirectory& directory, Progress& progress) const {
   std::atomic<std::size_t> next = 0;
   std::mutex mutex;
   std::exception_ptr failure;
@@ -63,7 +77,7 @@ void PictureBook::draw(const OutputDirectory& directory, Progress& progress) con
     try {
       for (std::size_t i = next++; i < plans_.size(); i = next++) {
         if (wasInterrupted()) throw Interrupted();
-        draw(plans_[i], directory);
+        draw(plans_[i], scale, directory);
         progress.step();
       }
     } catch (...) {

@@ -1,13 +1,16 @@
 // The site's pictures: planned by the pages, drawn by the library, all at once.
 #pragma once
 
+#include <cstddef>
 #include <functional>
+#include <iterator>
 #include <string>
 #include <vector>
 
 #include "brisel/platform/attributed_string.h"
-#include "brisel/platform/engine.h"
+#include "brisel/platform/canvas.h"
 #include "brisel/platform/geometry.h"
+#include "brisel/platform/image.h"
 
 #include "gallery/output_directory.h"
 
@@ -29,17 +32,23 @@ class PictureBook {
  public:
   using Paint = std::function<void(Platform::Canvas&)>;
 
-  /// Plans a picture of a size in points, which is rounded up. `paint` will be called once for each scale, on any
-  /// thread.
+  /// Plans a picture of a size in points, which is rounded up. `paint` will be called once for each scale, which is
+  /// the main screen's then, on any thread.
   Picture add(std::string path, Platform::CGSize size, Paint paint);
 
   /// Plans a picture of a text in its own size, but not wider than `maximumWidth` points, on an opaque ground.
   Picture addText(std::string path, const Platform::NSAttributedString& text, const Platform::UIColor& ground,
                   Platform::CGFloat maximumWidth);
 
-  std::size_t size() const noexcept { return plans_.size(); }
+  /// Plans a picture of an image in its own size, on an opaque ground. `make` is called here once, and then as `paint`
+  /// would be.
+  Picture addImage(std::string path, const std::function<Platform::ImagePtr()>& make, const Platform::UIColor& ground);
 
-  /// Draws what is planned, at scales 1 and 2, on all processors. Throws what goes wrong first, and Interrupted.
+  /// How many files that will be.
+  std::size_t fileCount() const noexcept { return plans_.size() * std::size(kScales); }
+
+  /// Draws what is planned, on all processors, at one scale of the main screen after the other. Throws what goes wrong
+  /// first, and Interrupted.
   void draw(const OutputDirectory& directory, Progress& progress) const;
 
  private:
@@ -47,7 +56,10 @@ class PictureBook {
     Picture picture;
     Paint paint;
   };
-  static void draw(const Plan& plan, const OutputDirectory& directory);
+  static constexpr int kScales[] = {1, 2};
+
+  static void draw(const Plan& plan, int scale, const OutputDirectory& directory);
+  void draw(int scale, const OutputDirectory& directory, Progress& progress) const;
 
   std::vector<Plan> plans_;
 };

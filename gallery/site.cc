@@ -10,6 +10,7 @@
 #include "gallery/catalogue_names.h"
 #include "gallery/ground.h"
 #include "gallery/html.h"
+#include "gallery/icon_sheets.h"
 #include "gallery/interruption.h"
 #include "gallery/output_directory.h"
 #include "gallery/pages.h"
@@ -23,8 +24,8 @@ namespace {
 // In every page's head; tells a style guide from other directories.
 constexpr std::string_view kGenerator = "brisel gallery";
 
-constexpr std::string_view kStaticFiles[] = {"page.css",  "faces.js",    "copy.js",
-                                             "search.js", "swatches.js", "text_size.js"};
+constexpr std::string_view kStaticFiles[] = {"page.css",    "faces.js",     "copy.js", "search.js",
+                                             "swatches.js", "text_size.js", "icons.js"};
 
 // The faces that page.css sets the pages in.
 constexpr std::string_view kWebFonts[] = {"Tondal-Book", "Tondal-Bold", "TondalTitle-Bold"};
@@ -88,15 +89,17 @@ void writeSite(const std::filesystem::path& directory) {
   Platform::engine().setUsesHostFonts(false);  // pictures are the same on every machine
 
   PictureBook pictures;
-  const std::vector<Page> pages{makeStartPage(pictures), makeColorPage(pictures), makeTypePage(pictures)};
+  const std::vector<Page> pages{makeStartPage(pictures), makeColorPage(pictures), makeTypePage(pictures),
+                                makeIconPage(pictures), makeShapePage(pictures)};
 
   for (const Page& page : pages) output.write(page.file, pageMarkup(pages, page));
   for (const std::string_view name : kStaticFiles) output.write("site/" + std::string(name), siteFile(name));
   output.write("site/ground.css", groundStyleSheet());
+  output.write("site/icons.css", IconSheets::styleSheet());
   output.write("site/names.js", namesScript(pages));
   copyWebFonts(output);
   {
-    Progress progress("pictures", pictures.size());
+    Progress progress("pictures", pictures.fileCount());
     pictures.draw(output, progress);
   }
   output.commit();

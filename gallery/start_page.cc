@@ -3,10 +3,16 @@
 #include <memory>
 #include <vector>
 
+#include "brisel/icons/catalogue.h"
+#include "brisel/icons/icon_image.h"
+#include "brisel/infrastructure/shape_images.h"
+#include "brisel/platform/views/image_renderer.h"
 #include "brisel/platform/views/text_drawing.h"
+#include "brisel/themes/theme.h"
 #include "brisel/tokens/catalogue.h"
 #include "brisel/typography/catalogue.h"
 
+#include "gallery/artwork.h"
 #include "gallery/catalogue_names.h"
 #include "gallery/html.h"
 #include "gallery/pages.h"
@@ -122,6 +128,66 @@ class TypeChart {
   double height_ = 0;
 };
 
+// All icons.
+class IconChart {
+ public:
+  Platform::CGSize size() const {
+    return {kWidth, std::ceil(static_cast<double>(Catalogue::icons().size()) / kColumns) * kPitch};
+  }
+
+  void paint(Platform::Canvas& canvas) const {
+    canvas.fillRect({{}, size()}, specimenGround());
+    int place = 0;
+    for (const Catalogue::IconEntry& entry : Catalogue::icons()) {
+      const int column = place % kColumns, row = place / kColumns;
+      drawAtPoint(*image(entry.get(), {kSide, kSide}, std::nullopt, Theme::dark().base().text().base(),
+                         Platform::UIColor::clearColor()),
+                  canvas, {column * kPitch, row * kPitch});
+      ++place;
+    }
+  }
+
+ private:
+  static constexpr int kColumns = 21;
+  static constexpr double kPitch = 25;  // points
+  static constexpr double kSide = 20;   // points
+};
+
+// Shapes on the pictures that the page of shapes uses, in two rows of three.
+class ShapeChart {
+ public:
+  static Platform::CGSize size() { return {kWidth, 2 * kCell}; }
+
+  static void paint(Platform::Canvas& canvas) {
+    canvas.fillRect({{}, size()}, specimenGround());
+    const auto glyph = [](const Icon& icon, double side) {
+      return image(icon, {side, side}, std::nullopt, Color::white().value(), Platform::UIColor::clearColor());
+    };
+    const Platform::ColorPtr line = Color::white().value(), ground = Color::kleinBlue61().value(),
+                             accent = Theme::dark().base().essential().brightAccent(), pink = Color::pink115().value();
+    const auto round = withCircle(*portrait(kSide), kSide, 0, line, ground, false);
+    const Platform::ImagePtr shapes[] = {
+        withCircle(*albumCover(kSide), kSide, 4, line, nullptr, false),
+        withDot(*round, 32, 46, {kSide - 20, kSide - 20}, accent),
+        withStar(*glyph(Icon::heartActive(), 44), kSide, 76, 5, pink, false),
+        withStar(*portrait(kSide - 8), kSide + 8, 132, 16, Color::violet84().value(), false),
+        withCircle(*glyph(Icon::heartActive(), kSide), 112, 8, line, pink, true),
+        verifiedIndicator({kSide - 24, kSide - 24}, Theme::dark().base().essential().announcement()),
+    };
+    for (int i = 0; i < 6; ++i) {
+      const Platform::CGSize own = shapes[i]->size();
+      const int column = i % 3, row = i / 3;
+      drawAtPoint(*shapes[i], canvas,
+                  {column * kWidth / 3 + std::round((kWidth / 3 - own.width) / 2),
+                   row * kCell + std::round((kCell - own.height) / 2)});
+    }
+  }
+
+ private:
+  static constexpr double kCell = 196;  // points
+  static constexpr double kSide = 152;  // points
+};
+
 template <class Chart>
 Picture plan(PictureBook& pictures, const std::string& path, std::shared_ptr<const Chart> chart) {
   return pictures.add(path, chart->size(), [chart](Platform::Canvas& canvas) { chart->paint(canvas); });
@@ -141,6 +207,10 @@ Page makeStartPage(PictureBook& pictures) {
         std::to_string(colors) + " colours in " + std::to_string(Catalogue::colorFamilies().size() + 1) + " families"},
        {"typeFacts", std::to_string(Catalogue::typeStyles().size()) + " styles in " +
                          std::to_string(categories().size()) + " text sizes"},
+       {"iconFacts", std::to_string(Catalogue::icons().size()) + " icons in 2 designs"},
+       {"shapeFacts", "Circles, stars, dots and the verified badge"},
+       {"icons", plan(pictures, "pictures/start/icons", std::make_shared<const IconChart>()).attributes()},
+       {"shapes", plan(pictures, "pictures/start/shapes", std::make_shared<const ShapeChart>()).attributes()},
        {"colours", plan(pictures, "pictures/start/colours", std::make_shared<const ColorChart>()).attributes()},
        {"type", followingPicture("pictures/start/type", [&](const std::string& path, ContentSizeCategory category) {
           return plan(pictures, path, std::make_shared<const TypeChart>(category));

@@ -6,6 +6,7 @@ Usage: gallery_cli_test.py <the program>
 """
 
 import html.parser
+import json
 import os
 import pathlib
 import re
@@ -16,6 +17,7 @@ import sys
 import tempfile
 import time
 import unittest
+import zlib
 
 PROGRAM = pathlib.Path(sys.argv.pop()).resolve()
 
@@ -79,6 +81,10 @@ class CommandLine(unittest.TestCase):
         self.assertIn("brisel gallery --out DIR", run("--help").stdout)
         self.assertIn("--style NAME", run("text", "--help").stdout)
         self.assertIn("--out DIR", run("gallery", "--help").stdout)
+        self.assertIn("--design DESIGN", run("icon", "--help").stdout)
+        self.assertIn("--json", run("icons", "--help").stdout)
+        self.assertIn("2 trouble", run("compare", "--help").stdout)
+        self.assertIn("--grid COLOR", run("scale", "--help").stdout)
         self.assertEqual(run("--help").returncode, 0)
 
     def test_what_is_not_understood_is_said_in_one_line(self):
@@ -96,6 +102,15 @@ class CommandLine(unittest.TestCase):
             (["text", "a", "--background", "gray8", "-o", picture], 'no colour is called "gray8"'),
             (["text", "a", "--width", "-3", "-o", picture], "--width takes a number"),
             (["text", "a", "--scale", "two", "-o", picture], "--scale takes a number"),
+            (["icon", "hart", "-o", picture], 'no icon is called "hart"; near it are heart'),
+            (["icon", "VLMBriselIconHart", "-o", picture], "near it are heart"),
+            (["icon", "none", "-o", picture], 'no icon is called "none"'),
+            (["icon", "x" * 100_000, "-o", picture], "no icon is called"),
+            (["icon", "heart", "--color", "mauve", "-o", picture], 'no colour is called "mauve"'),
+            (["scale", picture, "8", "--grid", "mauve", "-o", picture], 'no colour is called "mauve"'),
+            (["scale", picture, "0", "-o", picture], "the factor is a whole number"),
+            (["compare", picture], "compare takes two pictures"),
+            (["compare", picture, picture, "--accuracy", "2"], "--accuracy takes a number from 0 to 1"),
         ]:
             with self.subTest(arguments=arguments):
                 self.assert_complaint(run(*arguments), 2, words)
@@ -127,6 +142,146 @@ class CommandLine(unittest.TestCase):
             pictures[name] = (self.folder / name).read_bytes()
         self.assertEqual(pictures["named"], pictures["hex"])
         self.assertNotEqual(pictures["named"], pictures["other"])
+
+    def test_an_icon_is_drawn_under_any_of_its_names(self):
+        pictures = []
+        for name in ["heart", "Heart", "VLMBriselIconHeart"]:
+            picture = self.folder / "a.png"
+            result = run("icon", name, "--size", "24", "--scale", "3", "--color", "#1ED760", "-o", picture)
+            self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+            self.assertEqual(png_size(picture), (72, 72))
+            pictures.append(picture.read_bytes())
+        self.assertEqual(len(set(pictures)), 1)
+        for name in ["delete", "delete_", "public", "public_", "playbackSpeed0Point5X", "plus2Px"]:
+            self.assertEqual(run("icon", name, "-o", self.folder / "b.png").returncode, 0, name)
+
+    def test_an_icon_has_the_design_for_its_size_unless_told(self):
+        def drawn(*options):
+            self.assertEqual(run("icon", "heart", *options, "-o", self.folder / "a.png").returncode, 0)
+            return (self.folder / "a.png").read_bytes()
+
+        for size, own, other in [("16", "x16", "x24"), ("16.1", "x24", "x16")]:
+            chosen = drawn("--size", size, "--scale", "10")
+            self.assertEqual(chosen, drawn("--size", size, "--scale", "10", "--design", own))
+            self.assertNotEqual(chosen, drawn("--size", size, "--scale", "10", "--design", other))
+        self.assertNotEqual(drawn(), drawn("--background", "black"))
+
+    def test_icons_are_listed_in_the_order_of_their_numbers(self):
+        listed = json.loads(run("icons", "--json").stdout)
+        self.assertEqual([icon["number"] for icon in listed], list(range(1, 329)))
+        self.assertEqual(listed[1], {
+            "accessor": "addCalendar", "cppAccessor": "Brisel::Icon::addCalendar()", "name": "AddCalendar",
+            "constant": "VLMBriselIconAddCalendar", "number": 2, "x16": "U+F53F", "x24": "U+F540",
+            "autoMirror": False})
+        by_name = {icon["accessor"]: icon for icon in listed}
+        self.assertEqual(by_name["delete"]["cppAccessor"], "Brisel::Icon::delete_()")
+        self.assertEqual(by_name["plus2Px"]["constant"], "VLMBriselIconPlus2px")
+        self.assertEqual(sum(icon["autoMirror"] for icon in listed), 9)
+        lines = run("icons").stdout.splitlines()
+        self.assertEqual([line.split()[1] for line in lines], [icon["accessor"] for icon in listed])
+        self.assertEqual(lines[1].split(), ["2", "addCalendar", "VLMBriselIconAddCalendar", "U+F53F", "U+F540"])
+
+    def picture(self, name, rows):
+        """A PNG file of rows of pixels, each of four bytes."""
+        def chunk(kind, data):
+            return struct.pack(">I", len(data)) + kind + data + struct.pack(">I", zlib.crc32(kind + data))
+
+        head = struct.pack(">IIBBBBB", len(rows[0]), len(rows), 8, 6, 0, 0, 0)
+        data = b"".join(b"\0" + b"".join(bytes(pixel) for pixel in row) for row in rows)
+        path = self.folder / name
+        path.write_bytes(b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", head) + chunk(b"IDAT", zlib.compress(data)) +
+                         chunk(b"IEND", b""))
+        return path
+
+    def test_pictures_are_compared_at_an_accuracy(self):
+        grey, lighter = (100, 100, 100, 255), (100, 103, 100, 255)
+        first = self.picture("a.png", [[grey, grey], [grey, grey]])
+        second = self.picture("b.png", [[grey, grey], [grey, lighter]])
+        for accuracy, status, text in [
+            ("0", 1, "1 of 4 pixels differs; the largest difference is 3 of 255 (0.0118)\n"),
+            ("0.01", 1, "1 of 4 pixels differs; the largest difference is 3 of 255 (0.0118)\n"),
+            ("0.02", 0, "0 of 4 pixels differ; the largest difference is 3 of 255 (0.0118)\n"),
+        ]:
+            result = run("compare", first, second, "--accuracy", accuracy)
+            self.assertEqual((result.returncode, result.stdout, result.stderr), (status, text, ""), accuracy)
+        self.assertEqual(run("compare", first, first).returncode, 0)
+
+    def test_pictures_of_different_sizes_differ_where_only_one_has_a_pixel(self):
+        grey = (100, 100, 100, 255)
+        first = self.picture("a.png", [[grey, grey], [grey, grey]])
+        second = self.picture("b.png", [[grey, grey, grey]])
+        result = run("compare", first, second, "--accuracy", "1", "--diff", self.folder / "diff.png")
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (
+            1, "3 of 5 pixels differ, the pictures being 2 x 2 and 3 x 1; the largest difference is 0 of 255 (0.0000)\n",
+            ""))
+        self.assertEqual(png_size(self.folder / "diff.png"), (3, 2))
+
+    def test_the_difference_is_drawn_on_the_dimmed_picture(self):
+        grey, lighter = (100, 100, 100, 255), (100, 103, 100, 255)
+        dimmed, pink, yellow, clear = (25, 25, 25, 255), (255, 26, 191, 255), (243, 255, 70, 255), (0, 0, 0, 0)
+        first = self.picture("a.png", [[grey, grey], [grey, grey]])
+        second = self.picture("b.png", [[grey, lighter, grey]])
+        difference = self.folder / "diff.png"
+        run("compare", first, second, "--diff", difference)
+        expected = self.picture("c.png", [[dimmed, pink, yellow], [yellow, yellow, clear]])
+        self.assertEqual(run("compare", difference, expected).returncode, 0)
+
+    def test_a_picture_is_enlarged_under_a_grid(self):
+        red, blue = (255, 0, 0, 255), (0, 0, 255, 255)
+        picture = self.picture("a.png", [[red, blue], [blue, red]])
+        large = self.folder / "large.png"
+        result = run("scale", picture, "3", "-o", large)
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+        expected = [[red] * 3 + [blue] * 3] * 3 + [[blue] * 3 + [red] * 3] * 3
+        self.assertEqual(run("compare", large, self.picture("b.png", expected)).returncode, 0)
+        self.assertEqual(run("scale", picture, "3", "--grid", "#FF00FF", "-o", large).returncode, 0)
+        grid = (255, 0, 255, 255)
+        expected = [[grid if 2 in (x, y) else expected[y][x] for x in range(6)] for y in range(6)]
+        self.assertEqual(run("compare", large, self.picture("b.png", expected)).returncode, 0)
+        self.assertEqual(run("scale", picture, "3", "--interpolation", "high", "-o", picture).returncode, 0)
+        self.assertEqual(run("compare", large, picture).returncode, 1)
+
+    def test_files_that_are_no_pictures_are_said_to_be_none(self):
+        good = self.picture("good.png", [[(1, 2, 3, 255)]])
+        bytes_ = good.read_bytes()
+
+        def stating(side):
+            """The same file, which states another size."""
+            data = bytearray(bytes_)
+            data[16:24] = struct.pack(">II", side, side)
+            data[29:33] = struct.pack(">I", zlib.crc32(bytes(data[12:29])))
+            return bytes(data)
+
+        faulty = {"empty.png": (b"", "empty"), "text.png": (b"dear picture", "not a PNG file"),
+                  "cut.png": (bytes_[:40], "damaged"), "turned.png": (bytes_.replace(b"IDAT", b"IDAZ"), "damaged"),
+                  "large.png": (stating(40_000), "40000 x 40000 pixels, which is too large"),
+                  "huge.png": (stating(2**31 - 1), "damaged")}
+        for name, (data, words) in faulty.items():
+            file = self.folder / name
+            file.write_bytes(data)
+            with self.subTest(file=name):
+                self.assert_complaint(run("compare", file, good), 2, words)
+                self.assert_complaint(run("compare", good, file), 2, name)
+                self.assert_complaint(run("scale", file, "2", "-o", self.folder / "out.png"), 1, words)
+        for file, words in [(self.folder / "none.png", "No such file"), (self.folder, "not a regular file"),
+                            (pathlib.Path("/dev/zero"), "not a regular file")]:
+            with self.subTest(file=file):
+                self.assert_complaint(run("compare", file, good), 2, words)
+                self.assert_complaint(run("scale", file, "2", "-o", self.folder / "out.png"), 1, words)
+        self.assertFalse((self.folder / "out.png").exists())
+
+    def test_tools_say_what_they_cannot_write(self):
+        good = self.picture("good.png", [[(1, 2, 3, 255)] * 2])
+        nowhere = self.folder / "none" / "a.png"
+        self.assert_complaint(run("compare", good, good, "--diff", nowhere), 2, "cannot write")
+        self.assert_complaint(run("compare", good, good, "--diff", self.folder), 2, "cannot write")
+        self.assert_complaint(run("scale", good, "2", "-o", nowhere), 1, "cannot write")
+        self.assert_complaint(run("scale", good, "32767", "-o", self.folder / "a.png"), 1, "32767")
+        self.assert_complaint(run("icon", "heart", "-o", nowhere), 1, "cannot write")
+        self.assert_complaint(run("icon", "heart", "--size", "4000", "--scale", "16", "-o", self.folder / "a.png"), 1,
+                              "32767")
+        self.assert_complaint(run("icon", "heart", "--size", "0.5", "-o", self.folder / "a.png"), 1, "no pixels")
+        self.assertEqual(os.listdir(self.folder), ["good.png"])
 
     def test_what_cannot_be_written_leaves_nothing_behind(self):
         self.assert_complaint(run("text", "a", "-o", self.folder / "none" / "a.png"), 1, "cannot write")
@@ -162,7 +317,8 @@ class StyleGuide(unittest.TestCase):
 
     def test_is_written_quietly_where_nobody_watches(self):
         self.assertEqual((self.result.returncode, self.result.stdout, self.result.stderr), (0, "", ""))
-        self.assertEqual(sorted(self.pages), ["colours.html", "index.html", "type.html"])
+        self.assertEqual(sorted(self.pages), ["colours.html", "icons.html", "index.html", "shapes.html",
+                                              "type.html"])
         self.assertEqual(os.listdir(self.site.parent), ["site"])
 
     def test_refers_to_nothing_that_is_not_there(self):
@@ -183,14 +339,23 @@ class StyleGuide(unittest.TestCase):
             for file, width, height in page.pictures:
                 self.assertEqual(png_size(self.site / file), (width, height), file)
                 stated.add(self.site / file)
+        sheets = re.findall(r'url\("\.\./([^"]+)\.png"\) 1x, url\("\.\./([^"]+)@2x\.png"\) 2x',
+                            (self.site / "site/icons.css").read_text())
+        self.assertEqual([pathlib.Path(sheet).name for sheet, _ in sheets], ["12", "16", "20", "24", "32", "48", "64"])
+        for sheet, double in sheets:
+            width, height = png_size(self.site / f"{sheet}.png")
+            self.assertEqual(png_size(self.site / f"{double}@2x.png"), (2 * width, 2 * height))
+            stated |= {self.site / f"{sheet}.png", self.site / f"{double}@2x.png"}
         self.assertEqual(set(self.site.rglob("*.png")), stated)
         self.assertEqual(len(list(self.site.glob("pictures/colours/*.png"))), 2 * 312)
         self.assertEqual(len(list(self.site.glob("pictures/type/*.png"))), 2 * 19 * 12)
         self.assertEqual(len(list(self.site.glob("pictures/scripts/*.png"))), 2 * 12 * 12)
 
     def test_defines_every_property_that_its_style_sheet_uses(self):
-        used = set(re.findall(r"var\((--[\w-]+)\)", (self.site / "site/page.css").read_text()))
-        defined = set(re.findall(r"(--[\w-]+):", (self.site / "site/ground.css").read_text()))
+        styles = (self.site / "site/page.css").read_text()
+        used = set(re.findall(r"var\((--[\w-]+)\)", styles))
+        givers = [self.site / "site/ground.css", self.site / "site/icons.css", self.site / "icons.html"]
+        defined = set(re.findall(r"(--[\w-]+):", styles + "".join(path.read_text() for path in givers)))
         self.assertGreater(len(used), 20)
         self.assertEqual(used - defined, set())
 

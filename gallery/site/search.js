@@ -2,15 +2,15 @@
 "use strict";
 
 (() => {
-  const input = document.querySelector("#search");
-  const list = document.querySelector("#results");
+  const input = document.querySelector("#site-search");
+  const list = document.querySelector("#site-results");
   const found = document.querySelector(".found");
   const status = document.querySelector(".search [role='status']");
   const here = location.pathname.split("/").at(-1) || "index.html";
   const most = 40;
 
   // "gray 7", "Gray7" and "Brisel::Color::gray7()" are the same to who searches.
-  const plain = (text) => text.toLowerCase().replace(/[^\p{L}\p{N}]/gu, "");
+  const plain = brisel.plain = (text) => text.toLowerCase().replace(/[^\p{L}\p{N}]/gu, "");
   const items = briselNames.map(([id, page, value, picture, ...names]) => (
     { id, page, value, picture, names, keys: [id, ...names, value].map(plain) }));
   let results = [];
@@ -40,7 +40,13 @@
     if (item.picture) {
       const image = new Image(24, 24);
       image.alt = "";
-      image.src = item.picture;
+      const [file, x, y] = item.picture.split(" ");
+      if (x) {
+        image.className = "sheet";
+        image.style.objectPosition = `${-x}px ${-y}px`;
+      }
+      image.srcset = `${file.replace(/\.png$/, "@2x.png")} 2x`;
+      image.src = file;
       option.append(image);
     }
     const name = document.createElement("span");

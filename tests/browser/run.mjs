@@ -12,7 +12,7 @@ import { launch } from "./chromium.mjs";
 const site = resolve(process.argv[2] ?? "out/gallery");
 const axe = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
 const widths = [360, 1440, 1920];
-const pages = ["index.html", "colours.html", "type.html"];
+const pages = ["index.html", "colours.html", "type.html", "icons.html", "shapes.html"];
 
 if (!existsSync(join(site, "index.html"))) {
   console.error(`There is no style guide in ${site}; make gallery writes one.`);
@@ -163,13 +163,13 @@ await test("there are 312 swatches and 19 styles", "colours.html", async (page) 
 
 await test("search works by keyboard alone and copies", "colours.html", async (page) => {
   await page.keyboard.press("/");
-  assert.equal(await page.evaluate(() => document.activeElement.id), "search");
+  assert.equal(await page.evaluate(() => document.activeElement.id), "site-search");
   await page.keyboard.type("fluorescent");
   const options = await page.locator("[role='option']").allTextContents();
   assert.equal(options.length, 9);
   await page.keyboard.press("ArrowDown");
   assert.equal(await page.locator("[aria-selected='true']").textContent(), options[1]);
-  assert.equal(await page.locator("#search").getAttribute("aria-activedescendant"), "result-1");
+  assert.equal(await page.locator("#site-search").getAttribute("aria-activedescendant"), "result-1");
   await page.keyboard.press("Enter");
   await page.waitForSelector(".toast:not([hidden])");
   assert.equal(await clipboard(page), "Brisel::Color::fluorescentOrange144()");
@@ -179,6 +179,8 @@ await test("search works by keyboard alone and copies", "colours.html", async (p
 });
 
 for (const [words, copied] of [["VLMBriselColors::gray7", "Brisel::Color::gray7()"], ["gray 7", "Brisel::Color::gray7()"],
+  ["VLMBriselIconHeart", "Brisel::Icon::heart()"], ["f320", "Brisel::Icon::heart()"],
+  ["VLMBriselSwiftIcons::delete_", "Brisel::Icon::delete_()"], ["with circle of diameter", "Brisel::withCircle"],
   ["#1DB954", "VLMBriselColors::green()"], ["ballad bold", "Brisel::TypeStyle::balladBold()"]]) {
   await test(`search finds "${words}" from the start page`, "index.html", async (page) => {
     await page.keyboard.press("/");
@@ -190,19 +192,19 @@ for (const [words, copied] of [["VLMBriselColors::gray7", "Brisel::Color::gray7(
 }
 
 await test("a click on a result goes to its item on another page", "index.html", async (page) => {
-  await page.locator("#search").fill("cello canon");
+  await page.locator("#site-search").fill("cello canon");
   await page.locator("[role='option']").first().click();
   await page.waitForURL(/type\.html#celloCanon$/);
   assert.equal(await page.evaluate(() => document.querySelector(":target").id), "celloCanon");
 });
 
 await test("search says so when nothing bears the name", "index.html", async (page) => {
-  await page.locator("#search").fill("gray");
+  await page.locator("#site-search").fill("gray");
   assert.ok(await page.locator("[role='option']").count() > 10);
   await page.keyboard.press("Escape");
   assert.equal(await page.locator("[role='option']").count(), 0);
-  assert.equal(await page.locator("#search").inputValue(), "gray");
-  await page.locator("#search").fill("nothing is called so");
+  assert.equal(await page.locator("#site-search").inputValue(), "gray");
+  await page.locator("#site-search").fill("nothing is called so");
   assert.equal(await page.locator(".search [role='status']").textContent(), "0 names found");
   assert.equal(await page.locator("[role='option']").count(), 0);
 });
@@ -244,7 +246,8 @@ await test("arrows walk the swatches, and Tab takes a family at a time", "colour
   assert.equal(await clipboard(page), "Brisel::Color::red55()");
 });
 
-for (const [path, id] of [["colours.html", "redDesat155"], ["type.html", "minuetBold"]]) {
+for (const [path, id] of [["colours.html", "redDesat155"], ["type.html", "minuetBold"], ["icons.html", "heart"],
+  ["icons.html", "search"]]) {
   await test(`a link to ${id} lands on it and marks it`, `${path}#${id}`, async (page) => {
     const { top, bottom, outline, plain } = await page.evaluate((name) => {
       const item = document.getElementById(name);
@@ -257,6 +260,154 @@ for (const [path, id] of [["colours.html", "redDesat155"], ["type.html", "minuet
     assert.equal(plain, "none");
   });
 }
+
+const shownIcons = (page) => page.evaluate(() =>
+  [...document.querySelectorAll(".icon:not([hidden])")].map((tile) => tile.id));
+
+await test("all 328 icons stand on their page in both designs, each in a place of its own", "icons.html", async (page) => {
+  const places = await page.evaluate(() => [...document.querySelectorAll(".icon")].flatMap((tile) =>
+    [...tile.querySelectorAll("button i")].map((icon) => getComputedStyle(icon).backgroundPosition)));
+  assert.equal(places.length, 2 * 328);
+  assert.equal(new Set(places).size, 2 * 328);
+  assert.deepEqual((await shownIcons(page)).slice(20, 25), ["arrowDown", "pageLeft", "pageRight", "arrowTopRight", "arrowUp"]);
+});
+
+await test("icons are shown pixel by pixel as the library drew them", "icons.html", async (page) => {
+  const sheet = readFileSync(join(site, "pictures/icons/24.png"), "base64");
+  for (const id of ["ad", "heart", "xAlt"]) {
+    for (const design of ["x16", "x24"]) {
+      const icon = page.locator(`#${id} .${design}`);
+      await icon.scrollIntoViewIfNeeded();
+      const { x: left, y: top } = await icon.boundingBox();  // of which Chromium draws the nearest whole pixel
+      const clip = { x: Math.round(left), y: Math.round(top), width: 24, height: 24 };
+      const shown = (await page.screenshot({ clip })).toString("base64");
+      const differing = await icon.evaluate(async (element, [sheetData, shownData]) => {
+        const pixels = async (data, x, y) => {
+          const image = new Image();
+          image.src = `data:image/png;base64,${data}`;
+          await image.decode();
+          const canvas = Object.assign(document.createElement("canvas"), { width: 24, height: 24 });
+          const context = canvas.getContext("2d");
+          context.drawImage(image, -x, -y);
+          return context.getImageData(0, 0, 24, 24).data;
+        };
+        const [x, y] = getComputedStyle(element).backgroundPosition.split(" ").map((part) => -parseFloat(part));
+        const [drawn, seen] = [await pixels(sheetData, x, y), await pixels(shownData, 0, 0)];
+        return drawn.filter((byte, index) => byte !== seen[index]).length;
+      }, [sheet, shown]);
+      assert.equal(differing, 0, `${id}, ${design}`);
+    }
+  }
+});
+
+await test("the filter follows the typing, by any of the names", "icons.html", async (page) => {
+  for (const [words, found] of [["heart", ["heart", "heartActive"]], ["VLMBriselIconDelete", ["delete"]],
+    ["F3DB", ["heart"]], ["Icon::public_", ["public"]], ["plus 2 px", ["plus2Px"]]]) {
+    await page.locator("#icon-filter").fill(words);
+    assert.deepEqual(await shownIcons(page), found, words);
+    assert.equal(await page.locator("#icon-count").textContent(), `${found.length} of 328 icons`);
+  }
+  await page.locator("#icon-filter").fill("nothing is called so");
+  assert.deepEqual(await shownIcons(page), []);
+  assert.ok(await page.locator(".none").isVisible());
+  await page.keyboard.press("Escape");
+  assert.equal((await shownIcons(page)).length, 328);
+  assert.ok(!await page.locator(".none").isVisible());
+});
+
+await test("accessor and constant of an icon are copied", "icons.html#delete", async (page) => {
+  const tile = page.locator("#delete");
+  for (const [button, text] of [["delete", "Brisel::Icon::delete_()"], ["Brisel::Icon::delete_()", "Brisel::Icon::delete_()"],
+    ["VLMBriselIconDelete", "VLMBriselIconDelete"]]) {
+    await page.evaluate(() => { document.querySelector(".toast").textContent = ""; });
+    await tile.getByRole("button", { name: button, exact: true }).click();
+    await page.waitForFunction((expected) => document.querySelector(".toast").textContent === `Copied ${expected}`, text);
+    assert.equal(await clipboard(page), text);
+  }
+});
+
+await test("the icons follow the choice of their size", "icons.html", async (page) => {
+  for (const points of [12, 16, 20, 24, 32, 48, 64]) {
+    await page.getByRole("radio", { name: String(points), exact: true }).check();
+    const { width, image } = await page.evaluate(() => {
+      const style = getComputedStyle(document.querySelector("#heart .x24"));
+      return { width: style.width, image: style.backgroundImage };
+    });
+    assert.equal(width, `${points}px`);
+    assert.ok(image.includes(`/pictures/icons/${points}.png`), image);
+    assert.ok(await page.evaluate(() => document.documentElement.scrollWidth <= innerWidth));
+  }
+}, { width: 360 });
+
+await test("a link to an icon that is filtered out shows it", "icons.html", async (page) => {
+  await page.locator("#icon-filter").fill("album");
+  await page.keyboard.press("/");
+  await page.keyboard.type("watchDownload");
+  await page.keyboard.press("Enter");
+  await page.waitForURL(/#watchDownload$/);
+  assert.equal(await page.locator("#icon-filter").inputValue(), "");
+  const box = await page.locator("#watchDownload").boundingBox();
+  assert.ok(box && box.y > 0 && box.y + box.height <= 900, JSON.stringify(box));
+});
+
+await test("a link to an icon lands below the tools on a narrow screen", "icons.html#heart", async (page) => {
+  const [tools, tile] = [await page.locator(".icon-tools").boundingBox(), await page.locator("#heart").boundingBox()];
+  assert.ok(tile.y >= tools.y + tools.height, `${tile.y} is under ${tools.y + tools.height}`);
+}, { width: 360 });
+
+await test("arrows walk the icons, which are one stop of the Tab key", "icons.html", async (page) => {
+  const focused = () => page.evaluate(() => document.activeElement.textContent.trim());
+  assert.equal(await page.locator(".tiles button[tabindex='0']").count(), 1);
+  await page.locator("#ad button").first().focus();
+  await page.keyboard.press("ArrowRight");
+  assert.equal(await focused(), "addCalendar");
+  await page.keyboard.press("ArrowDown");
+  assert.equal(await focused(), "Brisel::Icon::addCalendar()");
+  await page.keyboard.press("ArrowDown");
+  assert.equal(await focused(), "VLMBriselIconAddCalendar");
+  await page.keyboard.press("ArrowLeft");
+  assert.equal(await focused(), "VLMBriselIconAd");
+  await page.keyboard.press("ArrowUp");
+  await page.keyboard.press("Enter");
+  await page.waitForSelector(".toast:not([hidden])");
+  assert.equal(await clipboard(page), "Brisel::Icon::ad()");
+  assert.equal(await page.locator(".tiles button[tabindex='0']").count(), 1);
+});
+
+await test("the pairs and the mirrored icons are shown", "icons.html", async (page) => {
+  const pairs = await page.locator(".pairs li").allTextContents();
+  assert.deepEqual(pairs, ["pageLeft becomes pageRight", "pageRight becomes pageLeft",
+    "chevronLeft becomes chevronRight", "chevronRight becomes chevronLeft"]);
+  assert.deepEqual(await page.locator(".mirrored a").allTextContents(), ["pageLeft", "pageRight", "arrowTopRight",
+    "chevronLeft", "chevronLeftAlt", "chevronRight", "chevronRightAlt", "listView", "halvornConnect"]);
+  assert.match(await page.locator("#pageLeft .marks").textContent(), /right to left: pageRight.*to be mirrored/s);
+  assert.equal(await page.locator(".marks").count(), 9);
+});
+
+await test("search shows an icon with its picture", "shapes.html", async (page) => {
+  await page.locator("#site-search").fill("heartActive");
+  const image = page.locator("[role='option'] img").first();
+  assert.match(await image.getAttribute("src"), /pictures\/icons\/24\.png$/);
+  await page.waitForFunction(() => document.querySelector("[role='option'] img").naturalWidth > 24);
+  assert.match(await image.evaluate((element) => getComputedStyle(element).objectPosition), /^-\d+px -\d+px$/);
+});
+
+await test("each shape stands there with and without a cut-out, under both names", "shapes.html", async (page) => {
+  const calls = await page.locator(".shape button").allTextContents();
+  for (const call of ["Brisel::withCircle", "brisel_withCircleOfDiameter", "Brisel::withStar", "brisel_withStarOfDiameter",
+    "Brisel::withDot", "brisel_withDotOfDiameter", "Brisel::verifiedIndicator", "brisel_verifiedIndicatorForSize",
+    "Brisel::imageByScaling", "brisel_imageByScaling"]) {
+    assert.ok(calls.some((text) => text.startsWith(`${call}(`)), call);
+  }
+  for (const shape of ["withCircle", "withStar"]) {
+    for (const cutsOut of ["true", "false"]) {
+      assert.ok(calls.some((text) => text.startsWith(`Brisel::${shape}(`) && text.endsWith(`${cutsOut})`)), shape);
+    }
+  }
+  await page.locator(".shape button").first().click();
+  await page.waitForSelector(".toast:not([hidden])");
+  assert.equal(await clipboard(page), calls[0]);
+});
 
 await test("nothing moves by itself for those who asked for rest", "colours.html", async (page) => {
   const moving = await page.evaluate(() => document.getAnimations().length);

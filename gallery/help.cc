@@ -1,0 +1,104 @@
+#include "gallery/arguments.h"
+
+namespace Brisel::Gallery {
+namespace {
+
+struct Topic {
+  std::string_view command, text;
+};
+
+constexpr Topic kTopics[] = {
+    {"",
+     R"(Usage: brisel <command> [options]
+
+  brisel gallery --out DIR             write the style guide
+  brisel text "…" -o FILE.png          draw one text
+  brisel icon NAME -o FILE.png         draw one icon
+  brisel icons [--json]                list all icons
+  brisel compare A.png B.png           tell whether two pictures look the same
+  brisel scale FILE.png 8 -o FILE.png  enlarge a picture to look at its pixels
+
+  brisel <command> --help              what a command takes
+  brisel --version
+
+Exit status: 0 done, 1 failed, 2 not understood. That of compare: 0 equal, 1 different,
+2 trouble.
+)"},
+    {"gallery",
+     R"(Usage: brisel gallery --out DIR
+
+Writes the style guide, a site that opens from its index.html. It appears in DIR all
+at once when it is complete. An older style guide there is replaced; any other
+directory must be empty.
+
+  -o, --out DIR           where to
+)"},
+    {"text",
+     R"(Usage: brisel text "…" [options] -o FILE.png
+
+Draws one text in a type style.
+
+  -o, --out FILE          the picture, a PNG
+      --style NAME        ballad, balladBold, bass … (ballad)
+      --category NAME     a content-size category: extraSmall … large …
+                          accessibilityExtraExtraExtraLarge, or its platform name (large)
+      --width POINTS      wraps the text there (as wide as it takes)
+      --scale NUMBER      pixels a point (1)
+      --color COLOR       of the text: a palette name or #rrggbb, #rrggbbaa (the theme's text)
+      --background COLOR  behind it (the theme's ground)
+)"},
+    {"icon",
+     R"(Usage: brisel icon NAME [options] -o FILE.png
+
+Draws one icon: heart, Heart or VLMBriselIconHeart. `brisel icons` lists them.
+
+  -o, --out FILE          the picture, a PNG
+      --size POINTS       of the square that the icon stands in (24)
+      --scale NUMBER      pixels a point (1)
+      --design DESIGN     x16 or x24, the design for 16 or for 24 points (x16 up to 16 points)
+      --color COLOR       of the icon: a palette name or #rrggbb, #rrggbbaa (the theme's text)
+      --background COLOR  behind it (none)
+)"},
+    {"icons",
+     R"(Usage: brisel icons [--json]
+
+Lists all icons in the order of their numbers: number, accessor, constant, the code
+points of both designs, and whether they are to be mirrored from right to left.
+
+      --json              as a JSON list of objects: accessor, cppAccessor, name, constant,
+                          number, x16, x24, autoMirror
+)"},
+    {"compare",
+     R"(Usage: brisel compare A.png B.png [options]
+
+Tells whether two pictures look the same, and in one line how far they differ.
+
+      --accuracy NUMBER   how far a channel may differ, from 0 to 1 of full scale (0)
+      --diff FILE         draws where they differ: the first picture dimmed, and on it each
+                          pixel that differs too far, in pink; in yellow those that only one
+                          of the pictures has
+
+Exit status: 0 equal, 1 different, 2 trouble.
+)"},
+    {"scale",
+     R"(Usage: brisel scale FILE.png FACTOR [options] -o FILE.png
+
+Enlarges a picture by a whole number, each pixel becoming a square.
+
+  -o, --out FILE          the enlarged picture, a PNG
+      --grid COLOR        of lines between the pixels: a palette name or #rrggbb, #rrggbbaa
+                          (none); in a picture that is not square one direction has too few
+      --interpolation KIND  none, low, medium or high (none)
+)"},
+};
+
+}  // namespace
+
+std::string_view helpText(std::string_view topic) {
+  for (const Topic& entry : kTopics) {
+    if (entry.command == topic) return entry.text;
+  }
+  throw UsageError("there is no help on \"" + std::string(topic) + "\"");
+}
+
+}  // namespace Brisel::Gallery
