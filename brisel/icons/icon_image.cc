@@ -24,11 +24,13 @@ using Platform::ColorPtr;
 using Platform::ImagePtr;
 using Platform::UIImage;
 
+// Whether anything is left of a size when it is cut to whole pixels. Written so that not-a-number fails.
+bool hasPixels(CGSize size, CGFloat scale) { return size.width * scale >= 1 && size.height * scale >= 1; }
+
 CGSize cutToPixels(CGSize size, CGFloat scale) {
   return {std::floor(size.width * scale) / scale, std::floor(size.height * scale) / scale};
 }
 
-// Written so that not-a-number fails.
 bool isDrawable(CGSize size) {
   constexpr CGFloat kLargest = std::numeric_limits<CGFloat>::max();
   return size.width > 0 && size.width < kLargest && size.height > 0 && size.height < kLargest;
@@ -101,15 +103,16 @@ ImagePtr image(const Icon& icon, CGSize iconSize, CGSize imageSize, std::optiona
                const ColorPtr& color, const ColorPtr& backgroundColor, CGPoint offset) {
   if (!color || !backgroundColor) Platform::fatalError("An icon was given a null colour");
   const CGFloat scale = Platform::UIScreen::mainScreen().scale();
-  const CGSize drawnIconSize = cutToPixels(iconSize, scale);
-  const CGSize drawnImageSize = cutToPixels(imageSize, scale);
-  if (!isDrawable(drawnIconSize) || !isDrawable(drawnImageSize)) return UIImage::init();
+  if (!hasPixels(iconSize, scale) || !hasPixels(imageSize, scale)) return UIImage::init();
 
   // The request as it was made is the key: sizes that are cut to the same pixels are kept twice; this is deliberate.
   auto& cache = internal::iconImageCache();
   const internal::IconConfigurationView request(icon, iconSize, imageSize, glyphSize, *color, *backgroundColor, offset);
   if (auto cached = cache.getValue(request)) return *std::move(cached);
 
+  const CGSize drawnIconSize = cutToPixels(iconSize, scale);
+  const CGSize drawnImageSize = cutToPixels(imageSize, scale);
+  if (!isDrawable(drawnIconSize) || !isDrawable(drawnImageSize)) return UIImage::init();
   const IconConfiguration configuration(icon, iconSize, imageSize, glyphSize, color, backgroundColor, offset);
   ImagePtr image = render(configuration, drawnIconSize, drawnImageSize);
   if (isWorthKeeping(request, *image)) cache.setValue(image, configuration, memoryUsage(*image));

@@ -5,6 +5,7 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <functional>
 #include <string_view>
 #include <type_traits>
@@ -32,13 +33,31 @@ class Hasher {
     } else if constexpr (std::integral<T> || std::is_enum_v<T>) {
       mix(static_cast<std::uint64_t>(value));
     } else if constexpr (std::convertible_to<const T&, std::string_view>) {
-      mix(std::hash<std::string_view>{}(std::string_view(value)));
+      mixText(value);
     } else if constexpr (requires { value.begin(), value.end(), value.size(); }) {
       mix(value.size());
       for (const auto& element : value) add(element);
     } else {
       mix(std::hash<T>{}(value));
     }
+  }
+
+  // Eight bytes at a time; the last eight may overlap those before.
+  void mixText(std::string_view text) noexcept {
+    mix(text.size());
+    std::size_t at = 0;
+    for (; text.size() - at > 8; at += 8) mix(word(text.data() + at, 8));
+    if (at > 0) {
+      mix(word(text.data() + text.size() - 8, 8));
+    } else if (!text.empty()) {
+      mix(word(text.data(), text.size()));
+    }
+  }
+
+  static std::uint64_t word(const char* bytes, std::size_t count) noexcept {
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes, count);
+    return word;
   }
 
   void mix(std::uint64_t word) noexcept { state_ = std::rotl(state_, 23) + spread(word); }

@@ -165,7 +165,7 @@ class CairoCanvas final : public Canvas {
           setSource(context, color);
         } else if (auto* coverage =
                        (*rasteriser)
-                           .rasterise(face.font(), glyph.id, placement, bitmap_.width, bitmap_.height, a8Stride)) {
+                           .rasterise(*face.outline(glyph.id), placement, bitmap_.width, bitmap_.height, a8Stride)) {
           mask(*coverage);
         }
       }

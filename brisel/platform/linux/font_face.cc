@@ -119,7 +119,11 @@ std::shared_ptr<const FontFace> FontFace::empty(const Engine& maker) {
 }
 
 FontFace::FontFace(const Engine& maker, HbFontPtr font, std::string postscriptName)
-    : Face(maker), font_(std::move(font)), characters_(hb_set_create()), postscriptName_(std::move(postscriptName)) {
+    : Face(maker),
+      font_(std::move(font)),
+      outlines_(font_.get()),
+      characters_(hb_set_create()),
+      postscriptName_(std::move(postscriptName)) {
   hb_font_make_immutable(font_.get());
   hb_face_t* face = hb_font_get_face(font_.get());
   hb_face_collect_unicodes(face, characters_.get());

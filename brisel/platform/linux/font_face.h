@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -7,6 +8,7 @@
 #include <hb.h>
 
 #include "brisel/platform/engine.h"
+#include "brisel/platform/linux/glyph_outline.h"
 
 namespace Brisel::Platform::Linux {
 
@@ -38,12 +40,14 @@ class FontFace final : public Face {
   const FontMetrics& metrics() const noexcept { return metrics_; }
   CGFloat unitsPerEm() const noexcept { return unitsPerEm_; }
   hb_font_t* font() const noexcept { return font_.get(); }
+  std::shared_ptr<const GlyphOutline> outline(std::uint32_t glyph) const { return outlines_.outline(glyph); }
   bool has(char32_t character) const noexcept { return hb_set_has(characters_.get(), character) != 0; }
 
   FontFace(const Engine& maker, HbFontPtr font, std::string postscriptName);
 
  private:
   HbFontPtr font_;
+  GlyphOutlines outlines_;
   HbSetPtr characters_;
   std::string postscriptName_;
   std::string family_;

@@ -4,9 +4,8 @@
 #include <cstdint>
 #include <vector>
 
-#include <hb.h>
-
 #include "brisel/platform/linux/freetype_library.h"
+#include "brisel/platform/linux/glyph_outline.h"
 
 #include FT_OUTLINE_H
 
@@ -29,25 +28,23 @@ struct GlyphPlacement {
   double pixelsPerUnit = 0;
 };
 
-/// Fills glyph outlines, unhinted, to 1/64 of a pixel: HarfBuzz gives the outline, FreeType's smooth rasteriser the
-/// coverage. Every glyph of the port is drawn this way. For one thread at a time; its memory is kept from glyph to
-/// glyph.
+/// Fills glyph outlines, unhinted, to 1/64 of a pixel, by FreeType's smooth rasteriser. Every glyph of the port is
+/// drawn this way. For one thread at a time; its memory is kept from glyph to glyph.
 class GlyphRasteriser {
  public:
   /// What of a glyph lies within a canvas of that many pixels; null where nothing does. Valid until the next call.
   /// `stride(width)` tells the row length that the caller wants.
-  GlyphCoverage* rasterise(hb_font_t* font, hb_codepoint_t glyph, const GlyphPlacement& placement, int canvasWidth,
+  GlyphCoverage* rasterise(const GlyphOutline& glyph, const GlyphPlacement& placement, int canvasWidth,
                            int canvasHeight, int (*stride)(int width));
 
   bool isWorthKeeping() const noexcept;
 
  private:
-  class Outliner;
+  // Whether all points lie where FreeType can count.
+  bool place(const GlyphOutline& glyph, const GlyphPlacement& placement);
 
   FreeTypeLibrary freetype_;
   std::vector<FT_Vector> points_;  // 26.6 pixels from the canvas's upper left corner, y upwards
-  std::vector<char> tags_;
-  std::vector<short> contours_;
   GlyphCoverage coverage_;
 };
 
