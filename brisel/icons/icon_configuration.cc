@@ -1,11 +1,11 @@
 #include "brisel/icons/icon_configuration.h"
 
-#include "brisel/typography/internal/decimal.h"
+#include "brisel/platform/internal/decimal.h"
 
 namespace Brisel {
 namespace {
 
-using internal::decimal;
+using Platform::internal::decimal;
 
 std::string pair(double first, double second) { return "(" + decimal(first) + ", " + decimal(second) + ")"; }
 std::string printed(Platform::CGSize size) { return pair(size.width, size.height); }

@@ -1,11 +1,13 @@
 #include <string>
 #include <string_view>
 
-#include "brisel/typography/internal/decimal.h"
+#include "brisel/platform/internal/decimal.h"
 #include "brisel/typography/type_style.h"
 
 namespace Brisel {
 namespace {
+
+using Platform::internal::decimal;
 
 std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
 
@@ -29,8 +31,7 @@ std::string listOfFeatures(const std::vector<Font::Feature>& features) {
 }  // namespace
 
 std::string TypeStyle::AccessibilityRange::description() const {
-  return "min: " + internal::decimal(min_) + " mid: " + internal::decimal(mid_) + " max: " + internal::decimal(max_) +
-         " axMax: " + internal::decimal(axMax_);
+  return "min: " + decimal(min_) + " mid: " + decimal(mid_) + " max: " + decimal(max_) + " axMax: " + decimal(axMax_);
 }
 
 std::string TypeStyle::Configuration::description() const {
@@ -48,9 +49,8 @@ std::string TypeStyle::Configuration::debugDescription() const {
 std::string TypeStyle::debugDescription() const {
   return "TypeStyle: " + quoted(name_) + "\n{\n    primaryFont: " + quoted(primaryFont_.description()) +
          "\n    fallbackFonts: " + listOfFonts(fallbackFonts_) +
-         "\n    fontWeight: " + std::string(fontWeight_.nameSuffix()) +
-         "\n    fontSize: " + internal::decimal(fontSize_) + "\n    configuration: " + configuration_.description() +
-         "\n}";
+         "\n    fontWeight: " + std::string(fontWeight_.nameSuffix()) + "\n    fontSize: " + decimal(fontSize_) +
+         "\n    configuration: " + configuration_.description() + "\n}";
 }
 
 }  // namespace Brisel

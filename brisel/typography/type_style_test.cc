@@ -16,14 +16,15 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include "brisel/platform/internal/decimal.h"
 #include "brisel/typography/catalogue.h"
 #include "brisel/typography/font_stacks.h"
 #include "brisel/typography/internal/built_count.h"
-#include "brisel/typography/internal/decimal.h"
 
 namespace Brisel {
 namespace {
 
+using Platform::internal::decimal;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Group = TypeStyle::Group;
@@ -63,8 +64,7 @@ cello = Cello: text stack, Bold 18.0, 15.0 18.0 24.0 54.0, 1.0 1.0 1.0 1.0, as t
 )";
 
 std::string numbers(const Range& range) {
-  return internal::decimal(range.min()) + ' ' + internal::decimal(range.mid()) + ' ' + internal::decimal(range.max()) +
-         ' ' + internal::decimal(range.axMax());
+  return decimal(range.min()) + ' ' + decimal(range.mid()) + ' ' + decimal(range.max()) + ' ' + decimal(range.axMax());
 }
 
 std::string stackName(const TypeStyle& style) {
@@ -93,7 +93,7 @@ TEST(TypeStyleCatalogue, IsAsDesigned) {
   for (const auto& [identifier, objectName, get] : Catalogue::typeStyles()) {
     const TypeStyle& style = get();
     catalogue += std::string(identifier) + " = " + style.name() + ": " + stackName(style) + " stack, " +
-                 std::string(style.fontWeight().nameSuffix()) + ' ' + internal::decimal(style.fontSize()) + ", " +
+                 std::string(style.fontWeight().nameSuffix()) + ' ' + decimal(style.fontSize()) + ", " +
                  numbers(style.configuration().fontSize()) + ", " +
                  numbers(style.configuration().minimumScaleFactor()) + ", " +
                  (style.configuration().usesUpperCaseLayout() ? "capitals" : "as typed") + ", " +

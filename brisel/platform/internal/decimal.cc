@@ -1,10 +1,10 @@
-#include "brisel/typography/internal/decimal.h"
+#include "brisel/platform/internal/decimal.h"
 
 #include <charconv>
 #include <cmath>
 #include <string_view>
 
-namespace Brisel::internal {
+namespace Brisel::Platform::internal {
 
 std::string decimal(double number) {
   if (std::isnan(number)) return "nan";
@@ -18,4 +18,4 @@ std::string decimal(double number) {
   return text;
 }
 
-}  // namespace Brisel::internal
+}  // namespace Brisel::Platform::internal

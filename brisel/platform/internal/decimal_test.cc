@@ -1,4 +1,4 @@
-#include "brisel/typography/internal/decimal.h"
+#include "brisel/platform/internal/decimal.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -7,7 +7,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
-namespace Brisel::internal {
+namespace Brisel::Platform::internal {
 namespace {
 
 TEST(Decimal, AlwaysHasAFraction) {
@@ -49,4 +49,4 @@ RC_GTEST_PROP(Decimal, ReadsBackAsTheSameNumber, (double number)) {
 }
 
 }  // namespace
-}  // namespace Brisel::internal
+}  // namespace Brisel::Platform::internal
