@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
-#include <cstring>
 #include <new>
 #include <utility>
 #include <vector>
@@ -12,6 +11,7 @@
 
 #include "brisel/platform/linux/cairo_pointers.h"
 #include "brisel/platform/linux/font_face.h"
+#include "brisel/platform/linux/png.h"
 
 namespace Brisel::Platform::Linux {
 namespace {
@@ -51,15 +51,21 @@ cairo_filter_t filterOf(CGInterpolationQuality quality) {
   return CAIRO_FILTER_GOOD;
 }
 
-void exchangeRedAndBlue(cairo_surface_t* picture) {
-  cairo_surface_flush(picture);
-  unsigned char* row = cairo_image_surface_get_data(picture);
-  for (int y = 0; y < cairo_image_surface_get_height(picture); ++y) {
-    for (int x = 0; x < cairo_image_surface_get_width(picture); ++x) std::swap(row[4 * x], row[4 * x + 2]);
-    row += cairo_image_surface_get_stride(picture);
+// What is drawn aside. Where the drawing throws, it is dropped, and the context draws on the canvas again.
+class Group {
+ public:
+  explicit Group(cairo_t* context) : context_(context) { cairo_push_group(context); }
+  ~Group() {
+    if (context_) cairo_pattern_destroy(cairo_pop_group(context_));
   }
-  cairo_surface_mark_dirty(picture);
-}
+  Group(const Group&) = delete;
+  Group& operator=(const Group&) = delete;
+
+  void becomeSource() { cairo_pop_group_to_source(std::exchange(context_, nullptr)); }
+
+ private:
+  cairo_t* context_;
+};
 
 class CairoCanvas final : public Canvas {
  public:
@@ -76,7 +82,8 @@ class CairoCanvas final : public Canvas {
     cairo_paint(context_.get());
   }
 
-  bool isUsable() const { return cairo_status(context_.get()) == CAIRO_STATUS_SUCCESS; }
+  // Once Cairo has failed, it draws nothing more: what it has drawn until then is not what was asked for.
+  bool isUsable() const { return !hasFailed_ && cairo_status(context_.get()) == CAIRO_STATUS_SUCCESS; }
 
  private:
   struct State {
@@ -115,6 +122,7 @@ class CairoCanvas final : public Canvas {
       cairo_set_source_surface(painter.get(), outer.get(), 0, 0);
       cairo_paint(painter.get());
     }
+    hasFailed_ = hasFailed_ || cairo_status(painter.get()) != CAIRO_STATUS_SUCCESS;
     state_.mask = coverage;
   }
 
@@ -161,7 +169,7 @@ class CairoCanvas final : public Canvas {
       setSource(context, color);
       for (const PositionedGlyph& glyph : glyphs) {
         const GlyphPlacement placement{glyph.origin.x * scale(), glyph.origin.y * scale(), pixelsPerUnit};
-        if (hasPictures && drawPicture(face, glyph.id, placement)) {
+        if (hasPictures && drawPicture(face, glyph, pointSize / face.unitsPerEm())) {
           setSource(context, color);
         } else if (auto* coverage =
                        (*rasteriser)
@@ -174,12 +182,13 @@ class CairoCanvas final : public Canvas {
 
   Bitmap onBitmap() const override {
     cairo_surface_flush(surface_.get());
-    return bitmap_;
+    return isUsable() ? bitmap_ : Bitmap();
   }
 
   Bitmap onTakeBitmap() override {
     cairo_surface_finish(surface_.get());  // From now on Cairo draws nothing here.
-    return std::exchange(bitmap_, {});
+    Bitmap taken = std::exchange(bitmap_, {});
+    return isUsable() ? std::move(taken) : Bitmap();
   }
 
   // What Cairo sees where a bitmap is. It writes there only as the canvas's own surface.
@@ -203,11 +212,11 @@ class CairoCanvas final : public Canvas {
       drawing(context);
       return;
     }
-    cairo_push_group(context);
+    Group group(context);
     cairo_reset_clip(context);  // It is applied once, below.
     cairo_set_operator(context, CAIRO_OPERATOR_OVER);
     drawing(context);
-    cairo_pop_group_to_source(context);
+    group.becomeSource();
     cairo_set_operator(context, blend);
     cairo_mask_surface(context, mask.get(), 0, 0);
   }
@@ -292,53 +301,29 @@ class CairoCanvas final : public Canvas {
   }
 
   // Emoji fonts carry pictures instead of outlines, at a size of their own.
-  bool drawPicture(const FontFace& face, std::uint32_t glyph, const GlyphPlacement& placement) {
+  bool drawPicture(const FontFace& face, const PositionedGlyph& glyph, double pointsPerUnit) {
     const std::unique_ptr<hb_blob_t, HbDelete<hb_blob_t, hb_blob_destroy>> png(
-        hb_ot_color_glyph_reference_png(face.font(), glyph));
-    struct Reader {
-      const char* data;
-      unsigned left;
-    } reader{};
-    reader.data = hb_blob_get_data(png.get(), &reader.left);
-    if (reader.left == 0) return false;
-    const CairoPtr<cairo_surface_t> picture(cairo_image_surface_create_from_png_stream(
-        [](void* closure, unsigned char* out, unsigned length) {
-          auto& source = *static_cast<Reader*>(closure);
-          if (length > source.left) return CAIRO_STATUS_READ_ERROR;
-          std::memcpy(out, source.data, length);
-          source.data += length;
-          source.left -= length;
-          return CAIRO_STATUS_SUCCESS;
-        },
-        &reader));
+        hb_ot_color_glyph_reference_png(face.font(), glyph.id));
+    unsigned length = 0;
+    const char* data = hb_blob_get_data(png.get(), &length);
     hb_glyph_extents_t extents{};
-    if (cairo_surface_status(picture.get()) != CAIRO_STATUS_SUCCESS ||
-        !hb_font_get_glyph_extents(face.font(), glyph, &extents)) {
-      return false;
+    if (length == 0 || hb_font_get_glyph_extents(face.font(), glyph.id, &extents) == 0) return false;
+    Bitmap picture = pictureOfPng({reinterpret_cast<const std::uint8_t*>(data), length}).bitmap;
+    if (!picture.isValid()) return false;
+    if (erases()) {  // By the picture's coverage, in black as all that erases.
+      for (std::size_t i = 0; i < picture.rgba.size(); i += 4) std::fill_n(&picture.rgba[i], 3, std::uint8_t{0});
     }
-    const double width = extents.width * placement.pixelsPerUnit;
-    const double height = -extents.height * placement.pixelsPerUnit;
-    const int pictureWidth = cairo_image_surface_get_width(picture.get());
-    const int pictureHeight = cairo_image_surface_get_height(picture.get());
-    if (!(width > 0 && height > 0) || pictureWidth <= 0 || pictureHeight <= 0) return false;
-    exchangeRedAndBlue(picture.get());
-    cairo_save(context_.get());
-    cairo_translate(context_.get(), placement.x + extents.x_bearing * placement.pixelsPerUnit,
-                    placement.y - extents.y_bearing * placement.pixelsPerUnit);
-    cairo_scale(context_.get(), width / pictureWidth, height / pictureHeight);
-    if (erases()) {
-      cairo_mask_surface(context_.get(), picture.get(), 0, 0);
-    } else {
-      cairo_set_source_surface(context_.get(), picture.get(), 0, 0);
-      cairo_paint(context_.get());
-    }
-    cairo_restore(context_.get());
+    setSource(context_.get(), picture,
+              {{glyph.origin.x + extents.x_bearing * pointsPerUnit, glyph.origin.y - extents.y_bearing * pointsPerUnit},
+               {extents.width * pointsPerUnit, -extents.height * pointsPerUnit}});
+    cairo_fill(context_.get());
     return true;
   }
 
   std::shared_ptr<RasteriserPool> rasterisers_;
   Bitmap bitmap_;
   bool isOpaque_;
+  bool hasFailed_ = false;  // in drawing a mask
   CairoPtr<cairo_surface_t> surface_;
   CairoPtr<cairo_t> context_;
   State state_;

@@ -1,4 +1,4 @@
-// What the Linux port's canvases paint, pixel by pixel.
+// What the Linux port's canvases paint, pixel by pixel. Their clips are in canvas_clip_test.cc.
 #include "brisel/platform/canvas.h"
 
 #include <algorithm>
@@ -14,69 +14,11 @@
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
+#include "brisel/platform/linux/canvas_pixels_test.h"
 #include "brisel/platform/port.h"
 
 namespace Brisel::Platform {
 namespace {
-
-using Pixel = std::array<int, 4>;
-
-constexpr UIColor kBlack = UIColor::grey(0, 1);
-constexpr UIColor kWhite = UIColor::grey(1, 1);
-constexpr UIColor kSlate = UIColor::rgb(0.2, 0.4, 0.6);  // 51, 102, 153
-constexpr Pixel kSlateBytes{51, 102, 153, 255};
-constexpr Pixel kNothing{0, 0, 0, 0};
-constexpr Pixel kBlackBytes{0, 0, 0, 255};
-constexpr CGRect kAll{{0, 0}, {1000, 1000}};
-
-constexpr CGInterpolationQuality kQualities[] = {CGInterpolationQuality::default_, CGInterpolationQuality::none,
-                                                 CGInterpolationQuality::low, CGInterpolationQuality::medium,
-                                                 CGInterpolationQuality::high};
-
-Pixel at(const Bitmap& bitmap, int x, int y) {
-  const std::uint8_t* p = bitmap.pixel(x, y);
-  return {p[0], p[1], p[2], p[3]};
-}
-Pixel at(const Canvas& canvas, int x, int y) { return at(canvas.bitmap(), x, y); }
-int alphaAt(const Canvas& canvas, int x, int y) { return at(canvas, x, y)[3]; }
-
-std::unique_ptr<Canvas> makeCanvas(CGFloat side, CGFloat scale = 1, bool isOpaque = false) {
-  return engine().makeCanvas({side, side}, scale, isOpaque);
-}
-
-Bitmap alphaMask(int width, int height, const std::vector<std::uint8_t>& alphas) {
-  Bitmap mask{width, height, {}};
-  for (const std::uint8_t alpha : alphas) mask.rgba.insert(mask.rgba.end(), {0, 0, 0, alpha});
-  return mask;
-}
-
-// A picture in which no two pixels near each other are alike, some of them translucent.
-Bitmap colourful(int width, int height) {
-  Bitmap bitmap{width, height, {}};
-  for (int i = 0; i < width * height; ++i) {
-    const int alpha = 255 - i % 3 * 60;
-    for (const int factor : {7, 31, 101}) bitmap.rgba.push_back(static_cast<std::uint8_t>(i * factor % (alpha + 1)));
-    bitmap.rgba.push_back(static_cast<std::uint8_t>(alpha));
-  }
-  return bitmap;
-}
-
-UIBezierPath polygon(std::initializer_list<CGPoint> points) {
-  UIBezierPath path;
-  for (const CGPoint& point : points) path.isEmpty() ? path.moveToPoint(point) : path.addLineToPoint(point);
-  return path;
-}
-
-bool isBlank(const Bitmap& bitmap) {
-  return std::all_of(bitmap.rgba.begin(), bitmap.rgba.end(), [](std::uint8_t byte) { return byte == 0; });
-}
-
-bool isOpaqueThroughout(const Bitmap& bitmap) {
-  for (std::size_t i = 3; i < bitmap.rgba.size(); i += 4) {
-    if (bitmap.rgba[i] != 255) return false;
-  }
-  return true;
-}
 
 // --- Filling and stroking ---
 
@@ -235,20 +177,6 @@ TEST(LinuxCanvas, TheClearBlendLeavesBlackOnAnOpaqueCanvas) {
   EXPECT_TRUE(isOpaqueThroughout(canvas->bitmap()));
 }
 
-TEST(LinuxCanvas, TheClearBlendErasesThroughAMaskByItsAlpha) {
-  for (const bool isOpaque : {false, true}) {
-    const auto canvas = makeCanvas(2, 1, isOpaque);
-    canvas->fillRect(kAll, kSlate);
-    canvas->clipToMask(alphaMask(2, 2, {255, 102, 0, 255}), {{0, 0}, {2, 2}});
-    canvas->setBlendMode(CGBlendMode::clear);
-    canvas->fillRect({{0, 0}, {2, 2}}, UIColor::grey(0, 0));
-    EXPECT_EQ(at(*canvas, 0, 0), isOpaque ? kBlackBytes : kNothing);
-    EXPECT_NEAR(at(*canvas, 1, 0)[0], 51 * 0.6, 1);
-    EXPECT_NEAR(alphaAt(*canvas, 1, 0), isOpaque ? 255 : 153, 1);
-    EXPECT_EQ(at(*canvas, 0, 1), kSlateBytes);
-  }
-}
-
 TEST(LinuxCanvas, RestoreTakesBackTheBlendModeTheQualityAndTheClips) {
   const auto canvas = makeCanvas(4);
   canvas->save();
@@ -262,104 +190,6 @@ TEST(LinuxCanvas, RestoreTakesBackTheBlendModeTheQualityAndTheClips) {
   EXPECT_EQ(at(*canvas, 3, 0), kSlateBytes);
   canvas->drawBitmap({2, 1, {0, 0, 0, 255, 255, 255, 255, 255}}, {{0, 1}, {4, 1}});
   EXPECT_NE(at(*canvas, 1, 1), kBlackBytes);  // smooth again
-}
-
-// --- Clipping ---
-
-TEST(LinuxCanvas, DrawsOnlyWithinAllClipPaths) {
-  const auto canvas = makeCanvas(6);
-  canvas->clipToPath(UIBezierPath::bezierPathWithRect({{0, 0}, {4, 4}}));
-  canvas->clipToPath(UIBezierPath::bezierPathWithRect({{2, 2}, {4, 4}}));
-  canvas->fillRect(kAll, kSlate);
-  canvas->drawBitmap({1, 1, {255, 0, 0, 255}}, {{0, 0}, {3, 6}});
-  for (int y = 0; y < 6; ++y) {
-    for (int x = 0; x < 6; ++x) {
-      const bool isInside = x >= 2 && x < 4 && y >= 2 && y < 4;
-      const Pixel expected = !isInside ? kNothing : x < 3 ? Pixel{255, 0, 0, 255} : kSlateBytes;
-      EXPECT_EQ(at(*canvas, x, y), expected) << x << ' ' << y;
-    }
-  }
-}
-
-TEST(LinuxCanvas, AnEmptyClipPathLeavesNowhereToDraw) {
-  UIBezierPath point;
-  point.moveToPoint({1, 1});
-  for (const UIBezierPath& path : {UIBezierPath(), point}) {
-    const auto canvas = makeCanvas(4);
-    canvas->clipToPath(path);
-    canvas->fillRect(kAll, kSlate);
-    canvas->strokePath(polygon({{0, 2}, {4, 2}}), kSlate);
-    canvas->drawBitmap(colourful(4, 4), {{0, 0}, {4, 4}});
-    EXPECT_TRUE(isBlank(canvas->bitmap()));
-  }
-}
-
-TEST(LinuxCanvas, DrawsThroughAMasksAlphaUpright) {
-  const auto canvas = makeCanvas(4);
-  canvas->setInterpolationQuality(CGInterpolationQuality::none);
-  canvas->clipToMask(alphaMask(2, 2, {255, 102, 51, 0}), {{0, 0}, {4, 4}});
-  canvas->fillRect(kAll, UIColor::rgb(1, 0, 0));
-  EXPECT_EQ(at(*canvas, 0, 0), (Pixel{255, 0, 0, 255}));
-  EXPECT_EQ(at(*canvas, 1, 1), (Pixel{255, 0, 0, 255}));
-  EXPECT_EQ(at(*canvas, 3, 0), (Pixel{102, 0, 0, 102}));
-  EXPECT_EQ(at(*canvas, 0, 3), (Pixel{51, 0, 0, 51}));
-  EXPECT_EQ(at(*canvas, 3, 3), kNothing);
-}
-
-TEST(LinuxCanvas, AMaskLetsNothingThroughOutsideItsRectangle) {
-  const auto canvas = makeCanvas(4);
-  canvas->clipToMask(alphaMask(1, 1, {255}), {{1, 1}, {2, 2}});
-  canvas->fillRect(kAll, kSlate);
-  for (int y = 0; y < 4; ++y) {
-    for (int x = 0; x < 4; ++x) {
-      EXPECT_EQ(at(*canvas, x, y), x % 3 == 0 || y % 3 == 0 ? kNothing : kSlateBytes) << x << ' ' << y;
-    }
-  }
-}
-
-TEST(LinuxCanvas, MasksUnderMasksMultiplyAndRestoreGivesTheOuterBack) {
-  const auto canvas = makeCanvas(2);
-  const CGRect all{{0, 0}, {2, 2}};
-  canvas->clipToMask(alphaMask(2, 1, {204, 255}), all);
-  canvas->save();
-  canvas->clipToMask(alphaMask(1, 2, {102, 255}), all);
-  canvas->setInterpolationQuality(CGInterpolationQuality::none);
-  canvas->fillRect(all, kBlack);
-  canvas->restore();
-  EXPECT_NEAR(alphaAt(*canvas, 0, 0), 0.8 * 0.4 * 255, 1);
-
-  const auto again = makeCanvas(2);
-  again->setInterpolationQuality(CGInterpolationQuality::none);
-  again->clipToMask(alphaMask(2, 1, {204, 255}), all);
-  again->save();
-  again->clipToMask(alphaMask(1, 2, {102, 255}), all);
-  again->restore();
-  again->fillRect(all, kBlack);
-  EXPECT_EQ(alphaAt(*again, 0, 0), 204);
-  EXPECT_EQ(alphaAt(*again, 1, 1), 255);
-}
-
-TEST(LinuxCanvas, MaskAndClipPathHoldTogetherInEitherOrder) {
-  for (const bool isMaskFirst : {false, true}) {
-    const auto canvas = makeCanvas(4);
-    const auto clip = UIBezierPath::bezierPathWithRect({{2, 0}, {2, 4}});
-    if (!isMaskFirst) canvas->clipToPath(clip);
-    canvas->clipToMask(alphaMask(1, 1, {102}), {{0, 0}, {4, 2}});
-    if (isMaskFirst) canvas->clipToPath(clip);
-    canvas->fillRect(kAll, UIColor::rgb(0, 0, 1));
-    canvas->strokePath(polygon({{0, 3.5}, {4, 3.5}}), kBlack);
-    EXPECT_EQ(at(*canvas, 3, 1), (Pixel{0, 0, 102, 102}));
-    EXPECT_EQ(at(*canvas, 1, 1), kNothing);
-    EXPECT_EQ(at(*canvas, 3, 3), kNothing);
-  }
-}
-
-TEST(LinuxCanvas, AClipsEdgeCountsOnceUnderAMask) {
-  const auto canvas = makeCanvas(2);
-  canvas->clipToPath(UIBezierPath::bezierPathWithRect({{0, 0}, {0.5, 2}}));
-  canvas->clipToMask(alphaMask(1, 1, {255}), {{0, 0}, {2, 2}});
-  canvas->fillRect(kAll, kBlack);
-  EXPECT_NEAR(alphaAt(*canvas, 0, 0), 127.5, 1);
 }
 
 // --- Bitmaps ---

@@ -1,6 +1,8 @@
 #include "brisel/platform/linux/glyph_outline.h"
 
 #include <cmath>
+#include <new>
+#include <type_traits>
 #include <utility>
 
 #include "brisel/platform/linux/freetype_library.h"
@@ -13,12 +15,14 @@ namespace {
 constexpr std::size_t kMostPoints = 32'767;  // of FreeType's 16-bit counts
 constexpr std::size_t kMostBytes = 1 << 20;  // more than the icon font's outlines take
 
-// Takes an outline from HarfBuzz.
+// Takes an outline from HarfBuzz. Nothing is thrown through its frames, which are C's: a want of memory is remembered,
+// and thrown behind them, so that nobody keeps the outline that is missing.
 class Outliner {
  public:
   GlyphOutline outline(hb_font_t* font, hb_codepoint_t glyph) {
     hb_font_get_glyph_shape(font, glyph, functions(), this);
     close();
+    if (isOutOfMemory_) throw std::bad_alloc();
     return isUsable_ ? std::move(outline_) : GlyphOutline();
   }
 
@@ -39,23 +43,33 @@ class Outliner {
     add(c2x, c2y, FT_CURVE_TAG_CUBIC);
     add(x, y, FT_CURVE_TAG_ON);
   }
-  void close() {
-    if (outline_.points.size() > contourStart_) {
-      outline_.contours.push_back(static_cast<short>(outline_.points.size() - 1));
-    }
-    contourStart_ = outline_.points.size();
+  void close() noexcept {
+    const std::size_t size = outline_.points.size();
+    if (isUsable_ && size > contourStart_) append(outline_.contours, static_cast<short>(size - 1));
+    contourStart_ = size;
   }
 
-  void add(float x, float y, char tag) {
+  void add(float x, float y, char tag) noexcept {
     isUsable_ = isUsable_ && std::isfinite(x) && std::isfinite(y) && outline_.points.size() < kMostPoints;
     if (!isUsable_) return;
-    outline_.points.push_back({x, y});
-    outline_.tags.push_back(tag);
+    append(outline_.points, {x, y});
+    append(outline_.tags, tag);
+  }
+
+  template <class T>
+  void append(std::vector<T>& list, std::type_identity_t<T> item) noexcept {
+    try {
+      list.push_back(item);
+    } catch (const std::bad_alloc&) {
+      isOutOfMemory_ = true;
+      isUsable_ = false;
+    }
   }
 
   GlyphOutline outline_;
   std::size_t contourStart_ = 0;
   bool isUsable_ = true;
+  bool isOutOfMemory_ = false;
 };
 
 hb_draw_funcs_t* Outliner::functions() {
@@ -107,13 +121,15 @@ std::shared_ptr<const GlyphOutline> GlyphOutlines::outline(hb_codepoint_t glyph)
   }
   auto outline = std::make_shared<const GlyphOutline>(Outliner().outline(font_, glyph));
   const std::size_t bytes = bytesOf(*outline);
+  decltype(known_) forgotten;  // freed when the lock no longer is held
   const std::lock_guard lock(mutex_);
   if (bytes_ + bytes > kMostBytes) {
-    known_.clear();
+    known_.swap(forgotten);
     bytes_ = 0;
   }
-  if (known_.try_emplace(glyph, outline).second) bytes_ += bytes;
-  return outline;
+  const auto [known, isNew] = known_.try_emplace(glyph, std::move(outline));
+  if (isNew) bytes_ += bytes;
+  return known->second;
 }
 
 }  // namespace Brisel::Platform::Linux

@@ -6,7 +6,7 @@
 namespace Brisel::Platform::Linux {
 namespace {
 
-constexpr double kFarthest = 65'535;             // pixels: what lies beyond is off every canvas
+constexpr double kFarthest = 65'535;             // pixels: beyond, FreeType's fixed point would overflow
 constexpr double kSubpixels = 64;                // FreeType's 26.6 fixed point
 constexpr std::size_t kLargeCoverage = 1 << 20;  // bytes: more is not kept for the next glyph
 

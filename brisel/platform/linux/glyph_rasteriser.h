@@ -32,7 +32,8 @@ struct GlyphPlacement {
 /// drawn this way. For one thread at a time; its memory is kept from glyph to glyph.
 class GlyphRasteriser {
  public:
-  /// What of a glyph lies within a canvas of that many pixels; null where nothing does. Valid until the next call.
+  /// What of a glyph lies within a canvas of that many pixels; null where nothing does, or a point lies further off
+  /// than FreeType counts. Valid until the next call.
   /// `stride(width)` tells the row length that the caller wants.
   GlyphCoverage* rasterise(const GlyphOutline& glyph, const GlyphPlacement& placement, int canvasWidth,
                            int canvasHeight, int (*stride)(int width));
@@ -40,7 +41,8 @@ class GlyphRasteriser {
   bool isWorthKeeping() const noexcept;
 
  private:
-  // Whether all points lie where FreeType can count.
+  // Whether all points lie where FreeType can count. A glyph that reaches further is not drawn, even where it surrounds
+  // the canvas.
   bool place(const GlyphOutline& glyph, const GlyphPlacement& placement);
 
   FreeTypeLibrary freetype_;

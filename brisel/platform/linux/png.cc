@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <new>
 #include <string>
+#include <utility>
 
 #include <png.h>
 
@@ -54,9 +56,7 @@ struct Png {
   png_image image{};
 };
 
-}  // namespace
-
-std::vector<std::uint8_t> pngOf(const Bitmap& bitmap) {
+std::vector<std::uint8_t> encoded(const Bitmap& bitmap) {
   Png png;
   png.image.width = static_cast<png_uint_32>(bitmap.width);
   png.image.height = static_cast<png_uint_32>(bitmap.height);
@@ -76,28 +76,59 @@ std::vector<std::uint8_t> pngOf(const Bitmap& bitmap) {
   return file;
 }
 
+// Of a file whose header is sound.
+std::uint64_t bitsAPixel(std::span<const std::uint8_t> file) {
+  constexpr std::size_t kDepth = 24;
+  constexpr std::size_t kColorType = 25;
+  const unsigned type = file[kColorType];
+  if ((type & PNG_COLOR_MASK_PALETTE) != 0) return file[kDepth];
+  const unsigned colors = (type & PNG_COLOR_MASK_COLOR) != 0 ? 3 : 1;
+  return file[kDepth] * (colors + ((type & PNG_COLOR_MASK_ALPHA) != 0 ? 1U : 0U));
+}
+
+// Whether so many pixels can come out of so few bytes: zlib makes at most 1,032 of one. A few bytes that claim a huge
+// picture shall not get the memory for it.
+bool canHold(std::span<const std::uint8_t> file, std::uint64_t pixels) {
+  constexpr std::uint64_t kBestRatio = 1032;
+  return pixels * bitsAPixel(file) / 8 <= kBestRatio * file.size();
+}
+
+}  // namespace
+
+std::vector<std::uint8_t> pngOf(const Bitmap& bitmap) {
+  try {
+    return encoded(bitmap);
+  } catch (const std::bad_alloc&) {
+    return {};
+  }
+}
+
 PngPicture pictureOfPng(std::span<const std::uint8_t> file) {
-  if (png_sig_cmp(file.data(), 0, std::min<std::size_t>(file.size(), 8)) != 0) return {{}, false, "not a PNG file"};
+  const auto none = [](std::string problem) { return PngPicture{{}, false, std::move(problem)}; };
+  if (png_sig_cmp(file.data(), 0, std::min<std::size_t>(file.size(), 8)) != 0) return none("not a PNG file");
   Png png;
-  const auto failure = [&png] {
-    return PngPicture{{}, false, "a damaged PNG file: " + std::string(png.image.message)};
-  };
-  if (png_image_begin_read_from_memory(&png.image, file.data(), file.size()) == 0) return failure();
+  const auto damage = [&](const std::string& what) { return none("a damaged PNG file: " + what); };
+  if (png_image_begin_read_from_memory(&png.image, file.data(), file.size()) == 0) return damage(png.image.message);
+  const std::string size = std::to_string(png.image.width) + " x " + std::to_string(png.image.height) + " pixels";
   const std::uint64_t pixels = std::uint64_t{png.image.width} * png.image.height;
   if (std::max(png.image.width, png.image.height) > Bitmap::kMostPixelsASide || pixels > Bitmap::kMostPixels) {
-    return {{},
-            false,
-            "a picture of " + std::to_string(png.image.width) + " x " + std::to_string(png.image.height) +
-                " pixels, which is too large"};
+    return none("a picture of " + size + ", which is too large");
   }
+  if (!canHold(file, pixels)) return damage("too short for " + size);
   PngPicture picture;
   picture.hasAlpha = (png.image.format & PNG_FORMAT_FLAG_ALPHA) != 0;
   png.image.format = PNG_FORMAT_RGBA;
   png.image.flags |= PNG_IMAGE_FLAG_16BIT_sRGB;  // What a file of 16 bits a channel means unless it says otherwise.
   picture.bitmap.width = static_cast<int>(png.image.width);
   picture.bitmap.height = static_cast<int>(png.image.height);
-  picture.bitmap.rgba.resize(static_cast<std::size_t>(pixels) * 4);
-  if (png_image_finish_read(&png.image, nullptr, picture.bitmap.rgba.data(), 0, nullptr) == 0) return failure();
+  try {
+    picture.bitmap.rgba.resize(static_cast<std::size_t>(pixels) * 4);
+  } catch (const std::bad_alloc&) {
+    return none("a picture of " + size + ", which is too large for the memory");
+  }
+  if (png_image_finish_read(&png.image, nullptr, picture.bitmap.rgba.data(), 0, nullptr) == 0) {
+    return damage(png.image.message);
+  }
   premultiply(picture.bitmap.rgba);
   return picture;
 }

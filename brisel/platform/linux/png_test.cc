@@ -11,6 +11,7 @@
 #include <png.h>
 
 #include "brisel/platform/image.h"
+#include "brisel/platform/linux/scarce_memory_test.h"
 #include "brisel/platform/port.h"
 
 namespace Brisel::Platform {
@@ -218,6 +219,31 @@ TEST(Png, OfHugeDimensionsIsRefusedByThem) {
     expectOneClearLine(read(fileClaiming(side, 1)));
   }
   expectOneClearLine(read(fileClaiming(2, 1)));
+}
+
+TEST(Png, OfFewBytesThatClaimManyPixelsIsRefusedByItsLength) {
+  EXPECT_EQ(read(fileClaiming(11'000, 12'000)).problem, "a damaged PNG file: too short for 11000 x 12000 pixels");
+}
+
+TEST(Png, OfOneColourIsReadHoweverWellItIsPacked) {
+  for (const int depth : {1, 8}) {
+    constexpr png_uint_32 kSide = 4096;
+    Sample sample{.width = kSide, .height = kSide, .depth = depth, .colorType = PNG_COLOR_TYPE_GRAY};
+    sample.rows.assign(kSide, Bytes(kSide * static_cast<std::size_t>(depth) / 8));
+    const PngPicture picture = read(fileOf(sample));
+    EXPECT_EQ(picture.problem, "");
+    EXPECT_EQ(picture.bitmap.width, 4096);
+  }
+}
+
+TEST(Png, IsNeitherReadNorWrittenWhereMemoryIsShort) {
+  if (!ScarceMemory::isPossible()) GTEST_SKIP() << "Sanitizers need memory of their own.";
+  const Bitmap bitmap{2000, 2000, Bytes(16'000'000)};
+  const Bytes file = engine().encodePng(bitmap);
+  ASSERT_FALSE(file.empty());
+  const ScarceMemory scarce(1 << 20);
+  EXPECT_TRUE(engine().encodePng(bitmap).empty());
+  EXPECT_EQ(read(file).problem, "a picture of 2000 x 2000 pixels, which is too large for the memory");
 }
 
 TEST(Png, AsAnImageHasItsScaleAndSaysWhetherItHasAlpha) {
