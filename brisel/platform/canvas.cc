@@ -22,12 +22,11 @@ bool isFinite(const UIBezierPath& path) {
 
 }  // namespace
 
-PortObject::~PortObject() = default;
 Canvas::~Canvas() = default;
 
 void Canvas::save() {
-  ++saves_;
   onSave();
+  ++saves_;  // Only now: where the port has thrown, nothing is saved.
 }
 
 void Canvas::restore() {

@@ -19,7 +19,9 @@ enum class CGBlendMode : std::uint8_t {
   clear,   ///< erases it, whatever the colour; on an opaque canvas it leaves black
 };
 
-/// How smoothly images are enlarged and reduced, by the published numbers. `none` repeats the nearest pixel.
+/// How smoothly images are enlarged and reduced, by the published numbers. `none` takes the nearest pixel, the others
+/// mix neighbouring ones. On the port that ships these others enlarge alike; in reducing, `low` may pass over pixels
+/// that the rest average.
 enum class CGInterpolationQuality : std::int32_t { default_ = 0, none = 1, low = 2, high = 3, medium = 4 };
 
 /// A glyph where it is drawn: its origin, in points from the canvas's upper left corner, y downwards.
@@ -63,13 +65,16 @@ class Canvas {
   /// Draws a bitmap, stretched to the rectangle. Ports need not draw bitmaps with a side above 32,767 pixels.
   void drawBitmap(const Bitmap& bitmap, const CGRect& rect);
 
-  /// Draws glyphs of one face at one size, unhinted and placed to the sub-pixel.
+  /// Draws glyphs of one face at one size, unhinted and placed to the sub-pixel. Ports need not draw glyphs that reach
+  /// further than 65,535 pixels from the canvas's upper left corner, even where they would cover the canvas.
   void drawGlyphs(const Face& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs, const UIColor& color);
 
-  /// A copy of the pixels as they are now.
+  /// A copy of the pixels as they are now. A canvas that failed, as for want of memory, has no pixels: what it would
+  /// show is not what was drawn.
   Bitmap bitmap() const { return onBitmap(); }
 
-  /// The pixels themselves, not copied. The canvas is of no use afterwards: it draws nothing and has no pixels.
+  /// The pixels themselves, not copied; none of a canvas that failed. The canvas is of no use afterwards: it draws
+  /// nothing and has no pixels.
   Bitmap takeBitmap() { return onTakeBitmap(); }
 
  protected:

@@ -3,6 +3,8 @@
 
 #include <limits>
 #include <memory>
+#include <new>
+#include <span>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -120,6 +122,37 @@ TEST_F(CanvasChecks, RefuseBitmapsWhosePixelsAreNotWhatTheirSizeSays) {
   canvas->drawBitmap({2, 2, std::vector<std::uint8_t>(15)}, {{0, 0}, {5, 5}});
   canvas->drawBitmap({-1, -1, std::vector<std::uint8_t>(4)}, {{0, 0}, {5, 5}});
   EXPECT_THAT(kinds(), IsEmpty());
+}
+
+// A canvas whose port has no memory to save with.
+class FullCanvas final : public Canvas {
+ public:
+  explicit FullCanvas(const Engine& maker) : Canvas(maker, 1) {}
+  int restored() const { return restored_; }
+
+ private:
+  void onSave() override { throw std::bad_alloc(); }
+  void onRestore() override { ++restored_; }
+  void onSetBlendMode(CGBlendMode) override {}
+  void onSetInterpolationQuality(CGInterpolationQuality) override {}
+  void onClipToPath(const UIBezierPath&) override {}
+  void onClipToMask(const Bitmap&, const CGRect&) override {}
+  void onFillRect(const CGRect&, const UIColor&) override {}
+  void onFillPath(const UIBezierPath&, const UIColor&) override {}
+  void onStrokePath(const UIBezierPath&, const UIColor&) override {}
+  void onDrawBitmap(const Bitmap&, const CGRect&) override {}
+  void onDrawGlyphs(const Face&, CGFloat, std::span<const PositionedGlyph>, const UIColor&) override {}
+  Bitmap onBitmap() const override { return {}; }
+  Bitmap onTakeBitmap() override { return {}; }
+
+  int restored_ = 0;
+};
+
+TEST_F(CanvasChecks, DoNotCountASaveInWhichThePortThrew) {
+  FullCanvas full(engine);
+  EXPECT_THROW(full.save(), std::bad_alloc);
+  full.restore();
+  EXPECT_EQ(full.restored(), 0);
 }
 
 TEST_F(CanvasChecks, RestoreOnlyWhatWasSaved) {

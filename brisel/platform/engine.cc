@@ -18,6 +18,7 @@ CGFloat pixels(CGFloat points, CGFloat scale) {
 
 }  // namespace
 
+PortObject::~PortObject() = default;
 Engine::~Engine() = default;
 SystemEvents::~SystemEvents() = default;
 

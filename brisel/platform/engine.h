@@ -1,6 +1,7 @@
 // The seam: what the library asks of the machine that it runs on.
 //
-// A port implements two interfaces. `Engine` knows fonts, shapes text, paints and upper-cases; `SystemEvents` knows the
+// A port implements two interfaces. `Engine` knows fonts, shapes text, paints, writes and reads PNG files and
+// upper-cases; `SystemEvents` knows the
 // main queue and memory pressure. Everything else (layout of lines, measuring, views) is ours and the same everywhere.
 // A port defines the two functions of platform/port.h; linking the port is choosing it.
 //
@@ -85,7 +86,7 @@ struct PngPicture {
   std::string problem;  // in a few words without a full stop, such as "not a PNG file"
 };
 
-/// Fonts, shaping, painting, upper-casing. All calls may come from any thread.
+/// Fonts, shaping, painting, PNG files written and read, upper-casing. All calls may come from any thread.
 class Engine {
  public:
   /// What became of a font file. The numbers are those of the published error codes; 0 is success.
@@ -127,10 +128,13 @@ class Engine {
   /// there is no memory for it.
   std::unique_ptr<Canvas> makeCanvas(CGSize size, CGFloat scale, bool isOpaque = false);
 
-  /// A bitmap as a PNG file's bytes, without an alpha channel where all of it is opaque; empty where the bitmap is.
+  /// A bitmap as a PNG file's bytes, without an alpha channel where all of it is opaque; empty where the bitmap is, and
+  /// where there is no memory for them.
   std::vector<std::uint8_t> encodePng(const Bitmap& bitmap);
 
-  /// The picture in the bytes of a PNG file, of any colour type and depth.
+  /// The picture in the bytes of a PNG file, of any colour type and depth, its pixels premultiplied. No picture, but
+  /// the problem, where the file is empty, damaged or something else, where a side is above `Bitmap::kMostPixelsASide`
+  /// or the whole above `Bitmap::kMostPixels`, and where there is no memory for it.
   PngPicture decodePng(std::span<const std::uint8_t> file);
 
   /// Full Unicode upper-casing, independent of any locale ("ß" becomes "SS"). Ill-formed bytes become U+FFFD.

@@ -29,11 +29,15 @@ ImagePtr UIImage::init() {
 }
 
 ImagePtr UIImage::imageWithBitmap(Bitmap bitmap, CGFloat scale, CGImageAlphaInfo alphaInfo) {
-  if (!bitmap.isValid()) return init();
-  if (!(std::isfinite(scale) && scale > 0)) scale = 1;
   if (isOpaque(alphaInfo)) {
     for (std::size_t i = 3; i < bitmap.rgba.size(); i += 4) bitmap.rgba[i] = 255;
   }
+  return imageWithFittingBitmap(std::move(bitmap), scale, alphaInfo);
+}
+
+ImagePtr UIImage::imageWithFittingBitmap(Bitmap bitmap, CGFloat scale, CGImageAlphaInfo alphaInfo) {
+  if (!bitmap.isValid()) return init();
+  if (!(std::isfinite(scale) && scale > 0)) scale = 1;
   return ImagePtr(new UIImage(std::make_shared<const Bitmap>(std::move(bitmap)), scale, alphaInfo,
                               UIImageRenderingMode::automatic));
 }

@@ -4,6 +4,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "brisel/platform/bitmap.h"
@@ -40,8 +41,9 @@ class UIImage final : public NSObject {
   static std::shared_ptr<const UIImage> imageWithBitmap(
       Bitmap bitmap, CGFloat scale, CGImageAlphaInfo alphaInfo = CGImageAlphaInfo::premultipliedLast);
 
-  /// `imageWithData:scale:`: the picture of a PNG file's bytes. Null where there is none; `problem`, where given, then
-  /// says why in a few words.
+  /// `imageWithData:scale:`: the picture of a PNG file's bytes, its pixels premultiplied. Null where there is none, as
+  /// in an empty file, and where it is larger than `Bitmap::kMostPixelsASide` or `Bitmap::kMostPixels` allow;
+  /// `problem`, where given, then says why in a few words. Needs a port, and so is part of `Brisel::Core`.
   static std::shared_ptr<const UIImage> imageWithData(std::span<const std::uint8_t> data, CGFloat scale = 1,
                                                       std::string* problem = nullptr);
 
@@ -57,6 +59,12 @@ class UIImage final : public NSObject {
   std::shared_ptr<const UIImage> imageWithRenderingMode(UIImageRenderingMode renderingMode) const;
 
  private:
+  friend class UIGraphicsImageRenderer;
+
+  // As `imageWithBitmap`, of pixels that are already as `alphaInfo` says.
+  static std::shared_ptr<const UIImage> imageWithFittingBitmap(Bitmap bitmap, CGFloat scale,
+                                                               CGImageAlphaInfo alphaInfo);
+
   UIImage(std::shared_ptr<const Bitmap> bitmap, CGFloat scale, CGImageAlphaInfo alphaInfo, UIImageRenderingMode mode)
       : bitmap_(std::move(bitmap)), scale_(scale), alphaInfo_(alphaInfo), renderingMode_(mode) {}
 
@@ -68,7 +76,8 @@ class UIImage final : public NSObject {
 
 using ImagePtr = std::shared_ptr<const UIImage>;
 
-/// The image as a PNG file's bytes; empty where the image is.
+/// The image as a PNG file's bytes; empty where the image is, and where there is no memory for them. Needs a port, and
+/// so is part of `Brisel::Core`.
 std::vector<std::uint8_t> UIImagePNGRepresentation(const UIImage& image);
 
 }  // namespace Brisel::Platform

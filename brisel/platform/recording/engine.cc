@@ -67,22 +67,24 @@ class RecordingCanvas final : public Canvas {
   }
 
   void onFillRect(const CGRect& rect, const UIColor& color) override {
-    note({.kind = Call::Kind::fillRect, .rect = rect, .color = color});
     const std::lock_guard lock(state_->mutex);
+    state_->record.calls.push_back({.kind = Call::Kind::fillRect, .rect = rect, .color = color});
     state_->record.fills.push_back({rect, color});
   }
 
   void onDrawGlyphs(const Face& face, CGFloat pointSize, std::span<const PositionedGlyph> glyphs,
                     const UIColor& color) override {
-    note({.kind = Call::Kind::drawGlyphs, .color = color});
     const std::lock_guard lock(state_->mutex);
+    state_->record.calls.push_back({.kind = Call::Kind::drawGlyphs, .color = color});
     state_->record.drawings.push_back(
         {static_cast<const RecordingFace&>(face).name(), pointSize, {glyphs.begin(), glyphs.end()}, color});
   }
 
   Bitmap onBitmap() const override {
     const auto pixels = static_cast<std::size_t>(size_.pixelWidth) * static_cast<std::size_t>(size_.pixelHeight);
-    return {size_.pixelWidth, size_.pixelHeight, std::vector<std::uint8_t>(pixels * 4)};
+    Bitmap blank{size_.pixelWidth, size_.pixelHeight, std::vector<std::uint8_t>(pixels * 4)};
+    for (std::size_t i = 3; size_.isOpaque && i < blank.rgba.size(); i += 4) blank.rgba[i] = 255;
+    return blank;
   }
 
   Bitmap onTakeBitmap() override { return onBitmap(); }

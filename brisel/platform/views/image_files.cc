@@ -11,8 +11,8 @@ ImagePtr UIImage::imageWithData(std::span<const std::uint8_t> data, CGFloat scal
     if (problem) *problem = std::move(picture.problem);
     return nullptr;
   }
-  return imageWithBitmap(std::move(picture.bitmap), scale,
-                         picture.hasAlpha ? CGImageAlphaInfo::last : CGImageAlphaInfo::noneSkipLast);
+  return imageWithFittingBitmap(std::move(picture.bitmap), scale,
+                                picture.hasAlpha ? CGImageAlphaInfo::last : CGImageAlphaInfo::noneSkipLast);
 }
 
 std::vector<std::uint8_t> UIImagePNGRepresentation(const UIImage& image) {

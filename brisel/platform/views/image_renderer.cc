@@ -1,5 +1,6 @@
 #include "brisel/platform/views/image_renderer.h"
 
+#include "brisel/platform/fatal_error.h"
 #include "brisel/platform/port.h"
 #include "brisel/platform/screen.h"
 
@@ -8,10 +9,11 @@ namespace Brisel::Platform {
 UIGraphicsImageRendererFormat::UIGraphicsImageRendererFormat() : scale(UIScreen::mainScreen().scale()) {}
 
 ImagePtr UIGraphicsImageRenderer::image(const std::function<void(Canvas&)>& actions) const {
+  if (!actions) fatalError("UIGraphicsImageRenderer was given nothing to draw an image with");
   const auto canvas = engine().makeCanvas(size_, format_.scale, format_.opaque);
   if (!canvas) return UIImage::init();
   actions(*canvas);
-  return UIImage::imageWithBitmap(
+  return UIImage::imageWithFittingBitmap(
       canvas->takeBitmap(), format_.scale,
       format_.opaque ? CGImageAlphaInfo::noneSkipLast : CGImageAlphaInfo::premultipliedLast);
 }

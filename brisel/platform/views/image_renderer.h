@@ -24,7 +24,7 @@ class UIGraphicsImageRenderer final {
       : size_(size), format_(format) {}
 
   /// `imageWithActions:`: what `actions` draws. An empty image, and no call of `actions`, where there can be no such
-  /// canvas (see `Engine::makeCanvas`).
+  /// canvas (see `Engine::makeCanvas`); empty too where the canvas failed. An empty `actions` is a programming error.
   ImagePtr image(const std::function<void(Canvas&)>& actions) const;
 
  private:

@@ -45,9 +45,11 @@ TEST_F(ImageRenderer, TakesTheMainScreensScaleUntilTold) {
 
 TEST_F(ImageRenderer, MakesAnImageWithoutAlphaWhereOpaque) {
   UIGraphicsImageRendererFormat format;
+  format.scale = 1;
   format.opaque = true;
   const auto image = UIGraphicsImageRenderer({1, 1}, format).image([](Canvas&) {});
   EXPECT_EQ(image->alphaInfo(), CGImageAlphaInfo::noneSkipLast);
+  EXPECT_EQ(image->bitmap()->rgba, (std::vector<std::uint8_t>{0, 0, 0, 255}));
   EXPECT_TRUE(engine.record().canvases.at(0).isOpaque);
 }
 
@@ -64,6 +66,11 @@ TEST_F(ImageRenderer, MakesAnEmptyImageWithoutAskingWhereThereCanBeNoCanvas) {
     ASSERT_NE(image, nullptr);
     EXPECT_EQ(image->bitmap(), nullptr);
   }
+}
+
+TEST_F(ImageRenderer, EndsTheProcessWhereItIsGivenNothingToDrawWith) {
+  EXPECT_DEATH(UIGraphicsImageRenderer({1, 1}).image({}), "nothing to draw an image with");
+  EXPECT_DEATH(UIGraphicsImageRenderer({0, 0}).image(nullptr), "nothing to draw an image with");
 }
 
 TEST_F(ImageRenderer, DrawsAnImageAtItsOwnSizeOrStretched) {
