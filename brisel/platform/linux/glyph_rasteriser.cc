@@ -23,8 +23,10 @@ GlyphCoverage* GlyphRasteriser::rasterise(const GlyphOutline& glyph, const Glyph
   outline.n_contours = static_cast<short>(glyph.contours.size());
   outline.points = points_.data();
   // FreeType changes neither of these. The nonzero rule is its own.
+  // NOLINTBEGIN(cppcoreguidelines-pro-type-const-cast)
   outline.tags = const_cast<char*>(glyph.tags.data());
   outline.contours = const_cast<short*>(glyph.contours.data());
+  // NOLINTEND(cppcoreguidelines-pro-type-const-cast)
 
   FT_BBox box{};
   FT_Outline_Get_CBox(&outline, &box);
