@@ -86,6 +86,7 @@ TEST_F(GlyphOutlinesOfPolygons, AreNotTakenForEmptyWhereMemoryIsShort) {
 TEST_F(GlyphOutlinesOfPolygons, ServeEightThreads) {
   std::vector<std::thread> threads;
   std::vector<int> wrong(8);
+  threads.reserve(wrong.size());
   for (int& mine : wrong) {
     threads.emplace_back([&mine, this] {
       for (int round = 0; round < 20; ++round) {

@@ -30,7 +30,11 @@ class ScarceMemory {
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
     return false;
 #elif defined(__has_feature)
-    return !__has_feature(address_sanitizer) && !__has_feature(thread_sanitizer);
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
+    return false;
+#else
+    return true;
+#endif
 #else
     return true;
 #endif
