@@ -30,8 +30,8 @@ std::shared_ptr<const Platform::NSAttributedString> attributedString(
 /// size that decides the design, as for the attributed string. The image is opaque where the background's alpha is
 /// exactly 1, and always drawn in its own colours. May be called on any thread.
 ///
-/// A null colour is a programming error, and so is a box of 2^63 tenths of a point in height or more where all sides are
-/// above 0 and finite, even if the image would be too large to draw. The width of a box has no such limit.
+/// A null colour is a programming error, and so is a box of 2^63 tenths of a point in height or more where all sides
+/// are above 0 and finite, even if the image would be too large to draw. The width of a box has no such limit.
 Platform::ImagePtr image(const Icon& icon, Platform::CGSize iconSize, Platform::CGSize imageSize,
                          std::optional<Icon::GlyphSize> glyphSize, const Platform::ColorPtr& color,
                          const Platform::ColorPtr& backgroundColor, Platform::CGPoint offset);
