@@ -78,7 +78,8 @@ std::int64_t memoryUsage(const UIImage& image) {
 // Not what could not be drawn, which may succeed another time; what would fill the cache alone; nor what nobody will
 // find again, since it holds not-a-number.
 bool isWorthKeeping(const internal::IconConfigurationView& request, const UIImage& image) {
-  return image.bitmap() && memoryUsage(image) < internal::iconImageCache().memoryLimit() && request == request;
+  return image.bitmap() && memoryUsage(image) < internal::iconImageCache().memoryLimit() &&
+         internal::IconConfigurationEqual()(request, request);
 }
 
 struct CacheSlot {

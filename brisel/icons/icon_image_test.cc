@@ -4,6 +4,7 @@
 #include <atomic>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
@@ -204,12 +205,36 @@ TEST_F(IconImage, HasAsManyPixelsAsFitItsSize) {
   }));
 }
 
+// Where the screen changes while memory is first watched, which is while the first image is being made.
+class ChangingScreen final : public SystemEvents {
+ protected:
+  void onPost(Work) override {}
+  std::size_t onRunPending() override { return 0; }
+  void onWatchMemoryPressure(PressureHandler) override { UIScreen::mainScreen().setScale(3); }
+  void onStopWatchingMemoryPressure() override {}
+};
+
 // What is cut at one scale and drawn at another has too many pixels or too few.
-TEST_F(IconImage, IsCutAndDrawnAtOneScaleWhileAnotherThreadChangesIt) {
+TEST(IconImageOnAChangingScreen, IsCutAndDrawnAtTheScaleThatWasFirst) {
+  setSystemEvents(std::make_shared<ChangingScreen>());
+  setEngine(std::make_shared<RecordingEngine>());
+  const ImagePtr picture = image(Icon::heart(), {24.5, 24.5}, {}, UIColor::clearColor(), UIColor::clearColor());
+  EXPECT_EQ(UIScreen::mainScreen().scale(), 3.0);
+  EXPECT_EQ(picture->scale(), 1.0);
+  EXPECT_EQ(picture->bitmap()->width, 24);
+  EXPECT_EQ(picture->bitmap()->height, 24);
+}
+
+TEST_F(IconImage, HasThePixelsOfItsOwnScaleWhileAnotherThreadChangesTheScreens) {
+  std::atomic<bool> isRunning{false};
   std::atomic<bool> isDone{false};
-  std::thread host([&isDone] {
-    for (double scale = 1; !isDone; scale = 4 - scale) setScale(scale);
+  std::thread host([&] {
+    for (double scale = 1; !isDone; scale = 4 - scale) {
+      setScale(scale);
+      isRunning = true;
+    }
   });
+  while (!isRunning) std::this_thread::yield();
   for (int i = 0; i < 2000; ++i) {
     const ImagePtr picture = heart({24.5, 24.5}, {24.5, 24.5}, {}, {static_cast<double>(i), 0});
     EXPECT_EQ(picture->bitmap()->width, std::floor(24.5 * picture->scale()));
