@@ -61,7 +61,7 @@ ImagePtr withCircle(const UIImage& image, CGFloat diameter, CGFloat lineWidth, c
     if (isCuttingOutImage) clipToAlpha(image, canvas, size);
     if (fillColor) canvas.fillPath(circle, *fillColor);
     canvas.strokePath(circle, line);
-    canvas.clipToPath(circle);  // as designed, even where nothing is drawn behind it; for the star too
+    canvas.clipToPath(circle);  // deliberately also where nothing is drawn after it; the star does likewise
     if (!isCuttingOutImage) drawAtPoint(image, canvas, centered(image.size(), size));
   });
 }
