@@ -4,6 +4,7 @@
 #include "brisel/icons/catalogue.h"
 #include "brisel/icons/icon.h"
 #include "brisel/icons/icon_configuration.h"
+#include "brisel/icons/icon_constants.h"
 #include "brisel/icons/icon_error.h"
 #include "brisel/icons/icon_font.h"
 #include "brisel/icons/icon_image.h"

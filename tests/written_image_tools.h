@@ -17,6 +17,7 @@ inline int pixelHeight(const Platform::UIImage* image) {
 /// By blending, with a block that stops at the first difference.
 inline bool isEqualToPixelsAsWritten(const Platform::UIImage& image, const Platform::ImagePtr& other, double accuracy) {
   if (&image == other.get()) return true;
+  if (!other) return false;
   if (pixelWidth(&image) != pixelWidth(other.get()) || pixelHeight(&image) != pixelHeight(other.get())) return false;
   bool result = true;
   imageByBlendingUsingRgbaBlock(image, other, [&](const Pixel* a, const Pixel* b, Pixel&, bool& stop) {

@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "brisel/icons/internal/icon_names.h"
+
 namespace Brisel::Catalogue {
 namespace {
 
@@ -15,10 +17,13 @@ constexpr std::string_view published(std::string_view accessor) {
   return accessor.substr(0, accessor.size() - (accessor.ends_with('_') ? 1 : 0));
 }
 
+constexpr IconEntry entry(Number number, std::string_view accessor, const Icon& (*get)() noexcept) {
+  const auto n = static_cast<std::uint64_t>(number);
+  return {published(accessor), accessor, internal::kIconConstants[n], n, get};
+}
+
 constexpr IconEntry kIcons[] = {
-#define BRISEL_ICON(accessor, name, x16, x24, autoMirror)                                                \
-  {published(#accessor), #accessor, "VLMBriselIcon" #name, static_cast<std::uint64_t>(Number::accessor), \
-   &Icon::accessor},
+#define BRISEL_ICON(accessor, name, x16, x24, autoMirror) entry(Number::accessor, #accessor, &Icon::accessor),
 #include "brisel/icons/icons.def"
 };
 

@@ -102,6 +102,10 @@ const Icon* internal::findIcon(std::string_view name) {
   return index != kNoIcon ? &icons[index] : nullptr;
 }
 
+const Icon* internal::iconOfNumber(std::uint64_t number) noexcept {
+  return number >= 1 && number <= std::size(kRows) ? &icons[number - 1] : nullptr;
+}
+
 Icon::Icon(std::string_view name) : Icon(iconNamed(name)) {}
 
 Icon::Icon(const internal::IconRow& row) noexcept

@@ -1,5 +1,6 @@
 #include "brisel/icons/icon_configuration.h"
 
+#include "brisel/icons/internal/icon_configuration_view.h"
 #include "brisel/platform/internal/decimal.h"
 
 namespace Brisel {
@@ -29,6 +30,10 @@ IconConfiguration::IconConfiguration(const Icon& icon, Platform::CGSize iconSize
       color_(color),
       backgroundColor_(backgroundColor),
       offset_(offset) {}
+
+void hashInto(Platform::internal::Hasher& hasher, const IconConfiguration& configuration) {
+  hasher(internal::IconConfigurationView(configuration));
+}
 
 std::string IconConfiguration::description() const {
   return "Icon: " + icon_.description() + ", iconSize: " + printed(iconSize_) + ", imageSize: " + printed(imageSize_);

@@ -39,6 +39,7 @@ class IconConfiguration {
   std::string debugDescription() const;
 
   friend bool operator==(const IconConfiguration&, const IconConfiguration&) = default;
+  friend void hashInto(Platform::internal::Hasher& hasher, const IconConfiguration& configuration);
 
  private:
   Icon icon_;
@@ -50,49 +51,7 @@ class IconConfiguration {
   Platform::CGPoint offset_;
 };
 
-namespace internal {
-
-/// A configuration in its caller's memory, so that looking one up copies nothing.
-struct IconConfigurationView {
-  const Icon& icon;
-  Platform::CGSize iconSize;
-  Platform::CGSize imageSize;
-  std::optional<Icon::GlyphSize> glyphSize;
-  const Platform::UIColor& color;
-  const Platform::UIColor& backgroundColor;
-  Platform::CGPoint offset;
-
-  IconConfigurationView(const Icon& i, Platform::CGSize iSize, Platform::CGSize mSize,
-                        std::optional<Icon::GlyphSize> gSize, const Platform::UIColor& c, const Platform::UIColor& b,
-                        Platform::CGPoint o) noexcept
-      : icon(i), iconSize(iSize), imageSize(mSize), glyphSize(gSize), color(c), backgroundColor(b), offset(o) {}
-  IconConfigurationView(const IconConfiguration& c) noexcept
-      : IconConfigurationView(c.icon(), c.iconSize(), c.imageSize(), c.glyphSize(), *c.color(), *c.backgroundColor(),
-                              c.offset()) {}
-
-  friend bool operator==(const IconConfigurationView& a, const IconConfigurationView& b) noexcept {
-    return a.icon == b.icon && a.iconSize == b.iconSize && a.imageSize == b.imageSize && a.glyphSize == b.glyphSize &&
-           a.color.isEqual(b.color) && a.backgroundColor.isEqual(b.backgroundColor) && a.offset == b.offset;
-  }
-  friend void hashInto(Platform::internal::Hasher& hasher, const IconConfigurationView& view) {
-    hasher(view.icon, view.iconSize.width, view.iconSize.height, view.imageSize.width, view.imageSize.height,
-           view.glyphSize.has_value());
-    if (view.glyphSize) hasher(*view.glyphSize);
-    hasher(view.color.objectHash(), view.backgroundColor.objectHash(), view.offset.x, view.offset.y);
-  }
-};
-
-/// Hash and equality of configurations and views alike, which are the same for both.
-struct IconConfigurationHash : Platform::internal::FieldHash<IconConfigurationView> {
-  using is_transparent = void;
-};
-struct IconConfigurationEqual {
-  using is_transparent = void;
-  bool operator()(const IconConfigurationView& a, const IconConfigurationView& b) const noexcept { return a == b; }
-};
-
-}  // namespace internal
 }  // namespace Brisel
 
 template <>
-struct std::hash<Brisel::IconConfiguration> : Brisel::internal::IconConfigurationHash {};
+struct std::hash<Brisel::IconConfiguration> : Brisel::Platform::internal::FieldHash<Brisel::IconConfiguration> {};

@@ -5,6 +5,7 @@
 #include <iterator>
 
 #include "brisel/icons/icon.h"
+#include "brisel/icons/internal/icon_lookup.h"
 #include "brisel/icons/internal/icon_names.h"
 #include "brisel/platform/layout_direction.h"
 #include "brisel/platform/log.h"
@@ -12,13 +13,7 @@
 namespace Brisel {
 namespace {
 
-constexpr std::string_view kConstants[] = {
-    "VLMBriselIconNone",
-#define BRISEL_ICON(accessor, name, x16, x24, autoMirror) std::string_view("VLMBriselIcon" #name),
-#include "brisel/icons/icons.def"
-};
-
-static_assert(std::size(kConstants) == kIconNumberCount);
+static_assert(std::size(internal::kIconConstants) == kIconNumberCount);
 
 // "Invalid" needs no mention: it is no icon's name.
 std::uint64_t numberOfName(std::string_view name) {
@@ -60,7 +55,7 @@ std::uint64_t numberOfCapitalised(std::string_view text) {
 }  // namespace
 
 std::string_view iconConstant(std::uint64_t number) noexcept {
-  return number < kIconNumberCount ? kConstants[number] : "VLMBriselIconInvalid";
+  return number < kIconNumberCount ? internal::kIconConstants[number] : "VLMBriselIconInvalid";
 }
 
 std::uint64_t iconNumber(std::optional<std::string_view> text) noexcept {
@@ -86,7 +81,7 @@ std::uint64_t iconNumberForLayoutDirection(std::uint64_t number) noexcept {
   if (number == kNoIconNumber ||
       Platform::userInterfaceLayoutDirection() == Platform::UIUserInterfaceLayoutDirection::leftToRight)
     return number;
-  return numberOfName(Icon(internal::kIconNames[number - 1]).rightToLeft().name());
+  return numberOfName(internal::iconOfNumber(number)->rightToLeft().name());
 }
 
 }  // namespace Brisel

@@ -2,6 +2,7 @@
 // catalogue in published order, then their count. Any other number is invalid.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <optional>
@@ -18,9 +19,11 @@ inline constexpr std::uint64_t kInvalidIconNumber = std::numeric_limits<std::int
 std::string_view iconConstant(std::uint64_t number) noexcept;
 
 /// The number of an icon by its name, whose first letter may be small, or by its constant ("VLMIcon" may stand for
-/// "VLMBriselIcon" there, which is said in the log each time); `kInvalidIconNumber` for any other text and for none.
-/// Unlike `Icon(name)` it removes no prefix from the middle of a text.
+/// "VLMBriselIcon" there, which the host's log handler is told each time, if one is set); `kInvalidIconNumber` for any
+/// other text and for none. Unlike `Icon(name)` it removes no prefix from the middle of a text.
 std::uint64_t iconNumber(std::optional<std::string_view> text) noexcept;
+/// No text either, which would else be read as a pointer to characters.
+constexpr std::uint64_t iconNumber(std::nullptr_t) noexcept { return kInvalidIconNumber; }
 
 /// The number of the icon with the same name and "Active" behind it; invalid where there is none, 0 for 0.
 std::uint64_t activeIconNumber(std::uint64_t number) noexcept;

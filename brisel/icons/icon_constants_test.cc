@@ -86,6 +86,7 @@ TEST_F(IconNumber, HasAConstantWhateverItIs) {
 
 TEST_F(IconNumber, IsInvalidForNoText) {
   EXPECT_EQ(iconNumber(std::nullopt), kInvalid);
+  EXPECT_EQ(iconNumber(nullptr), kInvalid);
   EXPECT_EQ(iconNumber(""), kInvalid);
   EXPECT_EQ(iconNumber("VLMBriselIcon"), kInvalid);
   EXPECT_THAT(lines(), IsEmpty());

@@ -1,9 +1,12 @@
+#include <cstdint>
+#include <iterator>
 #include <limits>
 #include <memory>
 #include <new>
 #include <string>
 
 #include "brisel/icons/icon_font.h"
+#include "brisel/icons/internal/icon_names.h"
 #include "brisel/icons/internal/icon_rendering.h"
 #include "brisel/platform/engine.h"
 #include "brisel/platform/font.h"
@@ -17,6 +20,9 @@ namespace Brisel {
 namespace {
 
 using Platform::ShapedText;
+
+// Two designs of each icon of the catalogue.
+constexpr std::int64_t kShapeCacheCapacity = 2 * std::ssize(internal::kIconNames);
 
 std::shared_ptr<const Platform::NSParagraphStyle> makeCentredStyle() {
   const auto style = Platform::NSMutableParagraphStyle::init();
@@ -42,8 +48,8 @@ class GlyphShapes {
  private:
   std::shared_ptr<const Platform::NSParagraphStyle> centredStyle_ = makeCentredStyle();
   std::shared_ptr<const Platform::Typeface> typeface_ = iconFont(1)->typeface();
-  // One entry each design of each icon: small ones, which pressure on memory need not purge.
-  mutable Cache<char32_t, std::shared_ptr<const ShapedText>> shapes_{internal::kIconImageCacheCapacity,
+  // The entries are small, so that pressure on memory need not purge them.
+  mutable Cache<char32_t, std::shared_ptr<const ShapedText>> shapes_{kShapeCacheCapacity,
                                                                      std::numeric_limits<std::int64_t>::max(), nullptr};
 };
 

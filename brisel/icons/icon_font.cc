@@ -4,7 +4,7 @@
 #include <new>
 #include <string_view>
 
-#include "brisel/icons/internal/icon_font.h"
+#include "brisel/icons/internal/icon_font_registration.h"
 #include "brisel/platform/engine.h"
 #include "brisel/platform/fatal_error.h"
 #include "brisel/platform/font_descriptor.h"

@@ -9,7 +9,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "brisel/icons/internal/icon_font.h"
+#include "brisel/icons/internal/icon_font_registration.h"
 #include "brisel/platform/font_descriptor.h"
 #include "brisel/typography/font.h"
 #include "brisel/typography/resource_bundle.h"

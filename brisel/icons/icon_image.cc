@@ -1,12 +1,14 @@
 #include "brisel/icons/icon_image.h"
 
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <new>
 #include <string>
 
 #include "brisel/icons/icon_font.h"
 #include "brisel/icons/internal/icon_lookup.h"
+#include "brisel/icons/internal/icon_names.h"
 #include "brisel/icons/internal/icon_rendering.h"
 #include "brisel/platform/fatal_error.h"
 #include "brisel/platform/internal/utf.h"
@@ -15,6 +17,9 @@
 #include "brisel/tokens/internal/lazy_table.h"
 
 namespace Brisel {
+
+static_assert(internal::kIconImageCacheCapacity == 2 * std::ssize(internal::kIconNames));
+
 namespace {
 
 using Platform::CGFloat;
@@ -43,20 +48,21 @@ CGFloat fontSizeOf(CGFloat iconHeight) {
   return tenths / 10;
 }
 
-Platform::UIGraphicsImageRendererFormat formatOn(const Platform::UIColor& backgroundColor) {
+Platform::UIGraphicsImageRendererFormat formatOn(const Platform::UIColor& backgroundColor, CGFloat scale) {
   Platform::UIGraphicsImageRendererFormat format;
+  format.scale = scale;
   format.opaque = backgroundColor.alpha() == 1.0;
   return format;
 }
 
-ImagePtr render(const IconConfiguration& configuration, CGSize iconSize, CGSize imageSize) {
+ImagePtr render(const IconConfiguration& configuration, CGSize iconSize, CGSize imageSize, CGFloat scale) {
   const CGFloat fontSize = fontSizeOf(iconSize.height);
   const auto glyphSize = configuration.glyphSize().value_or(internal::glyphSizeForPointSize(fontSize));
   const Icon::Glyph glyph = internal::glyphForSize(configuration.icon(), glyphSize);
   const CGPoint origin{(imageSize.width - iconSize.width) * 0.5 + configuration.offset().x,
                        (imageSize.height - iconSize.height) * 0.5 + configuration.offset().y};
   const Platform::UIColor& background = *configuration.backgroundColor();
-  const Platform::UIGraphicsImageRenderer renderer(imageSize, formatOn(background));
+  const Platform::UIGraphicsImageRenderer renderer(imageSize, formatOn(background, scale));
   const ImagePtr drawn = renderer.image([&](Platform::Canvas& canvas) {
     if (background.alpha() != 0) canvas.fillRect({{0, 0}, imageSize}, background);
     internal::drawIconGlyph(canvas, glyph, fontSize, {origin, iconSize}, configuration.color());
@@ -72,7 +78,8 @@ std::int64_t memoryUsage(const UIImage& image) {
 // Not what could not be drawn, which may succeed another time; what would fill the cache alone; nor what nobody will
 // find again, since it holds not-a-number.
 bool isWorthKeeping(const internal::IconConfigurationView& request, const UIImage& image) {
-  return image.bitmap() && memoryUsage(image) < internal::iconImageCache().memoryLimit() && request == request;
+  return image.bitmap() && memoryUsage(image) < internal::iconImageCache().memoryLimit() &&
+         internal::IconConfigurationEqual()(request, request);
 }
 
 struct CacheSlot {
@@ -102,6 +109,7 @@ std::shared_ptr<const Platform::NSAttributedString> attributedString(const Icon&
 ImagePtr image(const Icon& icon, CGSize iconSize, CGSize imageSize, std::optional<Icon::GlyphSize> glyphSize,
                const ColorPtr& color, const ColorPtr& backgroundColor, CGPoint offset) {
   if (!color || !backgroundColor) Platform::fatalError("An icon was given a null colour");
+  // Read once, as another thread may set it while the image is being made.
   const CGFloat scale = Platform::UIScreen::mainScreen().scale();
   if (!hasPixels(iconSize, scale) || !hasPixels(imageSize, scale)) return UIImage::init();
 
@@ -114,7 +122,7 @@ ImagePtr image(const Icon& icon, CGSize iconSize, CGSize imageSize, std::optiona
   const CGSize drawnImageSize = cutToPixels(imageSize, scale);
   if (!isDrawable(drawnIconSize) || !isDrawable(drawnImageSize)) return UIImage::init();
   const IconConfiguration configuration(icon, iconSize, imageSize, glyphSize, color, backgroundColor, offset);
-  ImagePtr image = render(configuration, drawnIconSize, drawnImageSize);
+  ImagePtr image = render(configuration, drawnIconSize, drawnImageSize, scale);
   if (isWorthKeeping(request, *image)) cache.setValue(image, configuration, memoryUsage(*image));
   return image;
 }
@@ -127,7 +135,8 @@ ImagePtr image(const Icon& icon, CGSize size, std::optional<Icon::GlyphSize> gly
 // The ground is not filled: an opaque image is black, as a fresh opaque canvas is.
 ImagePtr internal::blankIconImage(CGSize iconSize, CGSize imageSize, const Platform::UIColor& backgroundColor) {
   if (!isDrawable(iconSize) || !isDrawable(imageSize)) return UIImage::init();
-  return Platform::UIGraphicsImageRenderer(imageSize, formatOn(backgroundColor)).image([](Platform::Canvas&) {});
+  const auto format = formatOn(backgroundColor, Platform::UIScreen::mainScreen().scale());
+  return Platform::UIGraphicsImageRenderer(imageSize, format).image([](Platform::Canvas&) {});
 }
 
 }  // namespace Brisel

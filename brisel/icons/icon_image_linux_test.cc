@@ -95,14 +95,18 @@ TEST_F(DrawnIcon, HasInkInBothDesignsAndNoneOutsideItsBox) {
 }
 
 TEST_F(DrawnIcon, FillsItsBoxAtAnyScale) {
-  // A circle in the middle of its em stands in the middle of its image, to the pixel.
+  // A circle in the middle of its em stands in the middle of its image, to the pixel: the 16-point design is drawn 20
+  // units from each edge of a box of 256, the 24-point design 24 units.
   for (const double scale : {1.0, 2.0, 3.0}) {
     UIScreen::mainScreen().setScale(scale);
+    const auto color = UIColor::initWithRed(1, 1, 1 / scale, 1);  // what is kept stays at the scale of its time
     for (const double side : {16.0, 20.0, 24.0, 32.0}) {
-      const Margins m = marginsOf(*white(Icon::pauseAlt(), side)->bitmap());
-      EXPECT_EQ(m.left, m.right) << side << " at " << scale;
-      EXPECT_EQ(m.top, m.bottom) << side << " at " << scale;
-      EXPECT_EQ(m.left, m.top) << side << " at " << scale;
+      const Margins m = marginsOf(*image(Icon::pauseAlt(), {side, side}, {}, color, UIColor::clearColor())->bitmap());
+      const int margin = static_cast<int>(side * scale * (side <= 16 ? 20 : 24) / 256);
+      EXPECT_EQ(m.left, margin) << side << " at " << scale;
+      EXPECT_EQ(m.right, margin) << side << " at " << scale;
+      EXPECT_EQ(m.top, margin) << side << " at " << scale;
+      EXPECT_EQ(m.bottom, margin) << side << " at " << scale;
     }
   }
 }

@@ -1,9 +1,12 @@
 // What is asked of the port, and what is kept. Its pictures: see icon_image_linux_test.cc.
 #include "brisel/icons/icon_image.h"
 
+#include <atomic>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -178,7 +181,10 @@ TEST_F(IconImage, TooLargeToDrawIsEmptyAndNotKept) {
   EXPECT_EQ(cached(), 0);
 }
 
+TEST_F(IconImage, OfABoxOfAnyWidthIsDrawn) { EXPECT_NE(heart({1e300, 24}, {24, 24})->bitmap(), nullptr); }
+
 TEST_F(IconImage, TooHighForAFontSizeIsAProgrammingError) {
+  EXPECT_DEATH(heart({24, 1e18}, {24, 1e18}), "too high") << "though too large to draw";
   EXPECT_DEATH(heart({24, 1e18}, {24, 24}), "too high");
   EXPECT_DEATH(heart({24, 1e300}, {24, 24}), "too high");
   EXPECT_NE(heart({24, 9e17}, {24, 24})->bitmap(), nullptr);
@@ -197,6 +203,45 @@ TEST_F(IconImage, HasAsManyPixelsAsFitItsSize) {
     RC_ASSERT((picture->bitmap() ? picture->bitmap()->height : 0) == pixels);
     if (pixels > 0) RC_ASSERT(picture->size().height == pixels / scale);
   }));
+}
+
+// Where the screen changes while memory is first watched, which is while the first image is being made.
+class ChangingScreen final : public SystemEvents {
+ protected:
+  void onPost(Work) override {}
+  std::size_t onRunPending() override { return 0; }
+  void onWatchMemoryPressure(PressureHandler) override { UIScreen::mainScreen().setScale(3); }
+  void onStopWatchingMemoryPressure() override {}
+};
+
+// What is cut at one scale and drawn at another has too many pixels or too few.
+TEST(IconImageOnAChangingScreen, IsCutAndDrawnAtTheScaleThatWasFirst) {
+  setSystemEvents(std::make_shared<ChangingScreen>());
+  setEngine(std::make_shared<RecordingEngine>());
+  const ImagePtr picture = image(Icon::heart(), {24.5, 24.5}, {}, UIColor::clearColor(), UIColor::clearColor());
+  EXPECT_EQ(UIScreen::mainScreen().scale(), 3.0);
+  EXPECT_EQ(picture->scale(), 1.0);
+  EXPECT_EQ(picture->bitmap()->width, 24);
+  EXPECT_EQ(picture->bitmap()->height, 24);
+}
+
+TEST_F(IconImage, HasThePixelsOfItsOwnScaleWhileAnotherThreadChangesTheScreens) {
+  std::atomic<bool> isRunning{false};
+  std::atomic<bool> isDone{false};
+  std::thread host([&] {
+    for (double scale = 1; !isDone; scale = 4 - scale) {
+      setScale(scale);
+      isRunning = true;
+    }
+  });
+  while (!isRunning) std::this_thread::yield();
+  for (int i = 0; i < 2000; ++i) {
+    const ImagePtr picture = heart({24.5, 24.5}, {24.5, 24.5}, {}, {static_cast<double>(i), 0});
+    EXPECT_EQ(picture->bitmap()->width, std::floor(24.5 * picture->scale()));
+    EXPECT_EQ(picture->bitmap()->height, std::floor(24.5 * picture->scale()));
+  }
+  isDone = true;
+  host.join();
 }
 
 // --- Place ---
@@ -281,6 +326,16 @@ TEST_F(IconImage, IsKeptForEachRequestOfItsOwn) {
 TEST_F(IconImage, CacheHoldsTwoDesignsOfEachIconAndTenMebibytes) {
   EXPECT_EQ(Brisel::internal::iconImageCache().capacity(), 656);
   EXPECT_EQ(Brisel::internal::iconImageCache().memoryLimit(), 10'485'760);
+}
+
+TEST_F(IconImage, CacheIsEmptiedWhenTheSystemRunsShortOfMemory) {
+  auto& events = dynamic_cast<RecordingSystemEvents&>(systemEvents());
+  const ImagePtr before = heart(24);
+  ASSERT_EQ(cached(), 1);
+  ASSERT_TRUE(events.deliverMemoryPressure(MemoryPressureLevel::warning));
+  events.runPending();
+  EXPECT_EQ(cached(), 0);
+  EXPECT_NE(heart(24), before);
 }
 
 TEST_F(IconImage, OfTheWholeBudgetIsNotKept) {

@@ -1,7 +1,7 @@
 // On the Linux port, where other faces stand in for missing ones.
 #include <gtest/gtest.h>
 
-#include "brisel/icons/internal/icon_font.h"
+#include "brisel/icons/internal/icon_font_registration.h"
 #include "brisel/platform/bundle.h"
 
 #include "tests/temporary_directory.h"

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <new>
 #include <span>
 #include <utility>
 
@@ -66,7 +67,11 @@ ImagePtr imageByBlendingUsingRgbaBlock(const UIImage& image, const ImagePtr& oth
   const CGFloat scale = image.scale();
   Bitmap result{std::max(pixels.width(), otherPixels.width()), std::max(pixels.height(), otherPixels.height()), {}};
   if (std::int64_t{result.width} * result.height > Bitmap::kMostPixels) return UIImage::init();
-  result.rgba.resize(result.bytesPerRow() * static_cast<std::size_t>(result.height));
+  try {
+    result.rgba.resize(result.bytesPerRow() * static_cast<std::size_t>(result.height));
+  } catch (const std::bad_alloc&) {
+    return UIImage::init();
+  }
 
   const auto width = static_cast<std::size_t>(result.width);
   std::uint8_t* place = result.rgba.data();

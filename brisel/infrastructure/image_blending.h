@@ -30,8 +30,8 @@ using ColorBlock = std::function<Platform::ColorPtr(const Platform::ColorPtr& co
 /// row, also where neither image has a pixel.
 ///
 /// Null once the block has set `stop`, be it at the last pixel. A null `otherImage` has no pixels. Where the result has
-/// none, or would have more than `Bitmap::kMostPixels`, it is an empty image and the block is not called. What the
-/// block throws is passed on. An empty block is a programming error.
+/// none, would have more than `Bitmap::kMostPixels`, or finds no memory, it is an empty image and the block is not
+/// called. What the block throws is passed on. An empty block is a programming error.
 Platform::ImagePtr imageByBlendingUsingRgbaBlock(const Platform::UIImage& image, const Platform::ImagePtr& otherImage,
                                                  const RgbaBlock& block);
 

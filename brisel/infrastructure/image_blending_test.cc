@@ -15,6 +15,8 @@
 #include <gtest/gtest.h>
 #include <rapidcheck/gtest.h>
 
+#include "tests/scarce_memory.h"
+
 namespace Brisel {
 namespace {
 
@@ -147,6 +149,17 @@ TEST(BlendingOfPixels, MakesAnEmptyImageOfWhatWouldBeTooLarge) {
   EXPECT_EQ(result->bitmap(), nullptr);
 }
 
+TEST(BlendingOfPixels, MakesAnEmptyImageWithoutACallWhereThereIsNoMemory) {
+  const ImagePtr image = numbered(200, 200);
+  bool isCalled = false;
+  const Tests::ScarceMemory scarce(100'000);
+  const ImagePtr result =
+      imageByBlendingUsingRgbaBlock(*image, nullptr, [&](auto, auto, Pixel&, bool&) { isCalled = true; });
+  ASSERT_NE(result, nullptr);
+  EXPECT_EQ(result->bitmap(), nullptr);
+  EXPECT_FALSE(isCalled);
+}
+
 TEST(BlendingDeathTest, NeedsABlock) {
   EXPECT_DEATH(imageByBlendingUsingRgbaBlock(*numbered(1, 1), nullptr, nullptr), "block");
   EXPECT_DEATH(imageByBlendingUsingColorBlock(*numbered(1, 1), nullptr, {}), "block");
@@ -181,7 +194,7 @@ TEST(BlendingOfColors, RoundsHalvesAwayFromZero) {
               ElementsAre(1, 0, 0, 255));
 }
 
-TEST(BlendingOfColors, KeepsWhatALieOutsideWithinAByte) {
+TEST(BlendingOfColors, KeepsWhatLiesOutsideWithinAByte) {
   EXPECT_THAT(bytesOf(UIColor::initWithRed(1.2, -0.5, 1e300, -1e300)), ElementsAre(255, 0, 255, 0));
   EXPECT_THAT(bytesOf(UIColor::initWithRed(kInfinity, -kInfinity, kNaN, 1)), ElementsAre(255, 0, 0, 255));
 }

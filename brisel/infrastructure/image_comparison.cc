@@ -71,8 +71,9 @@ bool differsByMoreThan(std::uint8_t tolerance, const Bitmap& bitmap, const Bitma
 
 bool isEqualToPixels(const UIImage& image, const ImagePtr& otherImage, double accuracy) {
   if (&image == otherImage.get()) return true;
+  if (!otherImage) return false;
   const Bitmap* const bitmap = image.bitmap().get();
-  const Bitmap* const other = otherImage ? otherImage->bitmap().get() : nullptr;
+  const Bitmap* const other = otherImage->bitmap().get();
   if (!bitmap || !other) return bitmap == other;
   if (bitmap->width != other->width || bitmap->height != other->height) return false;
 

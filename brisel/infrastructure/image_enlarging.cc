@@ -5,6 +5,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <new>
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "brisel/platform/bezier_path.h"
@@ -50,8 +53,8 @@ bool isTooLarge(const Bitmap& bitmap, std::uint64_t factor) {
   return std::max(width, height) > Bitmap::kMostPixelsASide || width * height > Bitmap::kMostPixels;
 }
 
-// Each pixel as a square of `factor` by `factor`.
-Bitmap repeated(const Bitmap& bitmap, std::size_t factor) {
+// Each pixel as a square of `factor` by `factor`; nothing where there is no memory.
+std::optional<Bitmap> repeated(const Bitmap& bitmap, std::size_t factor) try {
   // Pixels are written by the four: what is too many is overwritten by the next pixel, or lies behind the row.
   constexpr std::size_t kAtOnce = 4;
   constexpr std::size_t kPixel = 4;
@@ -73,6 +76,8 @@ Bitmap repeated(const Bitmap& bitmap, std::size_t factor) {
     }
   }
   return result;
+} catch (const std::bad_alloc&) {
+  return std::nullopt;
 }
 
 // One path for all lines, so that a translucent colour is not laid on twice where they cross.
@@ -108,8 +113,10 @@ ImagePtr imageByScaling(const UIImage& image, std::uint64_t factor, CGInterpolat
   // Nothing need be drawn to repeat pixels, and a port that finds the nearest one in fixed point may miss it.
   ImagePtr source;
   if (interpolation == CGInterpolationQuality::none) {
+    std::optional<Bitmap> bitmap = repeated(*image.bitmap(), factor);
+    if (!bitmap) return nullptr;
     source =
-        UIImage::imageWithBitmap(repeated(*image.bitmap(), factor), format.scale,
+        UIImage::imageWithBitmap(*std::move(bitmap), format.scale,
                                  format.opaque ? CGImageAlphaInfo::noneSkipLast : CGImageAlphaInfo::premultipliedLast);
     if (!gridColor) return source;
   }

@@ -13,6 +13,8 @@
 #include "brisel/platform/port.h"
 #include "brisel/platform/recording/engine.h"
 
+#include "tests/scarce_memory.h"
+
 namespace Brisel {
 namespace {
 
@@ -171,6 +173,13 @@ TEST_F(ImageEnlarging, WhatWouldBeTooLargeGivesNull) {
     }
   }
   EXPECT_THAT(engine_->record().canvases, IsEmpty());
+}
+
+TEST_F(ImageEnlarging, WhatFindsNoMemoryGivesNull) {
+  const ImagePtr receiver = image(10, 10);
+  const Tests::ScarceMemory scarce(100'000);
+  EXPECT_EQ(imageByScaling(*receiver, 20, CGInterpolationQuality::none, nullptr), nullptr);
+  EXPECT_EQ(imageByScaling(*receiver, 20, CGInterpolationQuality::none, magenta_), nullptr);
 }
 
 TEST_F(ImageEnlarging, AsLargeAsCanBeIsMade) {

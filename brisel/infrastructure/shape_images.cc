@@ -16,6 +16,7 @@ using internal::badgePath;
 using internal::circlePath;
 using internal::dotPath;
 using internal::starPath;
+using internal::starVertexCount;
 using Platform::Canvas;
 using Platform::CGBlendMode;
 using Platform::CGFloat;
@@ -60,7 +61,7 @@ ImagePtr withCircle(const UIImage& image, CGFloat diameter, CGFloat lineWidth, c
     if (isCuttingOutImage) clipToAlpha(image, canvas, size);
     if (fillColor) canvas.fillPath(circle, *fillColor);
     canvas.strokePath(circle, line);
-    canvas.clipToPath(circle);
+    canvas.clipToPath(circle);  // deliberately also where nothing is drawn after it; the star does likewise
     if (!isCuttingOutImage) drawAtPoint(image, canvas, centered(image.size(), size));
   });
 }
@@ -71,14 +72,14 @@ ImagePtr withStar(const UIImage& image, CGFloat diameter, CGFloat innerDiameter,
   const CGSize box{diameter, diameter};
   const CGSize size = canvasSize(image.size(), diameter);
   const CGPoint origin = centered(box, size);
-  const UIBezierPath star = starPath(origin, diameter, innerDiameter, points);
+  starVertexCount(points);  // Too many points are an error where there can be no canvas too.
   return UIGraphicsImageRenderer(size).image([&](Canvas& canvas) {
+    const UIBezierPath star = starPath(origin, diameter, innerDiameter, points);
     if (isCuttingOutImage) clipToAlpha(image, canvas, size);
     canvas.fillPath(star, fill);
     canvas.clipToPath(star);
-    if (isCuttingOutImage) return;
     const CGPoint inBox = centered(image.size(), box);
-    drawAtPoint(image, canvas, {origin.x + inBox.x, origin.y + inBox.y});
+    if (!isCuttingOutImage) drawAtPoint(image, canvas, {origin.x + inBox.x, origin.y + inBox.y});
   });
 }
 
@@ -99,8 +100,8 @@ ImagePtr withDot(const UIImage& image, CGFloat diameter, CGFloat cutOutDiameter,
 ImagePtr verifiedIndicator(CGSize size, const ColorPtr& fillColor) {
   const UIColor& fill = required(fillColor);
   const CGSize half{size.width * 0.5, size.height * 0.5};
-  const ImagePtr check = Brisel::image(Icon::check(), half, half, std::nullopt, Color::white().value(),
-                                       UIColor::initWithWhite(0, 0), {0, 0});
+  const ImagePtr check =
+      Brisel::image(Icon::check(), half, half, std::nullopt, Color::white().value(), UIColor::clearColor(), {0, 0});
   return UIGraphicsImageRenderer(size).image([&](Canvas& canvas) {
     canvas.fillPath(badgePath(size), fill);
     drawAtPoint(*check, canvas, centered(check->size(), size));

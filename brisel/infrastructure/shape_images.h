@@ -28,7 +28,8 @@ Platform::ImagePtr withCircle(const Platform::UIImage& image, Platform::CGFloat 
 ///
 /// Where `isCuttingOutImage`, the image is not drawn: the star is, through the image's alpha, which is stretched over
 /// the canvas. There is no star of 0 points or fewer, and so nothing at all; 2^62 or more is a programming error, and
-/// so is what lies below -2^62.
+/// so is what lies below -2^62. Time and memory grow with `points`, without a bound: `std::bad_alloc` is thrown where
+/// there is no memory for the star's outline.
 Platform::ImagePtr withStar(const Platform::UIImage& image, Platform::CGFloat diameter, Platform::CGFloat innerDiameter,
                             std::int64_t points, const Platform::ColorPtr& fillColor, bool isCuttingOutImage);
 
@@ -39,6 +40,10 @@ Platform::ImagePtr withDot(const Platform::UIImage& image, Platform::CGFloat dia
 
 /// A rosette in `fillColor` with a white check mark of half its size on it. It is made for squares: elsewhere the
 /// rosette takes its width from the height and its height from the width.
+///
+/// The check mark is an icon image (icons/icon_image.h), with the same programming error: half the height, cut to whole
+/// pixels, must be below 2^63 tenths of a point where both sides are above 0 and finite, though such a badge would be
+/// too large to draw.
 Platform::ImagePtr verifiedIndicator(Platform::CGSize size, const Platform::ColorPtr& fillColor);
 
 }  // namespace Brisel

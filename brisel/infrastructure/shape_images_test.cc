@@ -131,7 +131,7 @@ TEST_F(ShapeImages, AnImageWithoutABitmapIsNeitherDrawnNorCutOut) {
 
 // --- Star ---
 
-TEST_F(ShapeImages, StarIsFilledAndClippedToBeforeTheImageIsDrawnInItsMiddle) {
+TEST_F(ShapeImages, StarIsFilledAndClippedToBeforeTheImageIsDrawnInTheMiddleOfBoth) {
   const auto star = starPath({5, 0}, 20, 8, 5);
   EXPECT_EQ(callsOf([&] { return withStar(*imageOf(30, 10), 20, 8, 5, red, false); }),
             (std::vector{fill(star, red), clip(star), draw({{0, 5}, {30, 10}})}));
@@ -150,6 +150,13 @@ TEST_F(ShapeImages, StarWithoutPointsClipsEverythingAway) {
     EXPECT_EQ(callsOf([&] { return withStar(*square, 20, 8, points, red, false); }),
               (std::vector{fill(point, red), clip(point), draw({{5, 5}, {10, 10}})}));
   }
+}
+
+// No memory would hold the outline.
+TEST_F(ShapeImages, StarOfAnyNumberOfPointsIsAnEmptyImageWhereThereCanBeNoCanvas) {
+  const ImagePtr star = withStar(*square, 1e9, 8, (std::int64_t{1} << 62) - 1, red, false);
+  ASSERT_NE(star, nullptr);
+  EXPECT_EQ(star->bitmap(), nullptr);
 }
 
 // --- Dot ---
@@ -208,6 +215,12 @@ TEST_F(ShapeImages, BadgeTooSmallForACheckMarkHasNone) {
   EXPECT_EQ(callsOf([&] { return verifiedIndicator({1, 1}, red); }), (std::vector{fill(badgePath({1, 1}), red)}));
 }
 
+TEST_F(ShapeImages, BadgeTooLargeToDrawIsAnEmptyImage) {
+  for (const CGSize size : {CGSize{1.8e18, 1.8e18}, CGSize{2e18, 24}, CGSize{24, 1.8e18}}) {
+    EXPECT_EQ(verifiedIndicator(size, red)->bitmap(), nullptr) << size.width << " x " << size.height;
+  }
+}
+
 // --- All ---
 
 TEST_F(ShapeImages, AreDrawnAtTheMainScreensScale) {
@@ -252,8 +265,15 @@ TEST_F(ShapeImagesDeathTest, ANullColourThatIsNotOptionalIsAnError) {
 }
 
 TEST_F(ShapeImagesDeathTest, TooManyPointsAreAnErrorOnACanvasThatCannotBeToo) {
-  EXPECT_DEATH(withStar(*square, 20, 10, std::int64_t{1} << 62, red, false), "star's points");
-  EXPECT_DEATH(withStar(*square, 20, 10, -(std::int64_t{1} << 62) - 1, red, false), "star's points");
+  for (const CGFloat diameter : {20.0, 1e9}) {
+    EXPECT_DEATH(withStar(*square, diameter, 10, std::int64_t{1} << 62, red, false), "star's points");
+    EXPECT_DEATH(withStar(*square, diameter, 10, -(std::int64_t{1} << 62) - 1, red, false), "star's points");
+  }
+}
+
+TEST_F(ShapeImagesDeathTest, ABadgeWhoseCheckMarkIsTooHighForAFontSizeIsAnError) {
+  EXPECT_DEATH(verifiedIndicator({2e18, 2e18}, red), "too high");
+  EXPECT_DEATH(verifiedIndicator({24, 2e18}, red), "too high");
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "brisel/icons/icon_image.h"
+#include "brisel/icons/internal/icon_lookup.h"
 #include "brisel/icons/internal/icon_rendering.h"
 #include "brisel/platform/fatal_error.h"
 #include "brisel/tokens/color.h"
@@ -20,11 +21,13 @@ using IconPtr = std::shared_ptr<const VLMBriselSwiftIcons>;
 
 constexpr CGPoint kNoOffset{0, 0};
 
-ImagePtr imageOrBlank(const IconPtr& icon, CGSize iconSize, CGSize imageSize, std::optional<Icon::GlyphSize> glyphSize,
+const Icon* valueOf(const IconPtr& icon) { return icon ? &icon->icon() : nullptr; }
+
+ImagePtr imageOrBlank(const Icon* icon, CGSize iconSize, CGSize imageSize, std::optional<Icon::GlyphSize> glyphSize,
                       const ColorPtr& color, const ColorPtr& backgroundColor, CGPoint offset) {
   if (!backgroundColor) Brisel::Platform::fatalError("An icon was given a null colour");
   if (!icon) return Brisel::internal::blankIconImage(iconSize, imageSize, *backgroundColor);
-  return Brisel::image(icon->icon(), iconSize, imageSize, glyphSize, color, backgroundColor, offset);
+  return Brisel::image(*icon, iconSize, imageSize, glyphSize, color, backgroundColor, offset);
 }
 
 Icon::GlyphSize known(VLMBriselIconGlyphSize glyphSize) {
@@ -39,7 +42,7 @@ Icon::GlyphSize known(VLMBriselIconGlyphSize glyphSize) {
 
 ImagePtr briselSwift_imageForIcon(const IconPtr& icon, CGSize size, const ColorPtr& color,
                                   const ColorPtr& backgroundColor) {
-  return imageOrBlank(icon, size, size, std::nullopt, color, backgroundColor, kNoOffset);
+  return imageOrBlank(valueOf(icon), size, size, std::nullopt, color, backgroundColor, kNoOffset);
 }
 
 ImagePtr briselSwift_imageForIcon(const IconPtr& icon, CGSize size, VLMBriselIconGlyphSize glyphSize,
@@ -49,13 +52,13 @@ ImagePtr briselSwift_imageForIcon(const IconPtr& icon, CGSize size, VLMBriselIco
 
 ImagePtr briselSwift_imageForIcon(const IconPtr& icon, CGSize iconSize, CGSize imageSize, const ColorPtr& color,
                                   const ColorPtr& backgroundColor, CGPoint offset) {
-  return imageOrBlank(icon, iconSize, imageSize, std::nullopt, color, backgroundColor, offset);
+  return imageOrBlank(valueOf(icon), iconSize, imageSize, std::nullopt, color, backgroundColor, offset);
 }
 
 ImagePtr briselSwift_imageForIcon(const IconPtr& icon, CGSize iconSize, CGSize imageSize,
                                   VLMBriselIconGlyphSize glyphSize, const ColorPtr& color,
                                   const ColorPtr& backgroundColor, CGPoint offset) {
-  return imageOrBlank(icon, iconSize, imageSize, known(glyphSize), color, backgroundColor, offset);
+  return imageOrBlank(valueOf(icon), iconSize, imageSize, known(glyphSize), color, backgroundColor, offset);
 }
 
 // --- Of an icon's number ---
@@ -94,7 +97,7 @@ ImagePtr brisel_imageForIcon(VLMBriselIcon icon, CGSize iconSize, CGSize imageSi
 
 ImagePtr brisel_imageForIcon(VLMBriselIcon icon, CGSize iconSize, CGSize imageSize, VLMBriselIconGlyphSize glyphSize,
                              const ColorPtr& color, const ColorPtr& backgroundColor, CGPoint offset) {
-  const VLMBriselIconGlyphSize converted{VLMBrisel::convertGlyphSize(glyphSize).rawValue()};
-  return briselSwift_imageForIcon(VLMBrisel::convertIcon(icon), iconSize, imageSize, converted, color, backgroundColor,
-                                  offset);
+  const Icon::GlyphSize converted = VLMBrisel::convertGlyphSize(glyphSize).glyphSize();
+  return imageOrBlank(Brisel::internal::iconOfNumber(icon), iconSize, imageSize, converted, color, backgroundColor,
+                      offset);
 }

@@ -1,5 +1,7 @@
 #include "brisel/object_interface/icon_images.h"
 
+#include <cstdint>
+#include <limits>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -81,12 +83,34 @@ TEST_F(ObjectIconImage, OfAnIconsNumberFillsInWhatItsNameLeavesOut) {
   EXPECT_EQ(brisel_imageForIcon(icon, size, VLMBriselIconGlyphSizeSmall, color_, background_),
             value(size, size, small, color_, background_, {}));
   EXPECT_EQ(brisel_imageForIcon(icon, box, size, color_), value(box, size, small, color_, clear, {}));
-  EXPECT_EQ(brisel_imageForIcon(icon, box, size, color_, background_), value(box, size, small, color_, background_, {}));
+  EXPECT_EQ(brisel_imageForIcon(icon, box, size, color_, background_),
+            value(box, size, small, color_, background_, {}));
   EXPECT_EQ(brisel_imageForIcon(icon, box, size, color_, background_, offset),
             value(box, size, small, color_, background_, offset));
   EXPECT_EQ(brisel_imageForIcon(icon, box, size, VLMBriselIconGlyphSizeMedium, color_, background_, offset),
             value(box, size, medium, color_, background_, offset));
   EXPECT_EQ(cached(), 8);
+}
+
+// Without the object that the number stands for, and yet as by way of it.
+TEST_F(ObjectIconImage, OfANumberIsThatOfTheObjectThatItIsConvertedTo) {
+  std::vector<VLMBriselIcon> numbers{VLMBriselIconInvalid, VLMBriselIcon(std::numeric_limits<std::uint64_t>::max())};
+  for (std::uint64_t number = 0; number <= 330; ++number) numbers.push_back(VLMBriselIcon(number));
+  for (const VLMBriselIcon number : numbers) {
+    const auto object = VLMBrisel::convertIcon(number);
+    const auto named = VLMBriselSwiftIcons::getSwiftIconWithName(NSStringFromVLMBriselIcon(number));
+    ASSERT_EQ(object == nullptr, named == nullptr) << number;
+    const ImagePtr image = brisel_imageForIcon(number, {8, 8}, VLMBriselIconGlyphSizeSmall, color_, background_);
+    const ImagePtr same = briselSwift_imageForIcon(object, {8, 8}, VLMBriselIconGlyphSizeSmall, color_, background_);
+    if (object) {
+      EXPECT_EQ(object->icon(), named->icon()) << number;
+      EXPECT_EQ(image, same) << number;
+    } else {
+      EXPECT_EQ(*image->bitmap(), *same->bitmap()) << number;
+      EXPECT_EQ(image->alphaInfo(), same->alphaInfo()) << number;
+    }
+  }
+  EXPECT_EQ(cached(), 328);
 }
 
 TEST_F(ObjectIconImage, OfANumberChoosesItsDesignByTheHeightOfTheBox) {

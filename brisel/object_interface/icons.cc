@@ -53,7 +53,8 @@ VLMBriselIcon VLMBriselIconRTLFromVLMBriselIcon(VLMBriselIcon icon) noexcept {
 }
 
 std::shared_ptr<const VLMBriselSwiftIcons> VLMBrisel::convertIcon(VLMBriselIcon icon) {
-  return VLMBriselSwiftIcons::getSwiftIconWithName(NSStringFromVLMBriselIcon(icon));
+  const Icon* value = Brisel::internal::iconOfNumber(icon);
+  return value ? VLMBriselSwiftIcons::wrapping(*value) : nullptr;
 }
 
 namespace {

@@ -1,6 +1,7 @@
 // The object interface of the icons: their numbers and constants, and the class that wraps one.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -92,6 +93,8 @@ std::string_view NSStringFromVLMBriselIcon(VLMBriselIcon icon) noexcept;
 
 /// The icon of a constant or a name; `VLMBriselIconInvalid` for any other text, and for an empty or absent one.
 VLMBriselIcon VLMBriselIconFromNSString(std::optional<std::string_view> string) noexcept;
+/// An absent text too, which would else be read as a pointer to characters.
+constexpr VLMBriselIcon VLMBriselIconFromNSString(std::nullptr_t) noexcept { return VLMBriselIconInvalid; }
 
 /// The icon with "Active" behind its name, or `VLMBriselIconInvalid`; none for none.
 VLMBriselIcon VLMBriselIconActiveFromVLMBriselIcon(VLMBriselIcon icon) noexcept;
@@ -102,7 +105,7 @@ VLMBriselIcon VLMBriselIconRTLFromVLMBriselIcon(VLMBriselIcon icon) noexcept;
 /// "VLMBriselIconGlyphSizeSmall", "VLMBriselIconGlyphSizeMedium", or "UNKNOWN" for other numbers.
 std::string_view NSStringFromVLMBriselIconGlyphSize(VLMBriselIconGlyphSize size) noexcept;
 
-/// Medium for more than 20.0 points. The rule of `Brisel::Icon` is another one (by font size, from 16.0); that is
+/// Medium for more than 20.0 points. The rule of `Brisel::Icon` is another one (by font size, above 16.0); that is
 /// deliberate.
 VLMBriselIconGlyphSize VLMBriselIconGlyphSizeFromHeight(Brisel::Platform::CGFloat height) noexcept;
 /// By the height alone.

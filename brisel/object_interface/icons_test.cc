@@ -97,6 +97,7 @@ TEST(ObjectIcons, AreFoundByText) {
   EXPECT_EQ(VLMBriselIconFromNSString("addCalendar"), VLMBriselIconAddCalendar);
   EXPECT_EQ(VLMBriselIconFromNSString("none"), VLMBriselIconNone);
   EXPECT_EQ(VLMBriselIconFromNSString(std::nullopt), VLMBriselIconInvalid);
+  EXPECT_EQ(VLMBriselIconFromNSString(nullptr), VLMBriselIconInvalid);
   EXPECT_EQ(VLMBriselIconFromNSString(""), VLMBriselIconInvalid);
   EXPECT_EQ(VLMBriselIconFromNSString("AddVLMIconCalendar"), VLMBriselIconInvalid);
   EXPECT_EQ(lines, 0);

@@ -2,6 +2,7 @@
 // read and compare colours.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string_view>
@@ -76,14 +77,17 @@ class VLMBriselScreenScale final : public Brisel::Platform::NSObject {
 };
 
 // Colours from text (see brisel/tokens/color_parsing.h): a new colour in RGB form, or null where the text is absent or
-// has another number of digits.
+// has another number of digits. `nullptr` is an absent text too, which would else be read as a pointer to characters.
 
 /// `brisel_colorFromRGBHexString:`, of six digits.
 Brisel::Platform::ColorPtr brisel_colorFromRGBHexString(std::optional<std::string_view> string);
+inline Brisel::Platform::ColorPtr brisel_colorFromRGBHexString(std::nullptr_t) { return nullptr; }
 /// `brisel_colorFromRGBAHexString:`, of eight digits, alpha last.
 Brisel::Platform::ColorPtr brisel_colorFromRGBAHexString(std::optional<std::string_view> string);
+inline Brisel::Platform::ColorPtr brisel_colorFromRGBAHexString(std::nullptr_t) { return nullptr; }
 /// `brisel_colorFromARGBHexString:`, of eight digits, alpha first.
 Brisel::Platform::ColorPtr brisel_colorFromARGBHexString(std::optional<std::string_view> string);
+inline Brisel::Platform::ColorPtr brisel_colorFromARGBHexString(std::nullptr_t) { return nullptr; }
 
 /// `brisel_equalToColor:withPrecision:`: whether no component differs by more than the precision.
 bool brisel_equalToColor(const Brisel::Platform::UIColor& color, const Brisel::Platform::UIColor& other,

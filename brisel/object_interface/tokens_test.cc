@@ -108,6 +108,9 @@ TEST(HexColors, ReadAnAbsentStringAsAnEmptyOne) {
   EXPECT_EQ(brisel_colorFromRGBHexString(std::nullopt), nullptr);
   EXPECT_EQ(brisel_colorFromRGBAHexString(std::nullopt), nullptr);
   EXPECT_EQ(brisel_colorFromARGBHexString(std::nullopt), nullptr);
+  EXPECT_EQ(brisel_colorFromRGBHexString(nullptr), nullptr);
+  EXPECT_EQ(brisel_colorFromRGBAHexString(nullptr), nullptr);
+  EXPECT_EQ(brisel_colorFromARGBHexString(nullptr), nullptr);
   EXPECT_EQ(brisel_colorFromRGBHexString(""), nullptr);
 }
 

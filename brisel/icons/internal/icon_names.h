@@ -13,6 +13,13 @@ inline constexpr std::string_view kIconNames[] = {
 #include "brisel/icons/icons.def"
 };
 
+/// Their constants by number, behind that of none.
+inline constexpr std::string_view kIconConstants[] = {
+    "VLMBriselIconNone",
+#define BRISEL_ICON(accessor, name, x16, x24, autoMirror) std::string_view("VLMBriselIcon" #name),
+#include "brisel/icons/icons.def"
+};
+
 inline constexpr std::size_t kLongestIconName =
     std::ranges::max_element(kIconNames, {}, [](std::string_view name) { return name.size(); })->size();
 

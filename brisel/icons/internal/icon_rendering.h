@@ -2,6 +2,7 @@
 
 #include "brisel/icons/icon.h"
 #include "brisel/icons/icon_configuration.h"
+#include "brisel/icons/internal/icon_configuration_view.h"
 #include "brisel/infrastructure/cache.h"
 #include "brisel/platform/canvas.h"
 #include "brisel/platform/geometry.h"

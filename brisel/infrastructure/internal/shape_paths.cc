@@ -22,12 +22,16 @@ UIBezierPath dotPath(CGPoint center, CGFloat diameter) {
       {{center.x - diameter * 0.5, center.y - diameter * 0.5}, {diameter, diameter}});
 }
 
-UIBezierPath starPath(CGPoint origin, CGFloat diameter, CGFloat innerDiameter, std::int64_t points) {
+std::int64_t starVertexCount(std::int64_t points) {
   constexpr std::int64_t kMost = std::int64_t{1} << 62;
   // The product is formed before its sign is looked at: deliberately, a number far below 0 is an error and not a star
   // without points.
   if (points >= kMost || points < -kMost) fatalError("Twice the number of a star's points leaves the range of 64 bits");
-  const std::int64_t vertices = 2 * points;
+  return 2 * points;
+}
+
+UIBezierPath starPath(CGPoint origin, CGFloat diameter, CGFloat innerDiameter, std::int64_t points) {
+  const std::int64_t vertices = starVertexCount(points);
   const CGFloat radius = diameter * 0.5;
   const CGPoint center{origin.x + radius, origin.y + radius};
   UIBezierPath path;

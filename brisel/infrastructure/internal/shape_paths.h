@@ -15,9 +15,13 @@ Platform::UIBezierPath circlePath(Platform::CGPoint origin, Platform::CGFloat di
 /// The circle of a diameter about a point.
 Platform::UIBezierPath dotPath(Platform::CGPoint center, Platform::CGFloat diameter);
 
+/// How many corners a star of so many points has: twice as many. Where that leaves 64 bits, below 0 too, it is a
+/// programming error.
+std::int64_t starVertexCount(std::int64_t points);
+
 /// A star in the square of side `diameter` at `origin`, one of its `points` on top, the notches on a circle of
-/// `innerDiameter`. A point without lines where `points` is not above 0. Where twice `points` leaves 64 bits, below 0
-/// too, that is a programming error. Takes memory in proportion to `points`.
+/// `innerDiameter`. A point without lines where `points` is not above 0; the same programming error as above. Takes
+/// time and memory in proportion to `points`.
 Platform::UIBezierPath starPath(Platform::CGPoint origin, Platform::CGFloat diameter, Platform::CGFloat innerDiameter,
                                 std::int64_t points);
 

@@ -108,21 +108,44 @@ TEST(BadgePath, UsesTheDesignAsItIsAtItsOwnSize) {
   EXPECT_EQ(curves, 8);
 }
 
-// A wrong digit anywhere would break this.
-TEST(BadgePath, LooksTheSameAfterAQuarterTurnAndInAMirror) {
-  const auto path = badgePath({24, 24});
-  std::vector<CGPoint> points;
+// A segment from where the one before it ends; of a line the controls are its own ends.
+struct Segment {
+  CGPoint start, control1, control2, end;
+};
+
+std::vector<Segment> segmentsOf(const UIBezierPath& path) {
+  std::vector<Segment> segments;
+  CGPoint start;
   for (const auto& e : path.elements()) {
-    if (e.kind != Kind::close) points.push_back(e.end);
-    if (e.kind == Kind::curve) points.insert(points.end(), {e.control1, e.control2});
+    if (e.kind == Kind::line) segments.push_back({start, start, e.end, e.end});
+    if (e.kind == Kind::curve) segments.push_back({start, e.control1, e.control2, e.end});
+    start = e.end;
   }
-  const auto has = [&points](CGPoint p) {
-    return std::any_of(points.begin(), points.end(),
-                       [&p](CGPoint q) { return std::hypot(p.x - q.x, p.y - q.y) < 1e-9; });
-  };
-  for (const CGPoint& p : points) {
-    EXPECT_TRUE(has({24 - p.y, p.x})) << p.x << ' ' << p.y;
-    EXPECT_TRUE(has({24 - p.x, p.y})) << p.x << ' ' << p.y;
+  return segments;
+}
+
+bool areNear(CGPoint a, CGPoint b) { return std::hypot(a.x - b.x, a.y - b.y) < 1e-9; }
+
+bool areNear(const Segment& a, const Segment& b) {
+  return areNear(a.start, b.start) && areNear(a.control1, b.control1) && areNear(a.control2, b.control2) &&
+         areNear(a.end, b.end);
+}
+
+// A wrong digit anywhere would break this, and so would two controls in the wrong order. 24 segments are six a quarter.
+TEST(BadgePath, LooksTheSameAfterAQuarterTurnAndInAMirror) {
+  const std::vector<Segment> segments = segmentsOf(badgePath({24, 24}));
+  ASSERT_EQ(segments.size(), 24U);
+  const auto turned = [](CGPoint p) { return CGPoint{p.y, 24 - p.x}; };
+  const auto mirrored = [](CGPoint p) { return CGPoint{24 - p.x, p.y}; };
+  for (std::size_t i = 0; i < segments.size(); ++i) {
+    const Segment& s = segments[i];
+    EXPECT_TRUE(
+        areNear(segments[(i + 6) % 24], {turned(s.start), turned(s.control1), turned(s.control2), turned(s.end)}))
+        << i;
+    // A mirror turns the outline's direction; its first segment is its own picture.
+    EXPECT_TRUE(areNear(segments[(24 - i) % 24],
+                        {mirrored(s.end), mirrored(s.control2), mirrored(s.control1), mirrored(s.start)}))
+        << i;
   }
 }
 

@@ -3,8 +3,8 @@
 #include <cstddef>
 
 #include "brisel/platform/color.h"
-#include "brisel/tokens/internal/swatch.h"
 #include "brisel/tokens/internal/color_slot.h"
+#include "brisel/tokens/internal/swatch.h"
 
 namespace Brisel::internal {
 
