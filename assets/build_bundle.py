@@ -1,12 +1,12 @@
 #!/usr/bin/env python3
 """Builds BriselFoundation.bundle: the 24 typefaces, the icon font and the licences of their sources.
 
-    python3 assets/build_bundle.py --sources assets/node_modules --out DIR
+    python3 assets/build_bundle.py --sources assets/node_modules --icons brisel/icons/icons.def --out DIR
 
 The design sheet below says what every family is made of; `typeface_assembly`
 cuts and joins the pieces, `letter_composition` draws the letters that the
-sources lack. `icon_font` follows a sheet of its own, icons.tsv. The same
-sources give the same bytes.
+sources lack. `icon_font` follows a sheet of its own, icons.tsv, and takes the
+code points from the catalogue of icons. The same sources give the same bytes.
 """
 
 from __future__ import annotations
@@ -153,13 +153,13 @@ def write_face(job: tuple[str, str, str, str]) -> str:
     return str(path)
 
 
-def write_icon_font(root: Path, folder: Path) -> str:
+def write_icon_font(root: Path, catalogue: Path, folder: Path) -> str:
     import icon_font
     from icon_drawing import DrawingError
 
     path = folder / f"{icon_font.NAME}.ttf"
     try:
-        path.write_bytes(icon_font.build_icon_font(root, source_date()))
+        path.write_bytes(icon_font.build_icon_font(root, catalogue, source_date()))
     except DrawingError as error:
         raise BuildError(str(error)) from error
     return str(path)
@@ -202,7 +202,7 @@ def replace_directory(new: Path, target: Path) -> None:
             shutil.rmtree(old)
 
 
-def build_bundle(root: Path, out: Path, jobs: int, check: bool) -> None:
+def build_bundle(root: Path, catalogue: Path, out: Path, jobs: int, check: bool) -> None:
     check_sources(root)
     out = out.absolute()
     if out.exists() and not is_bundle(out):
@@ -214,7 +214,7 @@ def build_bundle(root: Path, out: Path, jobs: int, check: bool) -> None:
         tasks = [(family.name, weight, str(root), str(work)) for family in FAMILIES for weight in WEIGHTS]
         with multiprocessing.Pool(jobs) as pool:
             faces = pool.map_async(write_face, tasks, chunksize=1)
-            paths = [write_icon_font(root, work), *faces.get()]
+            paths = [write_icon_font(root, catalogue, work), *faces.get()]
         write_licences(root, work / "licences")
         if check:
             sanitize(paths)
@@ -231,12 +231,13 @@ def is_bundle(path: Path) -> bool:
 def main() -> int:
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
     parser.add_argument("--sources", type=Path, required=True, help="the node_modules folder of the pinned packages")
+    parser.add_argument("--icons", type=Path, required=True, help="the catalogue of icons, brisel/icons/icons.def")
     parser.add_argument("--out", type=Path, required=True, help="the bundle directory; replaced as a whole")
     parser.add_argument("--jobs", type=int, default=min(4, os.cpu_count() or 1))
     parser.add_argument("--sanitize", action="store_true", help="have ots-sanitize check every face")
     arguments = parser.parse_args()
     try:
-        build_bundle(arguments.sources, arguments.out, max(1, arguments.jobs), arguments.sanitize)
+        build_bundle(arguments.sources, arguments.icons, arguments.out, max(1, arguments.jobs), arguments.sanitize)
     except (BuildError, OSError) as error:
         print(f"build_bundle: {error}", file=sys.stderr)
         return 1

@@ -1,8 +1,8 @@
-"""The icon font: every drawing of icons.tsv at its code point, filling and centred in its em."""
+"""The icon font: every drawing of icons.tsv at its code point in the catalogue, filling and centred in its em."""
 
 from __future__ import annotations
 
-import io
+import re
 from dataclasses import dataclass
 from pathlib import Path
 
@@ -10,24 +10,25 @@ from fontTools.fontBuilder import FontBuilder
 from fontTools.pens.cu2quPen import Cu2QuPen
 from fontTools.pens.ttGlyphPen import TTGlyphPen
 
+from font_file import dated_bytes
 from icon_drawing import ASCENT, EM, Drawing, DrawingError, Shelf
 
 NAME = "halvicon"
 VERSION = "1.000"
 COPYRIGHT = "Icons: Phosphor Icons, Copyright (c) 2023 Phosphor Icons, MIT License; further drawings by BriselFoundation"
 MAXIMUM_CURVE_ERROR = 0.5  # in units of the em
-MAC_EPOCH_OFFSET = 2082844800  # 1904 to 1970, in seconds
 
 HERE = Path(__file__).resolve().parent
 MAPPING = HERE / "icons.tsv"
 OWN_DRAWINGS = HERE / "drawings"
 SAME = "="                 # instead of a source: the drawing at 24 serves at 16 as well
 PACKAGE = Path("@phosphor-icons/core")
+CATALOGUE_ROW = re.compile(r"BRISEL_ICON\((\w+?)_?, *\w+, *0x([0-9A-F]+), *0x([0-9A-F]+), *(?:true|false)\)")
 
 
 @dataclass(frozen=True)
 class Icon:
-    """A line of the mapping."""
+    """A line of the mapping, with its code points in the catalogue."""
     accessor: str
     x16: int
     x24: int
@@ -36,17 +37,42 @@ class Icon:
     remark: str = ""
 
 
-def read_mapping(path: Path = MAPPING) -> list[Icon]:
-    icons = []
+def read_mapping(catalogue: Path) -> list[Icon]:
+    """The icons of brisel/icons/icons.def with their drawings, in the catalogue's order."""
+    drawings = _read_drawings(MAPPING)
+    icons = [Icon(accessor, *codes, *drawings.pop(accessor, ("", "")))
+             for accessor, codes in read_catalogue(catalogue).items()]
+    undrawn = [icon.accessor for icon in icons if not icon.source24]
+    if undrawn or drawings:
+        raise DrawingError(f"{MAPPING.name} lacks {undrawn} of {catalogue.name}, which lacks {list(drawings)}")
+    return icons
+
+
+def read_catalogue(path: Path) -> dict[str, tuple[int, int]]:
+    """The code points of the designs for 16 and for 24 points, by accessor."""
+    codes: dict[str, tuple[int, int]] = {}
+    for number, line in enumerate(path.read_text(encoding="utf-8").splitlines(), 1):
+        if not line.startswith("BRISEL_ICON("):
+            continue
+        row = CATALOGUE_ROW.fullmatch(line)
+        if row is None or row[1] in codes:
+            raise DrawingError(f"{path.name}:{number} is no row of an icon or repeats one")
+        codes[row[1]] = int(row[2], 16), int(row[3], 16)
+    return codes
+
+
+def _read_drawings(path: Path) -> dict[str, list[str]]:
+    """The sources at 24 and at 16, and the remark if there is one, by accessor."""
+    drawings: dict[str, list[str]] = {}
     _, *lines = path.read_text(encoding="utf-8").splitlines()
     for number, line in enumerate(lines, 2):
-        try:
-            accessor, x16, x24, source24, source16, *remark = line.split("\t")
-            icons.append(Icon(accessor, int(x16, 16), int(x24, 16), source24,
-                              source24 if source16 == SAME else source16, *remark))
-        except (TypeError, ValueError) as error:
-            raise DrawingError(f"{path.name}:{number} is not of five or six fields parted by tabs") from error
-    return icons
+        accessor, *fields = line.split("\t")
+        if len(fields) not in (2, 3) or accessor in drawings:
+            raise DrawingError(f"{path.name}:{number} is not of three or four fields parted by tabs, or repeats an icon")
+        if fields[1] == SAME:
+            fields[1] = fields[0]
+        drawings[accessor] = fields
+    return drawings
 
 
 def glyph_sources(icons: list[Icon]) -> dict[int, str]:
@@ -67,10 +93,10 @@ def licence(node_modules: Path) -> Path:
     return node_modules / PACKAGE / "LICENSE"
 
 
-def build_icon_font(node_modules: Path, seconds: int) -> bytes:
+def build_icon_font(node_modules: Path, catalogue: Path, seconds: int) -> bytes:
     """The finished font file, dated `seconds` after 1970."""
     drawings = shelf(node_modules)
-    sources = dict(sorted(glyph_sources(read_mapping()).items()))
+    sources = dict(sorted(glyph_sources(read_mapping(catalogue)).items()))
     glyphs = {".notdef": _glyph(Drawing()), "space": _glyph(Drawing())}
     cmap = {0x20: "space"}
     for code, source in sources.items():
@@ -102,9 +128,5 @@ def _font(glyphs: dict, cmap: dict[int, str], seconds: int) -> bytes:
     builder.setupPost(keepGlyphNames=False)
     font = builder.font
     font["head"].fontRevision = float(VERSION)
-    font["head"].created = font["head"].modified = seconds + MAC_EPOCH_OFFSET
-    font.recalcTimestamp = False
     font["OS/2"].recalcUnicodeRanges(font)
-    stream = io.BytesIO()
-    font.save(stream, reorderTables=True)
-    return stream.getvalue()
+    return dated_bytes(font, seconds)

@@ -3,7 +3,6 @@
 from __future__ import annotations
 
 import copy
-import io
 import logging
 from functools import lru_cache
 from pathlib import Path
@@ -14,12 +13,13 @@ from fontTools.ttLib.scaleUpem import scale_upem
 from fontTools.ttLib.tables import otTables
 from fontTools.varLib import instancer
 
+from font_file import as_file, dated_bytes
+
 logging.getLogger("fontTools").setLevel(logging.ERROR)
 
 DROPPED_TABLES = ("STAT", "MVAR", "HVAR", "VVAR", "avar", "cvar", "gvar", "fvar",  # one instance is left
                   "prep", "fpgm", "cvt ", "gasp", "hdmx", "LTSH", "VDMX",          # unhinted
                   "DSIG", "meta")
-MAC_EPOCH_OFFSET = 2082844800  # 1904 to 1970, in seconds
 WIN_UNICODE_ENGLISH = (3, 1, 0x409)
 OFL_DESCRIPTION = ("This Font Software is licensed under the SIL Open Font License, Version 1.1. "
                    "This license is available with a FAQ at: https://scripts.sil.org/OFL")
@@ -66,8 +66,8 @@ def assemble(paths: list[Path], place: dict[str, int], keeps: str | None) -> TTF
         return pieces[0]
     for tag in ("GSUB", "GPOS"):
         _share_language_systems([piece[tag].table for piece in pieces if tag in piece])
-    merged = merge.Merger().merge([_as_file(piece) for piece in pieces])
-    return TTFont(_as_file(merged), recalcTimestamp=False)
+    merged = merge.Merger().merge([as_file(piece) for piece in pieces])
+    return TTFont(as_file(merged), recalcTimestamp=False)
 
 
 def _cut(path: Path, place: dict[str, int], points: set[int], is_leading: bool) -> TTFont:
@@ -202,17 +202,8 @@ def set_identity(font: TTFont, family: str, style: str, weight: int, width_class
 
 
 def to_bytes(font: TTFont, seconds: int) -> bytes:
-    font.recalcTimestamp = False
-    font["head"].created = font["head"].modified = seconds + MAC_EPOCH_OFFSET
     os2 = font["OS/2"]
     os2.recalcUnicodeRanges(font)
     os2.recalcAvgCharWidth(font)
     os2.updateFirstAndLastCharIndex(font)
-    return _as_file(font).getvalue()
-
-
-def _as_file(font: TTFont) -> io.BytesIO:
-    stream = io.BytesIO()
-    font.save(stream, reorderTables=True)
-    stream.seek(0)
-    return stream
+    return dated_bytes(font, seconds)

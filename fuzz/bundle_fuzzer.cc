@@ -14,14 +14,13 @@
 
 #include "brisel/platform/bundle.h"
 
+#include "fuzz/input.h"
+
 namespace {
 
 namespace fs = std::filesystem;
+using Brisel::Fuzz::require;
 using Brisel::Platform::NSBundle;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 // Fresh for each input, within a directory of this process.
 class Directory {

@@ -1,19 +1,17 @@
 // The cache against the plain model: each pair of bytes is an operation and its key.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 
 #include "brisel/infrastructure/cache.h"
 
+#include "fuzz/input.h"
 #include "tests/cache_model.h"
 #include "tests/manual_pressure.h"
 
 namespace {
 
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using Brisel::Fuzz::require;
 
 // Few values, so that keys collide in the table.
 struct CoarseHash {

@@ -2,7 +2,6 @@
 // refused leaves nothing behind.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -11,6 +10,8 @@
 
 #include "brisel/platform/port.h"
 #include "brisel/platform/text_layout.h"
+
+#include "fuzz/input.h"
 
 using namespace Brisel::Platform;
 
@@ -24,7 +25,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   engine->setUsesHostFonts(false);
   const auto result = engine->registerFontFile(file);
   const auto typeface = engine->typeface({"Any-Book", {}, {{6, 0}}});
-  if (result != Engine::Registration::registered && !typeface->name().empty()) std::abort();
+  Brisel::Fuzz::require(result == Engine::Registration::registered || typeface->name().empty());
 
   const std::u16string text = u"Af1 \u05D0\u0628\u0915\u094D\u0937 \u1EA5";
   const TypefaceSpan span{static_cast<std::uint32_t>(text.size()), typeface, 24, true};

@@ -1,7 +1,6 @@
 // Any bytes as a colour: what comes out must be what an obvious, slow reading of the rules gives.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,13 +8,12 @@
 #include "brisel/platform/internal/utf.h"
 #include "brisel/tokens/color_parsing.h"
 
+#include "fuzz/input.h"
+
 namespace {
 
+using Brisel::Fuzz::require;
 using Brisel::Platform::UIColor;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
 
 int digit(char16_t c) {
   if (c >= u'0' && c <= u'9') return c - u'0';

@@ -1,7 +1,6 @@
 // Any bytes as the name or the constant of an icon: the quick look-ups against the plain searches.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -10,15 +9,13 @@
 #include "brisel/icons/icon_error.h"
 #include "brisel/platform/log.h"
 
+#include "fuzz/input.h"
 #include "tests/icon_model.h"
 
 namespace {
 
 using Brisel::Icon;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using Brisel::Fuzz::require;
 
 bool is(const Icon* expected, std::string_view name) {
   try {

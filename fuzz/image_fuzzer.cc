@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <utility>
 #include <vector>
@@ -12,38 +11,16 @@
 #include "brisel/infrastructure/image_comparison.h"
 #include "brisel/infrastructure/image_enlarging.h"
 
+#include "fuzz/input.h"
 #include "tests/written_image_scaling.h"
 #include "tests/written_image_tools.h"
 
 using namespace Brisel::Platform;
 using Brisel::Pixel;
+using Brisel::Fuzz::require;
+using Brisel::Fuzz::Source;
 
 namespace {
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
-
-// Takes numbers from the front of the input; zeros where it has ended.
-class Source {
- public:
-  Source(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
-
-  template <class T>
-  T take() {
-    T value{};
-    if (size_ >= sizeof value) {
-      std::memcpy(&value, data_, sizeof value);
-      data_ += sizeof value;
-      size_ -= sizeof value;
-    }
-    return value;
-  }
-
- private:
-  const std::uint8_t* data_;
-  std::size_t size_;
-};
 
 ImagePtr takeImage(Source& source) {
   constexpr CGFloat kScales[] = {1, 2, 3, 2.625};

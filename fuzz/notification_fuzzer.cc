@@ -4,7 +4,6 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -14,15 +13,14 @@
 #include "brisel/platform/content_size_category.h"
 #include "brisel/platform/notification_center.h"
 
+#include "fuzz/input.h"
+
 namespace {
 
 using namespace Brisel::Platform;
+using Brisel::Fuzz::require;
 
 constexpr std::string_view kNames[] = {UIContentSizeCategoryDidChangeNotification, "other", ""};
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 class Sender final : public NSObject {};
 

@@ -3,36 +3,21 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <memory>
 
 #include "brisel/platform/port.h"
 
+#include "fuzz/input.h"
+
 using namespace Brisel::Platform;
+using Brisel::Fuzz::require;
 
 namespace {
 
-void require(bool holds) {
-  if (!holds) std::abort();
-}
-
-// Takes numbers from the front of the input; zeros where it has ended.
-class Source {
+class DrawingSource final : public Brisel::Fuzz::Source {
  public:
-  Source(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
+  using Source::Source;
 
-  bool isEmpty() const { return size_ == 0; }
-  template <class T>
-  T take() {
-    T value{};
-    const std::size_t length = std::min(size_, sizeof value);
-    std::memcpy(&value, data_, length);
-    data_ += length;
-    size_ -= length;
-    return value;
-  }
-  int below(int end) { return take<std::uint8_t>() % end; }
   // Mostly a plain number near the canvas, else any bits at all.
   CGFloat number() { return below(4) > 0 ? take<std::int16_t>() / 1024.0 : take<double>(); }
   CGPoint point() {
@@ -91,13 +76,10 @@ class Source {
         return path.closePath();
     }
   }
-
-  const std::uint8_t* data_;
-  std::size_t size_;
 };
 
 // `saves` counts those that have not been restored.
-void drawOnce(Canvas& canvas, Source& source, int& saves) {
+void drawOnce(Canvas& canvas, DrawingSource& source, int& saves) {
   switch (source.below(11)) {
     case 0:
       ++saves;
@@ -139,7 +121,7 @@ void drawOnce(Canvas& canvas, Source& source, int& saves) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  Source source(data, size);
+  DrawingSource source(data, size);
   const bool isOpaque = source.below(2) == 1;
   const auto canvas = engine().makeCanvas({12, 10}, 1 + source.below(3) / 2.0, isOpaque);
   constexpr int kMostSteps = 64;

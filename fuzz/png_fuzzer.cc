@@ -2,19 +2,17 @@
 // that says why there is none.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <span>
 #include <string>
 
 #include "brisel/platform/image.h"
 
+#include "fuzz/input.h"
+
 using namespace Brisel::Platform;
+using Brisel::Fuzz::require;
 
 namespace {
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 // The number of pixels that the header claims. Large pictures take memory and time and say nothing new.
 std::uint64_t claimedPixels(std::span<const std::uint8_t> file) {

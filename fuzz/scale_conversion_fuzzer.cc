@@ -3,12 +3,13 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string_view>
 
 #include "brisel/typography/content_size_category.h"
 #include "brisel/typography/type_style.h"
+
+#include "fuzz/input.h"
 
 namespace {
 
@@ -16,10 +17,7 @@ using Brisel::ContentSizeCategory;
 using Brisel::nearestContentSizeCategory;
 using Brisel::Platform::UIContentSizeCategory;
 using Range = Brisel::TypeStyle::AccessibilityRange;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using Brisel::Fuzz::require;
 
 bool same(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
 

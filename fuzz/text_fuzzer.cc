@@ -3,8 +3,6 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -15,40 +13,19 @@
 #include "brisel/platform/port.h"
 #include "brisel/platform/views/text_drawing.h"
 
+#include "fuzz/input.h"
+
 using namespace Brisel::Platform;
+using Brisel::Fuzz::require;
+using Brisel::Fuzz::Source;
 
 namespace {
 
-void require(bool holds) {
-  if (!holds) std::abort();
+// Half the time a plain number, else any bits at all.
+CGFloat takeNumber(Source& source) {
+  const auto kind = source.take<std::uint8_t>();
+  return kind % 2 == 0 ? source.take<std::int8_t>() / 2.0 : source.take<double>();
 }
-
-// Takes numbers from the front of the input; zeros where it has ended.
-class Source {
- public:
-  Source(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
-
-  template <class T>
-  T take() {
-    T value{};
-    if (size_ >= sizeof value) {
-      std::memcpy(&value, data_, sizeof value);
-      data_ += sizeof value;
-      size_ -= sizeof value;
-    }
-    return value;
-  }
-  // Half the time a plain number, else any bits at all.
-  CGFloat takeNumber() {
-    const auto kind = take<std::uint8_t>();
-    return kind % 2 == 0 ? take<std::int8_t>() / 2.0 : take<double>();
-  }
-  std::string_view rest() const { return {reinterpret_cast<const char*>(data_), size_}; }
-
- private:
-  const std::uint8_t* data_;
-  std::size_t size_;
-};
 
 void registerFonts() {
   engine().setUsesHostFonts(false);
@@ -73,7 +50,7 @@ std::shared_ptr<const UIFont> takeFont(Source& source) {
   const auto descriptor =
       UIFontDescriptor::fontDescriptorWithName(kNames[kind % 4], 12)
           ->fontDescriptorByAddingAttributes(Dictionary{{Value(UIFontDescriptorCascadeListAttribute), Value(cascade)}});
-  return UIFont::fontWithDescriptor(descriptor, source.takeNumber());
+  return UIFont::fontWithDescriptor(descriptor, takeNumber(source));
 }
 
 std::shared_ptr<const NSParagraphStyle> takeParagraphStyle(Source& source) {
@@ -81,9 +58,9 @@ std::shared_ptr<const NSParagraphStyle> takeParagraphStyle(Source& source) {
   style->setAlignment(static_cast<NSTextAlignment>(source.take<std::uint8_t>() % 5));
   style->setLineBreakMode(static_cast<NSLineBreakMode>(source.take<std::uint8_t>() % 6));
   style->setBaseWritingDirection(static_cast<WritingDirection>(source.take<std::uint8_t>() % 3));
-  style->setLineSpacing(source.takeNumber());
-  style->setLineHeightMultiple(source.takeNumber());
-  style->setMaximumLineHeight(source.takeNumber());
+  style->setLineSpacing(takeNumber(source));
+  style->setLineHeightMultiple(takeNumber(source));
+  style->setMaximumLineHeight(takeNumber(source));
   return style;
 }
 
@@ -93,12 +70,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const bool isReady = (registerFonts(), true);
   (void)isReady;
   Source source(data, size);
-  const CGFloat width = source.takeNumber();
+  const CGFloat width = takeNumber(source);
   const Dictionary first{{Value(NSFontAttributeName), object(takeFont(source))},
                          {Value(NSParagraphStyleAttributeName), object(takeParagraphStyle(source))},
-                         {Value(NSKernAttributeName), Value(source.takeNumber())}};
+                         {Value(NSKernAttributeName), Value(takeNumber(source))}};
   const Dictionary second{{Value(NSFontAttributeName), object(takeFont(source))},
-                          {Value(NSBaselineOffsetAttributeName), Value(source.takeNumber())}};
+                          {Value(NSBaselineOffsetAttributeName), Value(takeNumber(source))}};
   const auto cut = source.take<std::uint8_t>();
   const auto text = NSMutableAttributedString::initWithString(source.rest(), first);
   const std::size_t location = cut % (text->length() + 1);

@@ -3,12 +3,14 @@
 
 Two renderers that share no code see two files made apart, so that a fault in reading a drawing, in the font's outlines or
 in placing the glyph shows in one of them only. Drawings of our own are all compared, of the rest of the mapping's
-drawings that are taken as they are every fourth.
+drawings that are taken as they are every sixth.
 
 Usage: icon_shapes.py <the program> <node_modules folder of assets>
 """
 
+import collections
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -23,9 +25,9 @@ del sys.argv[1:3]
 ASSETS = pathlib.Path(__file__).resolve().parent.parent / "assets"
 PHOSPHOR = SOURCES / "@phosphor-icons" / "core" / "assets"
 
-SIZES_16 = (16,)
-SIZES_24 = (24, 67)
-STRIDE = 4
+SIZE_16 = 16
+SIZES_24 = (24, 67)  # in turn: on the pixels it is designed for, and between them
+STRIDE = 6
 
 # Of 255: a hundredth on average, a quarter at the worst pixel. The renderers round coverage differently, and the font's
 # curves are up to half a unit of the em off.
@@ -44,14 +46,22 @@ def drawing_file(source):
 
 
 def sample():
-    """(accessor, file, size) of every comparison."""
+    """(accessor, design, file, size) of every comparison."""
     rows = [line.split("\t") for line in (ASSETS / "icons.tsv").read_text(encoding="utf-8").splitlines()[1:]]
-    for number, (accessor, _, _, source24, source16, *_) in enumerate(rows):
-        for source, sizes in ((source24, SIZES_24), (source24 if source16 == "=" else source16, SIZES_16)):
+    for number, (accessor, source24, source16, *_) in enumerate(rows):
+        for design, source, size in (("x24", source24, SIZES_24[number // STRIDE % 2]),
+                                     ("x16", source24 if source16 == "=" else source16, SIZE_16)):
             file = drawing_file(source)
             if file and (number % STRIDE == 0 or source.startswith("own/")):
-                for size in sizes:
-                    yield accessor, file, size
+                yield accessor, design, file, size
+
+
+def sheet(files, size):
+    """Drawings one below the other, as an SVG: librsvg is started once for all of a size."""
+    drawings = (re.sub(r"<svg\b", f'<svg y="{number * size}" width="{size}" height="{size}"',
+                       file.read_text(encoding="utf-8"), count=1) for number, file in enumerate(files))
+    return (f'<svg xmlns="http://www.w3.org/2000/svg" width="{size}" height="{size * len(files)}">'
+            f'{"".join(drawings)}</svg>')
 
 
 def alpha_of_png(path):
@@ -85,32 +95,42 @@ class Shapes(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.ours, self.theirs = (pathlib.Path(folder.name) / name for name in ("ours.png", "theirs.png"))
 
-    def differences(self, accessor, file, size):
-        """Of all pixels, in steps of 255."""
-        subprocess.run([PROGRAM, "icon", accessor, "--size", str(size), "--scale", "1", "--color", "#ffffff",
-                        "-o", self.ours], check=True, timeout=60)
-        subprocess.run(["rsvg-convert", "--width", str(size), "--height", str(size), "--output", self.theirs, file],
-                       check=True, timeout=60)
-        (width, ours), (their_width, theirs) = alpha_of_png(self.ours), alpha_of_png(self.theirs)
-        self.assertEqual((width, len(ours)), (size, size * size), f"{accessor} at {size}")
-        self.assertEqual((their_width, len(theirs)), (size, size * size), file)
-        return [abs(a - b) for a, b in zip(ours, theirs)]
+    def differences(self, comparisons):
+        """Of all pixels, in steps of 255, beside the comparison."""
+        of_size = collections.defaultdict(list)
+        for comparison in comparisons:
+            of_size[comparison[3]].append(comparison)
+        for size, group in of_size.items():
+            subprocess.run(["rsvg-convert", "--output", self.theirs],
+                           input=sheet([file for _, _, file, _ in group], size).encode(), check=True, timeout=60)
+            width, drawings = alpha_of_png(self.theirs)
+            self.assertEqual((width, len(drawings)), (size, size * size * len(group)))
+            for number, comparison in enumerate(group):
+                accessor, design, _, _ = comparison
+                subprocess.run([PROGRAM, "icon", accessor, "--size", str(size), "--scale", "1", "--color", "#ffffff",
+                                "--design", design, "-o", self.ours], check=True, timeout=60)
+                width, icon = alpha_of_png(self.ours)
+                self.assertEqual((width, len(icon)), (size, size * size), comparison)
+                drawing = drawings[number * size * size:(number + 1) * size * size]
+                yield comparison, [abs(a - b) for a, b in zip(icon, drawing)]
 
     def test_icons_look_like_their_drawings(self):
-        icons = set()
-        for accessor, file, size in sample():
+        icons, drawn = set(), set()
+        for (accessor, design, file, size), off in self.differences(sample()):
             icons.add(accessor)
-            with self.subTest(icon=accessor, size=size):
-                off = self.differences(accessor, file, size)
+            drawn.add(file)
+            with self.subTest(icon=accessor, design=design, size=size):
                 self.assertLessEqual(sum(off) / len(off), MEAN_TOLERANCE)
                 self.assertLessEqual(max(off), WORST_TOLERANCE)
         self.assertGreaterEqual(len(icons), 60)
+        self.assertGreaterEqual(len(drawn & set((ASSETS / "drawings").iterdir())), 40)
 
     def test_another_drawing_is_not_taken_for_the_icon(self):
-        for accessor, drawing, size in (("heart", "regular/star", 24), ("heart", "bold/heart", 24),
-                                        ("chevronLeft", "regular/caret-right", 24), ("minus", "regular/minus", 16)):
-            off = self.differences(accessor, drawing_file(drawing), size)
-            self.assertGreater(max(off), WORST_TOLERANCE, f"{accessor} beside {drawing}")
+        others = [(accessor, design, drawing_file(drawing), size) for accessor, design, drawing, size in (
+            ("heart", "x24", "regular/star", 24), ("heart", "x24", "bold/heart", 24), ("heart", "x16", "regular/heart", 16),
+            ("chevronLeft", "x24", "regular/caret-right", 24), ("minus", "x16", "regular/minus", 16))]
+        for comparison, off in self.differences(others):
+            self.assertGreater(max(off), WORST_TOLERANCE, comparison)
 
 
 if __name__ == "__main__":

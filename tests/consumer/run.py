@@ -2,7 +2,7 @@
 
 usage: run.py <source folder> <build folder> <compiler> [--flags=<compiler flags>]
 
-Installs the build, moves it to another prefix, and then: builds the README's example by find_package, runs it from
+Installs the build, moves it to another prefix, and then: builds the README's first example by find_package, runs it from
 another folder, and runs it again with the bundle deployed beside the program and the installed one gone; builds the
 same by pkg-config; configures a project that takes the source tree in by add_subdirectory.
 """
@@ -53,9 +53,10 @@ def build_by_pkg_config(source, prefix, scratch, compiler, flags):
 
 
 def check(source, build, compiler, flags):
-    example = (source / "examples/hello/main.cc").read_text()
-    if example not in (source / "README.md").read_text():
-        sys.exit("README.md does not show examples/hello/main.cc as it is")
+    readme = (source / "README.md").read_text()
+    for example in sorted(source.glob("examples/*/main.cc")):
+        if example.read_text() not in readme:
+            sys.exit(f"README.md does not show {example.relative_to(source)} as it is")
     with tempfile.TemporaryDirectory() as folder:
         scratch = Path(folder)
         prefix = installed_and_moved(build, scratch)
