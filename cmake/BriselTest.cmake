@@ -22,6 +22,10 @@ function(brisel_tests suite)
   endif()
   add_executable(${target} ${ARG_SOURCES})
   brisel_target_options(${target})
+  if(BRISEL_SANITIZE)
+    # Instrumented tests compile in half the time without optimisation. The library under them keeps its own level.
+    target_compile_options(${target} PRIVATE -O0)
+  endif()
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
   target_compile_definitions(${target} PRIVATE BRISEL_TEST_BUNDLE="${BRISEL_BUNDLE_DIR}"
                                                     BRISEL_TEST_SOURCES="${PROJECT_SOURCE_DIR}")

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "brisel/platform/port.h"
 #include "brisel/platform/recording/engine.h"
@@ -18,6 +20,13 @@ inline Platform::RecordingEngine& recordingEngine() {
     return engine;
   }();
   return *installed;
+}
+
+/// The names of the font files that the engine was asked to register, in order.
+inline std::vector<std::string> registeredFontFiles() {
+  std::vector<std::string> names;
+  for (const auto& file : recordingEngine().record().registeredFiles) names.push_back(file.filename());
+  return names;
 }
 
 }  // namespace Brisel

@@ -30,12 +30,6 @@ class IconFont : public testing::Test {
  protected:
   void SetUp() override { recordingEngine(); }
 
-  static std::vector<std::string> registered() {
-    std::vector<std::string> names;
-    for (const auto& file : recordingEngine().record().registeredFiles) names.push_back(file.filename());
-    return names;
-  }
-
   TemporaryDirectory directory_;
 };
 
@@ -71,21 +65,21 @@ TEST_F(IconFontDeathTest, MustBeInTheResourceBundleWhenItIsFirstAskedFor) {
 
 TEST_F(IconFont, IsRegisteredOnceWithTheFirstCall) {
   if (!runsWithOwnBundle({"A.otf", "halvicon.ttf"})) return;
-  EXPECT_THAT(registered(), IsEmpty());
+  EXPECT_THAT(registeredFontFiles(), IsEmpty());
   const auto font = iconFont(24);
   EXPECT_THAT(recordingEngine().record().registeredFiles, ElementsAre(resourceBundle()->bundlePath() / "halvicon.ttf"));
   EXPECT_EQ(font->fontName(), "halvicon");
   EXPECT_EQ(font->pointSize(), 24.0);
   EXPECT_EQ(iconFont(16.5)->pointSize(), 16.5);
-  EXPECT_THAT(registered(), ElementsAre("halvicon.ttf"));
+  EXPECT_THAT(registeredFontFiles(), ElementsAre("halvicon.ttf"));
 }
 
 TEST_F(IconFont, AndTheTextFontsAreRegisteredApart) {
   if (!runsWithOwnBundle({"A.otf", "halvicon.ttf"})) return;
   Font::font(Font::tondal, {}, Font::Weight::book, 16, {});
-  EXPECT_THAT(registered(), ElementsAre("A.otf"));
+  EXPECT_THAT(registeredFontFiles(), ElementsAre("A.otf"));
   iconFont(16);
-  EXPECT_THAT(registered(), ElementsAre("A.otf", "halvicon.ttf"));
+  EXPECT_THAT(registeredFontFiles(), ElementsAre("A.otf", "halvicon.ttf"));
 }
 
 TEST_F(IconFont, IsRegisteredOnceByManyThreads) {
@@ -93,7 +87,7 @@ TEST_F(IconFont, IsRegisteredOnceByManyThreads) {
   std::vector<std::thread> threads;
   for (int i = 0; i < 8; ++i) threads.emplace_back([i] { EXPECT_EQ(iconFont(i)->pointSize(), i); });
   for (auto& thread : threads) thread.join();
-  EXPECT_THAT(registered(), ElementsAre("halvicon.ttf"));
+  EXPECT_THAT(registeredFontFiles(), ElementsAre("halvicon.ttf"));
 }
 
 TEST_F(IconFont, IsNewEachTimeAndPlain) {

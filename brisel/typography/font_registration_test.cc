@@ -29,12 +29,6 @@ class FontRegistration : public testing::Test {
  protected:
   void SetUp() override { recordingEngine(); }
 
-  static std::vector<std::string> registered() {
-    std::vector<std::string> names;
-    for (const auto& file : recordingEngine().record().registeredFiles) names.push_back(file.filename());
-    return names;
-  }
-
   TemporaryDirectory directory_;
 };
 
@@ -42,14 +36,14 @@ TEST_F(FontRegistration, TakesTheFontFilesOfTheBundleInItsOrder) {
   for (const char* name : {"B.otf", "A.otf", "c.otf", "halvicon.ttf", "A.otf.txt", "inner/D.otf"})
     directory_.write(name);
   internal::registerFontFiles(*NSBundle::bundleWithPath(directory_.path()));
-  EXPECT_THAT(registered(), ElementsAre("A.otf", "B.otf", "c.otf"));
+  EXPECT_THAT(registeredFontFiles(), ElementsAre("A.otf", "B.otf", "c.otf"));
 }
 
 TEST_F(FontRegistration, GoesOnAfterAFileThatIsRefused) {
   for (const char* name : {"A.otf", "B.otf"}) directory_.write(name);
   recordingEngine().setRegistrationResult(Engine::Registration::invalidFontData);
   EXPECT_EQ(internal::registerFontFiles(*NSBundle::bundleWithPath(directory_.path())), 2U);
-  EXPECT_THAT(registered(), ElementsAre("A.otf", "B.otf"));
+  EXPECT_THAT(registeredFontFiles(), ElementsAre("A.otf", "B.otf"));
 }
 
 TEST_F(FontRegistration, NamesTheTextFamilyAsTheSubstituteForMissingFonts) {
@@ -59,7 +53,7 @@ TEST_F(FontRegistration, NamesTheTextFamilyAsTheSubstituteForMissingFonts) {
 
 TEST_F(FontRegistration, FindsNothingInABundleWithoutFonts) {
   EXPECT_EQ(internal::registerFontFiles(*NSBundle::bundleWithPath(directory_.path())), 0U);
-  EXPECT_THAT(registered(), IsEmpty());
+  EXPECT_THAT(registeredFontFiles(), IsEmpty());
 }
 
 using FontRegistrationDeathTest = FontRegistration;
@@ -71,7 +65,7 @@ TEST_F(FontRegistrationDeathTest, StopsAtABundleThatCannotBeListed) {
 }
 
 TEST_F(FontRegistration, HappensOnceWithTheFirstFont) {
-  EXPECT_THAT(registered(), IsEmpty());
+  EXPECT_THAT(registeredFontFiles(), IsEmpty());
   Font::font(Font::tondal, {}, Font::Weight::book, 16, {});
   const auto files = resourceBundle()->URLsForResourcesWithExtension("otf");
   ASSERT_TRUE(files);
