@@ -1,14 +1,12 @@
 #include "brisel/icons/icon_image.h"
 
 #include <cmath>
-#include <iterator>
 #include <limits>
 #include <new>
 #include <string>
 
 #include "brisel/icons/icon_font.h"
 #include "brisel/icons/internal/icon_lookup.h"
-#include "brisel/icons/internal/icon_names.h"
 #include "brisel/icons/internal/icon_rendering.h"
 #include "brisel/platform/fatal_error.h"
 #include "brisel/platform/internal/utf.h"
@@ -17,8 +15,6 @@
 #include "brisel/tokens/internal/lazy_table.h"
 
 namespace Brisel {
-
-static_assert(internal::kIconImageCacheCapacity == 2 * std::ssize(internal::kIconNames));
 
 namespace {
 

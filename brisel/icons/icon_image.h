@@ -21,9 +21,9 @@ std::shared_ptr<const Platform::NSAttributedString> attributedString(
 /// The icon as an image of `imageSize` points: `backgroundColor`, and on it the icon in `color`, in a box of `iconSize`
 /// in the middle that is moved by `offset`. It is drawn at the main screen's scale.
 ///
-/// Images are kept in a cache for the whole process, of 656 images and 10 MiB, so that equal requests mostly get the
-/// same object; one that would fill that budget alone is not kept. The scale is no part of a request: deliberately, an
-/// image that is kept stays at the scale that it was drawn at when the screen's changes.
+/// Images are kept in a cache for the whole process, of two images an icon and 10 MiB, so that equal requests mostly
+/// get the same object; one that would fill that budget alone is not kept. The scale is no part of a request:
+/// deliberately, an image that is kept stays at the scale that it was drawn at when the screen's changes.
 ///
 /// Sizes are cut down to whole pixels. Where one is then not above 0 and finite, the image is empty; so it is where it
 /// would be too large to draw. The glyph is set at the height of its box, cut to a tenth of a point; without a glyph

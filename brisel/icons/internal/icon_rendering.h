@@ -1,8 +1,12 @@
 #pragma once
 
+#include <cstdint>
+#include <iterator>
+
 #include "brisel/icons/icon.h"
 #include "brisel/icons/icon_configuration.h"
 #include "brisel/icons/internal/icon_configuration_view.h"
+#include "brisel/icons/internal/icon_names.h"
 #include "brisel/infrastructure/cache.h"
 #include "brisel/platform/canvas.h"
 #include "brisel/platform/geometry.h"
@@ -11,7 +15,7 @@
 namespace Brisel::internal {
 
 /// Two designs of each icon of the catalogue.
-inline constexpr std::int64_t kIconImageCacheCapacity = 656;
+inline constexpr std::int64_t kIconImageCacheCapacity = 2 * std::ssize(kIconNames);
 inline constexpr std::int64_t kIconImageCacheMemoryLimit = 10'485'760;  // bytes of bitmaps
 
 using IconImageCache = Cache<IconConfiguration, Platform::ImagePtr, IconConfigurationHash, IconConfigurationEqual>;
