@@ -17,6 +17,11 @@ constexpr ColorSetEntry kColorSets[] = {
 };
 #undef BRISEL_COLOR_SET
 
+constexpr CampaignEntry kCampaignColorSets[] = {
+#define BRISEL_CAMPAIGN(name, ...) {#name, Theme::ColorSet::Campaign::name},
+#include "brisel/themes/campaign.def"
+};
+
 // The path of a slot as it is spoken of: its accessor without the parentheses.
 struct Path {
   constexpr explicit Path(std::string_view accessor) {
@@ -49,6 +54,7 @@ constexpr auto kSlots = [] {
 }  // namespace
 
 std::span<const ColorSetEntry> colorSets() noexcept { return kColorSets; }
+std::span<const CampaignEntry> campaignColorSets() noexcept { return kCampaignColorSets; }
 std::span<const SlotEntry> slots() noexcept { return kSlots; }
 
 }  // namespace Brisel::Catalogue

@@ -1,4 +1,5 @@
-// A theme's colour sets and a colour set's slots, by name: what style guides, exports and tests walk through.
+// A theme's colour sets, the campaign colour sets and a colour set's slots, by name: what style guides, exports and
+// tests walk through.
 #pragma once
 
 #include <span>
@@ -14,6 +15,11 @@ struct ColorSetEntry {
   const Theme::ColorSet& (Theme::*get)() const noexcept;
 };
 
+struct CampaignEntry {
+  std::string_view name;  ///< such as "tierAurel"
+  const Theme::ColorSet& (*get)() noexcept;
+};
+
 struct SlotEntry {
   std::string_view path;  ///< such as "background.elevated.press"
   const Platform::ColorPtr& (*get)(const Theme::ColorSet& set) noexcept;
@@ -21,6 +27,9 @@ struct SlotEntry {
 
 /// The ten colour sets of a theme, in field order.
 std::span<const ColorSetEntry> colorSets() noexcept;
+
+/// The fifteen campaign colour sets, in published order.
+std::span<const CampaignEntry> campaignColorSets() noexcept;
 
 /// The 28 slots of a colour set, in slot order.
 std::span<const SlotEntry> slots() noexcept;

@@ -151,6 +151,16 @@ class Theme {
       hasher(v.background_, v.text_, v.essential_, v.decorative_);
     }
 
+    /// Colour sets that stand alone, for surfaces that take on the look of a campaign or of a plan: a view takes one in
+    /// place of a theme's. Each is built on first use, from any thread, and never destroyed.
+    class Campaign {
+     public:
+      Campaign() = delete;
+
+#define BRISEL_CAMPAIGN(name, ...) static const ColorSet& name() noexcept;
+#include "brisel/themes/campaign.def"
+    };
+
    private:
     friend class internal::SlotReader;
     explicit ColorSet(internal::SlotReader& slots);
