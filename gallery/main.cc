@@ -14,6 +14,7 @@
 #include "gallery/scale_command.h"
 #include "gallery/site.h"
 #include "gallery/text_command.h"
+#include "gallery/tokens_command.h"
 
 namespace {
 
@@ -35,6 +36,7 @@ int run(const TextCommand& command) { return drawText(command), done; }
 int run(const IconCommand& command) { return drawIcon(command), done; }
 int run(const IconsCommand& command) { return print(iconList(command)), done; }
 int run(const ScaleCommand& command) { return scalePicture(command), done; }
+int run(const TokensCommand& command) { return print(exportTokens(command)), done; }
 
 int run(const CompareCommand& command) {
   try {
