@@ -18,7 +18,7 @@ Json tokenObject(const Token& token) {
   if (!token.objectInterface.empty()) own["objectInterface"] = token.objectInterface;
   own.update(token.facts);
   Json object{{"$type", tokenType(token.value)}, {"$value", tokenValue(token.value)}};
-  if (token.deprecated) object["$deprecated"] = token.deprecated->empty() ? Json(true) : Json(*token.deprecated);
+  if (token.deprecated) object["$deprecated"] = deprecation(token);
   object["$extensions"][std::string(kExportMark)] = std::move(own);
   return object;
 }

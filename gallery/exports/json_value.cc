@@ -44,4 +44,9 @@ std::string_view tokenType(const TokenValue& value) { return std::visit(TypeName
 
 Json tokenValue(const TokenValue& value) { return std::visit(Value(), value); }
 
+Json deprecation(const Token& token) {
+  if (!token.deprecated) return false;
+  return token.deprecated->empty() ? Json(true) : Json(*token.deprecated);
+}
+
 }  // namespace Brisel::Gallery

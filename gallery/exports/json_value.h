@@ -1,4 +1,4 @@
-// The values of tokens as JSON, in the terms of the Design Tokens format.
+// What tokens say, as JSON, in the terms of the Design Tokens format.
 #pragma once
 
 #include <string_view>
@@ -11,5 +11,8 @@ namespace Brisel::Gallery {
 std::string_view tokenType(const TokenValue& value);
 
 Json tokenValue(const TokenValue& value);
+
+/// False, or what to take instead, or true where there is nothing to say.
+Json deprecation(const Token& token);
 
 }  // namespace Brisel::Gallery
