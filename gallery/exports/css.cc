@@ -93,7 +93,7 @@ struct PropertiesOf {
 
 std::string deprecationComment(const Token& token) {
   if (!token.deprecated) return {};
-  return token.deprecated->empty() ? "  /* deprecated */" : "  /* deprecated: " + *token.deprecated + " */";
+  return token.deprecated->empty() ? " /* deprecated */" : " /* deprecated: " + *token.deprecated + " */";
 }
 
 }  // namespace

@@ -487,7 +487,7 @@ TEST(CssExport, MovesThePointOfPercentages) {
 
 TEST(CssExport, SaysWhichColoursAreDeprecated) {
   const std::string text = cssText(allTokens());
-  EXPECT_THAT(text, HasSubstr("--brisel-legacy-aquamarine: rgb(60.8% 94.1% 88.2%);  /* deprecated */\n"));
+  EXPECT_THAT(text, HasSubstr("--brisel-legacy-aquamarine: rgb(60.8% 94.1% 88.2%); /* deprecated */\n"));
   EXPECT_THAT(text, HasSubstr("/* deprecated: Take palette.opacityWhite10 instead, the same colour. */\n"));
 }
 
