@@ -86,6 +86,7 @@ class CommandLine(unittest.TestCase):
         self.assertIn("--json", run("icons", "--help").stdout)
         self.assertIn("2 trouble", run("compare", "--help").stdout)
         self.assertIn("--grid COLOR", run("scale", "--help").stdout)
+        self.assertIn("--format FORMAT", run("tokens", "--help").stdout)
         self.assertEqual(run("--help").returncode, 0)
 
     def test_what_is_not_understood_is_said_in_one_line(self):
@@ -112,6 +113,10 @@ class CommandLine(unittest.TestCase):
             (["scale", picture, "0", "-o", picture], "the factor is a whole number"),
             (["compare", picture], "compare takes two pictures"),
             (["compare", picture, picture, "--accuracy", "2"], "--accuracy takes a number from 0 to 1"),
+            (["tokens"], "tokens needs --format dtcg, css or json"),
+            (["tokens", "--format", "DTCG", "-o", picture], '--format takes dtcg, css or json, not "DTCG"'),
+            (["tokens", "--format", "dtcg"], "tokens --format dtcg needs -o DIR"),
+            (["tokens", "--format", "css", "gray7"], 'tokens takes no argument "gray7"'),
         ]:
             with self.subTest(arguments=arguments):
                 self.assert_complaint(run(*arguments), 2, words)
@@ -297,6 +302,43 @@ class CommandLine(unittest.TestCase):
         self.assert_complaint(run("gallery", "--out", self.folder / "letters" / "dear.txt"), 1, "not a directory")
         self.assertEqual([str(p.relative_to(self.folder)) for p in sorted(self.folder.rglob("*"))],
                          ["letters", "letters/dear.txt"])
+
+    def test_tokens_are_printed_or_written_to_a_file(self):
+        heads = {"css": "/* Exported by brisel. */\n:root {\n", "json": '[\n  {"name":"palette.gray7",'}
+        for format, head in heads.items():
+            printed = run("tokens", "--format", format)
+            self.assertEqual((printed.returncode, printed.stderr), (0, ""))
+            self.assertTrue(printed.stdout.startswith(head), printed.stdout[:80])
+            file = self.folder / "tokens"
+            written = run("tokens", "--format", format, "-o", file)
+            self.assertEqual((written.returncode, written.stdout, written.stderr), (0, "", ""))
+            self.assertEqual(file.read_text(), printed.stdout)
+        self.assertEqual(len(json.loads(printed.stdout)), 1915)
+
+    def test_token_files_replace_older_ones_and_nothing_else(self):
+        place = self.folder / "deep" / "tokens"
+        result = run("tokens", "--format", "dtcg", "-o", place)
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+        names = sorted(os.listdir(place))
+        self.assertEqual(len(names), 9)
+        self.assertEqual(run("tokens", "--format", "dtcg", "-o", place).returncode, 0)
+        self.assertEqual(sorted(os.listdir(place)), names)
+        (place / "mine.tokens.json").write_text("{}")
+        self.assert_complaint(run("tokens", "--format", "dtcg", "-o", place), 1, "it holds other files")
+        self.assertEqual(sorted(os.listdir(place)), sorted([*names, "mine.tokens.json"]))
+        self.assert_complaint(run("tokens", "--format", "dtcg", "-o", place / names[0]), 1, "not a directory")
+        self.assertEqual(os.listdir(place.parent), ["tokens"])
+
+    def test_tokens_that_cannot_be_written_are_a_failure(self):
+        self.assert_complaint(run("tokens", "--format", "css", "-o", self.folder / "none" / "a.css"), 1, "cannot write")
+        self.assert_complaint(run("tokens", "--format", "json", "-o", self.folder), 1, "not a regular file")
+        for arguments in [("tokens", "--format", "css"), ("icons", "--json"), ("--help",)]:
+            with open("/dev/full", "w") as full:
+                result = subprocess.run([PROGRAM, *arguments], stdout=full, stderr=subprocess.PIPE, text=True,
+                                        timeout=60)
+            self.assertEqual(result.returncode, 1)
+            self.assertRegex(result.stderr, r"\Abrisel: cannot write to standard output: [^\n]+\n\Z")
+        self.assertEqual(os.listdir(self.folder), [])
 
     def test_an_interrupted_style_guide_leaves_nothing_behind(self):
         with subprocess.Popen([PROGRAM, "gallery", "--out", self.folder / "site"], stderr=subprocess.PIPE) as process:
