@@ -114,13 +114,28 @@ Command parseScale(Arguments arguments) {
   return command;
 }
 
+Command parseTokens(Arguments arguments) {
+  TokensCommand command;
+  const auto rest = readOptions(arguments, {{"--format", into(command.format)}, {"--out", into(command.out)}});
+  if (!rest) return HelpCommand{"tokens"};
+  requireNothing("tokens", *rest);
+  const std::string_view format = command.format;
+  if (format.empty()) throw UsageError("tokens needs --format dtcg, css or json");
+  if (format != "dtcg" && format != "css" && format != "json") {
+    throw UsageError("--format takes dtcg, css or json, not \"" + command.format + "\"");
+  }
+  if (format == "dtcg" && command.out.empty()) throw UsageError("tokens --format dtcg needs -o DIR");
+  return command;
+}
+
 struct Parser {
   std::string_view command;
   Command (*parse)(Arguments arguments);
 };
 constexpr Parser kParsers[] = {{"gallery", parseGallery}, {"text", parseText},       {"icon", parseIcon},
-                               {"icons", parseIcons},     {"compare", parseCompare}, {"scale", parseScale}};
-constexpr std::string_view kCommands = "gallery, text, icon, icons, compare or scale";
+                               {"icons", parseIcons},     {"compare", parseCompare}, {"scale", parseScale},
+                               {"tokens", parseTokens}};
+constexpr std::string_view kCommands = "gallery, text, icon, icons, compare, scale or tokens";
 
 }  // namespace
 

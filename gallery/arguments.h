@@ -76,8 +76,14 @@ struct ScaleCommand {
   std::filesystem::path file;
 };
 
+/// Exports the tokens for other tools.
+struct TokensCommand {
+  std::string format;         // "dtcg", "css" or "json"
+  std::filesystem::path out;  // a directory for "dtcg", a file for others; empty: standard output
+};
+
 using Command = std::variant<HelpCommand, VersionCommand, GalleryCommand, TextCommand, IconCommand, IconsCommand,
-                             CompareCommand, ScaleCommand>;
+                             CompareCommand, ScaleCommand, TokensCommand>;
 
 /// Reads the arguments behind the program's name. Throws UsageError.
 Command parseArguments(std::span<const std::string_view> arguments);

@@ -70,6 +70,18 @@ Platform::ColorPtr namedColor(const std::string& name, const Platform::ColorPtr&
   return std::make_shared<const Platform::UIColor>(*color);
 }
 
+int weightNumber(Font::Weight weight) {
+  switch (weight) {
+    case Font::Weight::Case::book:
+      return 400;
+    case Font::Weight::Case::bold:
+      return 700;
+    case Font::Weight::Case::black:
+      return 900;
+  }
+  return {};
+}
+
 std::string decimal(double number) { return numberText(number); }
 std::string decimal(double number, int decimals) { return numberText(number, decimals); }
 

@@ -29,6 +29,9 @@ std::optional<Platform::UIColor> findColor(std::string_view name);
 /// The same, or `unnamed` where the name is empty. Throws UsageError where nothing bears it.
 Platform::ColorPtr namedColor(const std::string& name, const Platform::ColorPtr& unnamed);
 
+/// A weight as style sheets number it: 400, 700 or 900.
+int weightNumber(Font::Weight weight);
+
 /// The shortest decimal that reads back as the same number: "16", "14.001999999999999".
 std::string decimal(double number);
 /// With so many decimals.

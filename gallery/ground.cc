@@ -30,23 +30,11 @@ std::string slotProperties(const Theme::ColorSet& set) {
   return rules;
 }
 
-std::string_view cssWeight(Font::Weight weight) {
-  switch (weight) {
-    case Font::Weight::Case::book:
-      return "400";
-    case Font::Weight::Case::bold:
-      return "700";
-    case Font::Weight::Case::black:
-      return "900";
-  }
-  return {};
-}
-
 // In root ems of 16 points, so that the page follows the reader's own text size.
 std::string rem(double points) { return decimal(points / 16, 4) + "rem"; }
 
 std::string fontValue(const TypeStyle& style, const Platform::UIFont& font) {
-  std::string value(cssWeight(style.fontWeight()));
+  std::string value = std::to_string(weightNumber(style.fontWeight()));
   value += " " + rem(font.pointSize()) + "/" + rem(font.lineHeight()) + " \"";
   value += style.primaryFont().description();
   return value + "\", sans-serif";

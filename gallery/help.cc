@@ -17,6 +17,7 @@ constexpr Topic kTopics[] = {
   brisel icons [--json]                list all icons
   brisel compare A.png B.png           tell whether two pictures look the same
   brisel scale FILE.png 8 -o FILE.png  enlarge a picture to look at its pixels
+  brisel tokens --format FORMAT        export the tokens: dtcg, css or json
 
   brisel <command> --help              what a command takes
   brisel --version
@@ -89,6 +90,20 @@ Enlarges a picture by a whole number, each pixel becoming a square.
       --grid COLOR        of lines between the pixels: a palette name or #rrggbb, #rrggbbaa
                           (none); in a picture that is not square one direction has too few
       --interpolation KIND  none, low, medium or high (none)
+)"},
+    {"tokens",
+     R"(Usage: brisel tokens --format dtcg -o DIR
+       brisel tokens --format css [-o FILE]
+       brisel tokens --format json [-o FILE]
+
+Exports palette, older names, opacities, spacers, themes, campaigns, type styles and icons
+for other tools.
+
+      --format FORMAT     dtcg: Design Tokens files, version 2025.10, one a family and one of
+                          them all; css: custom properties; json: a list for scripts
+  -o, --out DIR           where dtcg files go: they appear there all at once. An older export
+                          there is replaced; any other directory must be empty
+  -o, --out FILE          where the others go (standard output)
 )"},
 };
 

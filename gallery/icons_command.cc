@@ -6,24 +6,25 @@
 #include "brisel/icons/catalogue.h"
 
 #include "gallery/icon_names.h"
+#include "gallery/json.h"
 
 namespace Brisel::Gallery {
 namespace {
 
-// Names of icons are plain ASCII letters and digits, so that no string needs escapes.
 std::string jsonList() {
-  std::string list = "[\n";
+  Json list = Json::array();
   for (const Catalogue::IconEntry& entry : Catalogue::icons()) {
     const Icon& icon = entry.get();
-    const auto text = [](std::string_view value) { return "\"" + std::string(value) + "\""; };
-    list += "  {\"accessor\": " + text(entry.name) + ", \"cppAccessor\": " + text(accessorCode(entry)) +
-            ", \"name\": " + text(icon.name()) + ", \"constant\": " + text(entry.objectName) +
-            ", \"number\": " + std::to_string(entry.number) + ", \"x16\": " + text(codePoint(icon.glyphs().x16())) +
-            ", \"x24\": " + text(codePoint(icon.glyphs().x24())) +
-            ", \"autoMirror\": " + (icon.autoMirror() ? "true" : "false") + "},\n";
+    list.push_back({{"accessor", entry.name},
+                    {"cppAccessor", accessorCode(entry)},
+                    {"name", icon.name()},
+                    {"constant", entry.objectName},
+                    {"number", entry.number},
+                    {"x16", codePoint(icon.glyphs().x16())},
+                    {"x24", codePoint(icon.glyphs().x24())},
+                    {"autoMirror", icon.autoMirror()}});
   }
-  list.erase(list.size() - 2, 1);  // the last comma
-  return list + "]\n";
+  return jsonLines(list);
 }
 
 std::string plainList() {

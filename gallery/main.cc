@@ -1,8 +1,11 @@
 // The program `brisel`.
+#include <cerrno>
 #include <cstdio>
 #include <exception>
+#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <variant>
 #include <vector>
 
@@ -14,6 +17,7 @@
 #include "gallery/scale_command.h"
 #include "gallery/site.h"
 #include "gallery/text_command.h"
+#include "gallery/tokens_command.h"
 
 namespace {
 
@@ -23,7 +27,11 @@ enum ExitStatus { done = 0, failed = 1, notUnderstood = 2, interrupted = 130 };
 // Those of compare, as such tools have them.
 enum ComparisonStatus { equal = 0, different = 1, trouble = 2 };
 
-void print(std::string_view text) { std::fwrite(text.data(), 1, text.size(), stdout); }
+void print(std::string_view text) {
+  const bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
+  if (!isWritten)
+    throw std::runtime_error("cannot write to standard output: " + std::generic_category().message(errno));
+}
 
 void complain(const std::string& text) { std::fputs(("brisel: " + text + "\n").c_str(), stderr); }
 
@@ -35,6 +43,7 @@ int run(const TextCommand& command) { return drawText(command), done; }
 int run(const IconCommand& command) { return drawIcon(command), done; }
 int run(const IconsCommand& command) { return print(iconList(command)), done; }
 int run(const ScaleCommand& command) { return scalePicture(command), done; }
+int run(const TokensCommand& command) { return print(exportTokens(command)), done; }
 
 int run(const CompareCommand& command) {
   try {

@@ -45,13 +45,6 @@ void makeDirectories(const fs::path& directory) {
   if (error) fail("cannot make", directory, error);
 }
 
-bool isMarked(const fs::path& directory, std::string_view marker) {
-  std::ifstream index(directory / "index.html", std::ios::binary);
-  std::array<char, 4096> head{};
-  index.read(head.data(), head.size());
-  return std::string_view(head.data(), static_cast<std::size_t>(index.gcount())).find(marker) != std::string_view::npos;
-}
-
 // The real place of a path that need not exist: without a trailing slash, links followed.
 fs::path resolved(const fs::path& path) {
   std::error_code error;
@@ -64,6 +57,13 @@ fs::path resolved(const fs::path& path) {
 
 std::span<const std::uint8_t> bytesOf(std::string_view text) {
   return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+bool headHolds(const fs::path& file, std::string_view text) {
+  std::ifstream stream(file, std::ios::binary);
+  std::array<char, 4096> head{};
+  stream.read(head.data(), head.size());
+  return std::string_view(head.data(), static_cast<std::size_t>(stream.gcount())).find(text) != std::string_view::npos;
 }
 
 void writeFile(const fs::path& file, std::span<const std::uint8_t> bytes) {
@@ -80,14 +80,15 @@ void writeFile(const fs::path& file, std::span<const std::uint8_t> bytes) {
   fail("cannot write", file, error);
 }
 
-OutputDirectory::OutputDirectory(const fs::path& place, std::string_view marker) : place_(resolved(place)) {
+OutputDirectory::OutputDirectory(const fs::path& place, const std::function<bool(const fs::path&)>& isEarlier)
+    : place_(resolved(place)) {
   std::error_code error;
   const fs::file_status status = fs::status(place_, error);
   if (fs::exists(status)) {
     if (!fs::is_directory(status)) fail("cannot use", place, "it is not a directory");
     const bool isEmpty = fs::is_empty(place_, error);
     if (error) fail("cannot read", place, error);
-    if (!isEmpty && !isMarked(place_, marker)) fail("cannot use", place, "it holds other files");
+    if (!isEmpty && !isEarlier(place_)) fail("cannot use", place, "it holds other files");
   }
   makeDirectories(place_.parent_path());
   draft_ = beside(place_, "draft");

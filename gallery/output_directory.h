@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <span>
 #include <string_view>
 
@@ -14,15 +15,19 @@ std::span<const std::uint8_t> bytesOf(std::string_view text);
 /// nothing is left behind then.
 void writeFile(const std::filesystem::path& file, std::span<const std::uint8_t> bytes);
 
+/// Whether the first kilobytes of a file hold a text. False for what is no file.
+bool headHolds(const std::filesystem::path& file, std::string_view text);
+
 /// A directory that is filled beside its place and moved there when it is complete.
 ///
-/// What stands there may only be an earlier one, told by its marker, or an empty directory. Different files may be
+/// What stands there may only be an earlier one or an empty directory. Different files may be
 /// written by several threads at a time.
 class OutputDirectory {
  public:
-  /// `marker` is text that the first kilobytes of the directory's index.html always hold. Throws std::runtime_error
-  /// where the place is taken by something else or cannot be written to.
-  OutputDirectory(const std::filesystem::path& place, std::string_view marker);
+  /// `isEarlier` tells whether a directory is an earlier one. Throws std::runtime_error where the place is taken by
+  /// something else or cannot be written to.
+  OutputDirectory(const std::filesystem::path& place,
+                  const std::function<bool(const std::filesystem::path& directory)>& isEarlier);
   OutputDirectory(const OutputDirectory&) = delete;
   OutputDirectory& operator=(const OutputDirectory&) = delete;
   /// Removes everything unless it was committed.

@@ -19,6 +19,8 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
+bool isMarked(const fs::path& directory) { return headHolds(directory / "index.html", "the mark"); }
+
 class OutputDirectoryTest : public testing::Test {
  protected:
   OutputDirectoryTest() {
@@ -42,7 +44,7 @@ class OutputDirectoryTest : public testing::Test {
   }
   std::string complaint(const fs::path& place) const {
     try {
-      OutputDirectory directory(place, "the mark");
+      OutputDirectory directory(place, isMarked);
     } catch (const std::runtime_error& error) {
       return error.what();
     }
@@ -54,7 +56,7 @@ class OutputDirectoryTest : public testing::Test {
 
 TEST_F(OutputDirectoryTest, AppearsWholeWhenItIsCommitted) {
   const fs::path place = root_ / "a" / "site";
-  OutputDirectory directory(place, "the mark");
+  OutputDirectory directory(place, isMarked);
   directory.write("index.html", "the mark");
   directory.write("pictures/deep/a.txt", "a");
   put(root_ / "source", "copied");
@@ -68,7 +70,7 @@ TEST_F(OutputDirectoryTest, AppearsWholeWhenItIsCommitted) {
 
 TEST_F(OutputDirectoryTest, LeavesNothingWhenItIsGivenUp) {
   {
-    OutputDirectory directory(root_ / "site", "the mark");
+    OutputDirectory directory(root_ / "site", isMarked);
     directory.write("index.html", "the mark");
   }
   EXPECT_THAT(names(root_), IsEmpty());
@@ -77,7 +79,7 @@ TEST_F(OutputDirectoryTest, LeavesNothingWhenItIsGivenUp) {
 TEST_F(OutputDirectoryTest, ReplacesAnEarlierOneWithAllItsFiles) {
   put(root_ / "site/index.html", "<p>the mark</p>");
   put(root_ / "site/outdated.html", "");
-  OutputDirectory directory(root_ / "site", "the mark");
+  OutputDirectory directory(root_ / "site", isMarked);
   directory.write("index.html", "new, the mark");
   EXPECT_EQ(read(root_ / "site/index.html"), "<p>the mark</p>");
   directory.commit();
@@ -88,7 +90,7 @@ TEST_F(OutputDirectoryTest, ReplacesAnEarlierOneWithAllItsFiles) {
 
 TEST_F(OutputDirectoryTest, TakesAnEmptyDirectoryAndATrailingSlash) {
   fs::create_directories(root_ / "site");
-  OutputDirectory directory((root_ / "site").string() + "/", "the mark");
+  OutputDirectory directory((root_ / "site").string() + "/", isMarked);
   directory.write("index.html", "new");
   directory.commit();
   EXPECT_EQ(read(root_ / "site/index.html"), "new");
@@ -97,7 +99,7 @@ TEST_F(OutputDirectoryTest, TakesAnEmptyDirectoryAndATrailingSlash) {
 TEST_F(OutputDirectoryTest, FollowsALinkInsteadOfReplacingIt) {
   fs::create_directories(root_ / "real");
   fs::create_directory_symlink(root_ / "real", root_ / "link");
-  OutputDirectory directory(root_ / "link", "the mark");
+  OutputDirectory directory(root_ / "link", isMarked);
   directory.write("index.html", "new");
   directory.commit();
   EXPECT_EQ(read(root_ / "real/index.html"), "new");

@@ -85,7 +85,8 @@ void copyWebFonts(const OutputDirectory& output) {
 
 void writeSite(const std::filesystem::path& directory) {
   noteInterruptions();
-  OutputDirectory output(directory, kGenerator);
+  OutputDirectory output(
+      directory, [](const std::filesystem::path& earlier) { return headHolds(earlier / "index.html", kGenerator); });
   Platform::engine().setUsesHostFonts(false);  // pictures are the same on every machine
 
   PictureBook pictures;

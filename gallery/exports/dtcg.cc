@@ -1,0 +1,79 @@
+#include "gallery/exports/dtcg.h"
+
+#include <vector>
+
+#include "gallery/exports/families.h"
+#include "gallery/exports/json_value.h"
+#include "gallery/exports/names.h"
+#include "gallery/output_directory.h"
+
+namespace Brisel::Gallery {
+namespace {
+
+namespace fs = std::filesystem;
+
+Json tokenObject(const Token& token) {
+  Json own = Json::object();
+  if (!token.valueInterface.empty()) own["valueInterface"] = token.valueInterface;
+  if (!token.objectInterface.empty()) own["objectInterface"] = token.objectInterface;
+  own.update(token.facts);
+  Json object{{"$type", tokenType(token.value)}, {"$value", tokenValue(token.value)}};
+  if (token.deprecated) object["$deprecated"] = deprecation(token);
+  object["$extensions"][std::string(kExportMark)] = std::move(own);
+  return object;
+}
+
+// Groups are indented and each token is a line, which people and tools that compare versions can read.
+void addGroup(std::string& text, const Json& group, const std::string& indent) {
+  const std::string inner = indent + "  ";
+  text += "{";
+  std::string_view separator = "\n";
+  for (const auto& [name, member] : group.items()) {
+    text += separator;
+    text += inner + Json(name).dump() + ": ";
+    if (member.contains("$value")) {
+      text += member.dump();
+    } else {
+      addGroup(text, member, inner);
+    }
+    separator = ",\n";
+  }
+  text += "\n" + indent + "}";
+}
+
+// Whether all that a directory holds was exported.
+bool holdsExportsAlone(const fs::path& directory) {
+  for (const fs::directory_entry& entry : fs::directory_iterator(directory)) {
+    if (!headHolds(entry.path(), kExportMark)) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+std::string dtcgText(std::span<const Token> tokens) {
+  requireExportable(tokens);
+  Json tree = Json::object();
+  for (const Token& token : tokens) {
+    Json* place = &tree;
+    for (const std::string& name : token.path) place = &(*place)[name];
+    *place = tokenObject(token);
+  }
+  std::string text;
+  addGroup(text, tree, "");
+  return text + "\n";
+}
+
+void writeDtcg(const fs::path& directory) {
+  OutputDirectory output(directory, holdsExportsAlone);
+  std::vector<Token> all;
+  for (const TokenFamily& family : tokenFamilies()) {
+    const std::vector<Token> tokens = family.tokens();
+    output.write(std::string(family.name) + ".tokens.json", dtcgText(tokens));
+    all.insert(all.end(), tokens.begin(), tokens.end());
+  }
+  output.write("brisel.tokens.json", dtcgText(all));
+  output.commit();
+}
+
+}  // namespace Brisel::Gallery
