@@ -7,5 +7,6 @@
 #include "brisel/object_interface/icons.h"
 #include "brisel/object_interface/images.h"
 #include "brisel/object_interface/shape_images.h"
+#include "brisel/object_interface/themes.h"
 #include "brisel/object_interface/tokens.h"
 #include "brisel/object_interface/type_styles.h"

@@ -82,8 +82,8 @@ Command parseIcons(Arguments arguments) {
 
 Command parseCompare(Arguments arguments) {
   CompareCommand command;
-  const auto rest = readOptions(
-      arguments, {{"--accuracy", intoFraction(command.accuracy, "--accuracy")}, {"--diff", into(command.difference)}});
+  const auto rest = readOptions(arguments, {{"--accuracy", intoBetween(command.accuracy, "--accuracy", 0, 1)},
+                                            {"--diff", into(command.difference)}});
   if (!rest) return HelpCommand{"compare"};
   if (rest->size() != 2 || (*rest)[0].empty() || (*rest)[1].empty()) throw UsageError("compare takes two pictures");
   command.first = (*rest)[0];
@@ -128,14 +128,28 @@ Command parseTokens(Arguments arguments) {
   return command;
 }
 
+Command parseContrast(Arguments arguments) {
+  ContrastCommand command;
+  const auto rest = readOptions(arguments, {{"--set", into(command.set)},
+                                            {"--role", into(command.role)},
+                                            {"--json", into(command.isJson)},
+                                            {"--min", intoBetween(command.minimum, "--min", 1, 21)}});
+  if (!rest) return HelpCommand{"contrast"};
+  requireNothing("contrast", *rest);
+  if (!command.role.empty() && command.role != "text" && command.role != "essential") {
+    throw UsageError("--role takes text or essential, not \"" + command.role + "\"");
+  }
+  return command;
+}
+
 struct Parser {
   std::string_view command;
   Command (*parse)(Arguments arguments);
 };
-constexpr Parser kParsers[] = {{"gallery", parseGallery}, {"text", parseText},       {"icon", parseIcon},
-                               {"icons", parseIcons},     {"compare", parseCompare}, {"scale", parseScale},
-                               {"tokens", parseTokens}};
-constexpr std::string_view kCommands = "gallery, text, icon, icons, compare, scale or tokens";
+constexpr Parser kParsers[] = {{"gallery", parseGallery}, {"text", parseText},        {"icon", parseIcon},
+                               {"icons", parseIcons},     {"compare", parseCompare},  {"scale", parseScale},
+                               {"tokens", parseTokens},   {"contrast", parseContrast}};
+constexpr std::string_view kCommands = "gallery, text, icon, icons, compare, scale, tokens or contrast";
 
 }  // namespace
 

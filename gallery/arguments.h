@@ -82,8 +82,16 @@ struct TokensCommand {
   std::filesystem::path out;  // a directory for "dtcg", a file for others; empty: standard output
 };
 
+/// Lists the contrast within the colour sets.
+struct ContrastCommand {
+  std::string set;   // empty: all
+  std::string role;  // "text" or "essential"; empty: both
+  bool isJson = false;
+  double minimum = 1;  // the least ratio that passes
+};
+
 using Command = std::variant<HelpCommand, VersionCommand, GalleryCommand, TextCommand, IconCommand, IconsCommand,
-                             CompareCommand, ScaleCommand, TokensCommand>;
+                             CompareCommand, ScaleCommand, TokensCommand, ContrastCommand>;
 
 /// Reads the arguments behind the program's name. Throws UsageError.
 Command parseArguments(std::span<const std::string_view> arguments);

@@ -127,7 +127,7 @@ TEST(Arguments, HelpTellsOfEveryOption) {
   EXPECT_THAT(helpText("compare"), AllOf(HasSubstr("--accuracy"), HasSubstr("--diff")));
   EXPECT_THAT(helpText("scale"), AllOf(HasSubstr("--out"), HasSubstr("--grid"), HasSubstr("--interpolation")));
   EXPECT_THAT(helpText("tokens"), AllOf(HasSubstr("--format"), HasSubstr("--out DIR"), HasSubstr("--out FILE")));
-  for (const auto* command : {"gallery", "text", "icon", "icons", "compare", "scale", "tokens"}) {
+  for (const auto* command : {"gallery", "text", "icon", "icons", "compare", "scale", "tokens", "contrast"}) {
     EXPECT_THAT(helpText(""), HasSubstr("brisel " + std::string(command) + " "));
     EXPECT_EQ(std::get<HelpCommand>(parse({command, "--help"})).topic, command);
     EXPECT_EQ(std::get<HelpCommand>(parse({"help", command})).topic, command);
@@ -148,8 +148,28 @@ TEST(Arguments, ReadATokensCommandInEachFormat) {
   EXPECT_EQ(complaint({"tokens", "--format", "css", "x.css"}), "tokens takes no argument \"x.css\"");
 }
 
+TEST(Arguments, ReadAContrastCommand) {
+  const auto command = std::get<ContrastCommand>(
+      parse({"contrast", "--min", "4.5", "--json", "--set=tierAurel", "--role", "essential"}));
+  EXPECT_EQ(command.set, "tierAurel");
+  EXPECT_EQ(command.role, "essential");
+  EXPECT_TRUE(command.isJson);
+  EXPECT_EQ(command.minimum, 4.5);
+  const auto all = std::get<ContrastCommand>(parse({"contrast"}));
+  EXPECT_EQ(all.set + all.role, "");
+  EXPECT_FALSE(all.isJson);
+  EXPECT_EQ(all.minimum, 1);  // which no pair is below
+  EXPECT_EQ(complaint({"contrast", "--role", "decorative"}), "--role takes text or essential, not \"decorative\"");
+  EXPECT_EQ(complaint({"contrast", "--min", "AA"}), "--min takes a number from 1 to 21, not \"AA\"");
+  for (const auto* ratio : {"0.99", "21.01", "nan", "4,5"})
+    EXPECT_THAT(complaint({"contrast", "--min", ratio}), HasSubstr("from 1 to 21")) << ratio;
+  EXPECT_EQ(complaint({"contrast", "base"}), "contrast takes no argument \"base\"");
+  EXPECT_THAT(helpText("contrast"),
+              AllOf(HasSubstr("--set"), HasSubstr("--role"), HasSubstr("--json"), HasSubstr("--min")));
+}
+
 TEST(Arguments, SayWhatIsMissing) {
-  EXPECT_EQ(complaint({}), "a command is missing: gallery, text, icon, icons, compare, scale or tokens");
+  EXPECT_EQ(complaint({}), "a command is missing: gallery, text, icon, icons, compare, scale, tokens or contrast");
   EXPECT_EQ(complaint({"gallery"}), "gallery needs --out DIR");
   EXPECT_EQ(complaint({"gallery", "--out"}), "--out needs a value");
   EXPECT_EQ(complaint({"gallery", "--out="}), "--out needs a value that is not empty");
@@ -165,7 +185,8 @@ TEST(Arguments, SayWhatIsMissing) {
 }
 
 TEST(Arguments, SayWhatIsNotKnown) {
-  EXPECT_EQ(complaint({"paint"}), "unknown command \"paint\": gallery, text, icon, icons, compare, scale or tokens");
+  EXPECT_EQ(complaint({"paint"}),
+            "unknown command \"paint\": gallery, text, icon, icons, compare, scale, tokens or contrast");
   EXPECT_EQ(complaint({"gallery", "--where", "x"}), "unknown option --where");
   EXPECT_EQ(complaint({"gallery", "x"}), "gallery takes no argument \"x\"");
   EXPECT_EQ(complaint({"text", "a", "b", "-o", "x"}), "text takes one text; put it in quotes");

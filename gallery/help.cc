@@ -18,6 +18,7 @@ constexpr Topic kTopics[] = {
   brisel compare A.png B.png           tell whether two pictures look the same
   brisel scale FILE.png 8 -o FILE.png  enlarge a picture to look at its pixels
   brisel tokens --format FORMAT        export the tokens: dtcg, css or json
+  brisel contrast [--min RATIO]        list the contrast within the colour sets
 
   brisel <command> --help              what a command takes
   brisel --version
@@ -104,6 +105,33 @@ for other tools.
   -o, --out DIR           where dtcg files go: they appear there all at once. An older export
                           there is replaced; any other directory must be empty
   -o, --out FILE          where the others go (standard output)
+)"},
+    {"contrast",
+     R"(Usage: brisel contrast [options]
+
+Lists how text and essential colours (icons, controls) stand out from each background of
+their colour set, in the theme's ten sets and the fifteen campaign sets: the contrast
+ratio of the Web Content Accessibility Guidelines (WCAG) 2.2, cut off after two decimals,
+and what it suffices for.
+
+  AAA    text of any size, at the higher demand (7)
+  AA     text of any size (4.5); of essential colours: icons and controls (3)
+  large  text of 18 points, or bold of 14 (3)
+  fail   nothing of these
+
+Colours are taken as designed. A translucent background lies over its set's
+background.base; where that is translucent too, each background lies on black media and
+on white media, and the poorer ratio counts. A translucent foreground lies over the
+background that results. Colours are mixed component by component, as encoded.
+
+      --set NAME          one colour set, such as base or tierAurel (all)
+      --role ROLE         text or essential (both)
+      --json              as a JSON object: method, guidelines, and the pairs as objects:
+                          set, foreground, background, ratio (in full), level
+      --min RATIO         from 1 to 21: fails where a listed pair is below, and names those
+                          pairs on standard error
+
+Exit status: 0 done, 1 a pair is below --min, 2 not understood.
 )"},
 };
 

@@ -11,6 +11,7 @@
 
 #include "gallery/arguments.h"
 #include "gallery/compare_command.h"
+#include "gallery/contrast_command.h"
 #include "gallery/icon_command.h"
 #include "gallery/icons_command.h"
 #include "gallery/interruption.h"
@@ -44,6 +45,14 @@ int run(const IconCommand& command) { return drawIcon(command), done; }
 int run(const IconsCommand& command) { return print(iconList(command)), done; }
 int run(const ScaleCommand& command) { return scalePicture(command), done; }
 int run(const TokensCommand& command) { return print(exportTokens(command)), done; }
+
+int run(const ContrastCommand& command) {
+  const ContrastReport report = contrastReport(command);
+  print(report.text);
+  if (report.shortfall.empty()) return done;
+  complain(report.shortfall);
+  return failed;
+}
 
 int run(const CompareCommand& command) {
   try {

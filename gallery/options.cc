@@ -42,10 +42,12 @@ Option intoPositive(double& number, std::string_view name, double limit) {
   }};
 }
 
-Option intoFraction(double& number, std::string_view name) {
-  return {[&number, name](std::string_view value) {
+Option intoBetween(double& number, std::string_view name, int least, int greatest) {
+  return {[&number, name, least, greatest](std::string_view value) {
     const auto read = numberIn(value);
-    if (!read || !(*read >= 0) || !(*read <= 1)) refuse(name, "a number from 0 to 1", value);
+    if (!read || !(*read >= least) || !(*read <= greatest)) {
+      refuse(name, "a number from " + std::to_string(least) + " to " + std::to_string(greatest), value);
+    }
     number = *read;
   }};
 }

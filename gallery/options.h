@@ -20,13 +20,13 @@ struct Option {
 };
 using Options = std::map<std::string_view, Option>;  // by name, such as "--out"
 
-// Where values go. Numbers above 0 and up to a limit, or from 0 on; what is none throws UsageError by the option's
-// name.
+// Where values go. Numbers above 0 and up to a limit, or between two that are whole; what is none throws UsageError by
+// the option's name.
 Option into(std::string& text);
 Option into(std::filesystem::path& path);
 Option into(bool& flag);
 Option intoPositive(double& number, std::string_view name, double limit);
-Option intoFraction(double& number, std::string_view name);
+Option intoBetween(double& number, std::string_view name, int least, int greatest);
 
 /// A whole number above 0 and up to a limit; nothing for any other text.
 std::optional<std::uint64_t> wholeNumber(std::string_view text, std::uint64_t limit);

@@ -87,6 +87,7 @@ class CommandLine(unittest.TestCase):
         self.assertIn("2 trouble", run("compare", "--help").stdout)
         self.assertIn("--grid COLOR", run("scale", "--help").stdout)
         self.assertIn("--format FORMAT", run("tokens", "--help").stdout)
+        self.assertIn("the poorer ratio counts", run("contrast", "--help").stdout.replace("\n", " "))
         self.assertEqual(run("--help").returncode, 0)
 
     def test_what_is_not_understood_is_said_in_one_line(self):
@@ -113,6 +114,9 @@ class CommandLine(unittest.TestCase):
             (["scale", picture, "0", "-o", picture], "the factor is a whole number"),
             (["compare", picture], "compare takes two pictures"),
             (["compare", picture, picture, "--accuracy", "2"], "--accuracy takes a number from 0 to 1"),
+            (["contrast", "--set", "light"], 'no colour set is called "light"'),
+            (["contrast", "--role", "all"], "--role takes text or essential"),
+            (["contrast", "--min", "0"], "--min takes a number from 1 to 21"),
             (["tokens"], "tokens needs --format dtcg, css or json"),
             (["tokens", "--format", "DTCG", "-o", picture], '--format takes dtcg, css or json, not "DTCG"'),
             (["tokens", "--format", "dtcg"], "tokens --format dtcg needs -o DIR"),
@@ -339,6 +343,67 @@ class CommandLine(unittest.TestCase):
             self.assertEqual(result.returncode, 1)
             self.assertRegex(result.stderr, r"\Abrisel: cannot write to standard output: [^\n]+\n\Z")
         self.assertEqual(os.listdir(self.folder), [])
+
+    def contrast_pairs(self, *arguments):
+        report = json.loads(run("contrast", "--json", *arguments).stdout)
+        self.assertEqual((list(report), report["guidelines"]), (["method", "guidelines", "pairs"], "WCAG 2.2"))
+        return report["pairs"]
+
+    def test_contrast_is_listed_for_every_pair_of_every_set(self):
+        pairs = self.contrast_pairs()
+        self.assertEqual(len({(pair["set"], pair["foreground"], pair["background"]) for pair in pairs}), 25 * 14 * 12)
+        self.assertEqual(len({pair["set"] for pair in pairs}), 25)
+        for pair in pairs:
+            is_text = pair["foreground"].startswith("text.")
+            levels = [(7, "AAA"), (4.5, "AA"), (3, "AA large")] if is_text else [(3, "AA")]
+            level = next((level for least, level in levels if pair["ratio"] >= least), "fail")
+            self.assertEqual(pair["level"], level, pair)
+        self.assertIn({"set": "base", "foreground": "text.base", "background": "background.press", "ratio": 21,
+                       "level": "AAA"}, pairs)
+        essentials = self.contrast_pairs("--set", "tierEstiva", "--role", "essential")
+        self.assertEqual(essentials, [pair for pair in pairs if pair["set"] == "tierEstiva"
+                                      and pair["foreground"].startswith("essential.")])
+
+    def test_the_contrast_tables_hold_the_same_pairs_cut_off_to_two_decimals(self):
+        result = run("contrast")
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertLessEqual(max(map(len, result.stdout.splitlines())), 120)
+        cells = {}
+        for block in result.stdout.split("\n\n"):
+            title, head, *rows = block.splitlines()
+            self.assertEqual(len(rows), 12)
+            name, role = title.split(", ")
+            columns = [(match.start(), match[0]) for match in re.finditer(r"\w+", head)]
+            for row in rows:
+                background = "background." + row.split()[0]
+                for start, column in columns:
+                    ratio, level = row[start:start + 12].split()
+                    cells[name, f"{role}.{column}", background] = (ratio, level)
+        for pair in self.contrast_pairs():
+            ratio, level = cells.pop((pair["set"], pair["foreground"], pair["background"]))
+            self.assertRegex(ratio, r"\A\d+\.\d\d\Z")
+            self.assertTrue(0 <= pair["ratio"] - float(ratio) < 0.01, pair)
+            self.assertEqual(level, "large" if pair["level"] == "AA large" else pair["level"])
+        self.assertEqual(cells, {})
+
+    def test_contrast_below_a_minimum_is_a_failure_that_names_the_pairs(self):
+        arguments = ("contrast", "--set", "base", "--role", "text")
+        table = run(*arguments).stdout
+        passed = run(*arguments, "--min", "4.47")
+        self.assertEqual((passed.returncode, passed.stdout, passed.stderr), (0, table, ""))
+        failed = run(*arguments, "--min", "4.5")
+        self.assertEqual((failed.returncode, failed.stdout), (1, table))
+        self.assertEqual(failed.stderr, """brisel: 4 of 84 pairs are below 4.5:
+  base: text.negative on background.elevated.highlight, 4.47
+  base: text.announcement on background.elevated.highlight, 4.47
+  base: text.negative on background.tinted.highlight, 4.49
+  base: text.announcement on background.tinted.highlight, 4.49
+""")
+        machine = run("contrast", "--json", "--min", "21")
+        self.assertEqual(machine.returncode, 1)
+        below = [pair for pair in json.loads(machine.stdout)["pairs"] if pair["ratio"] < 21]
+        self.assertTrue(machine.stderr.startswith(f"brisel: {len(below)} of 4200 pairs are below 21:\n"))
+        self.assertEqual(len(machine.stderr.splitlines()), 1 + len(below))
 
     def test_an_interrupted_style_guide_leaves_nothing_behind(self):
         with subprocess.Popen([PROGRAM, "gallery", "--out", self.folder / "site"], stderr=subprocess.PIPE) as process:

@@ -2,6 +2,7 @@
 #include <cstddef>
 #include <new>
 
+#include "brisel/themes/internal/built_count.h"
 #include "brisel/themes/internal/slot_reader.h"
 #include "brisel/themes/theme.h"
 #include "brisel/tokens/internal/lazy_table.h"
@@ -42,6 +43,8 @@ void build(void* place, std::size_t index) noexcept {
 constinit internal::LazyTable<Theme::ColorSet, kSets.size(), build> sets;
 
 }  // namespace
+
+std::size_t internal::builtCampaignColorSets() noexcept { return sets.builtCount(); }
 
 #define BRISEL_CAMPAIGN(name, ...)                                    \
   const Theme::ColorSet& Theme::ColorSet::Campaign::name() noexcept { \
