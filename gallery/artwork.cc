@@ -61,6 +61,20 @@ UIBezierPath hills(CGFloat left, CGFloat middle, CGFloat right) {
   return path;
 }
 
+void paintLandscape(Canvas& canvas, CGFloat side) {
+  Brush brush(canvas, side);
+  brush.fillRect({{0, 0}, {100, 100}}, Color::violetPinkDesat67());
+  brush.fillOval({50, 43}, 38, 38, Color::violetPink100());
+  brush.fillOval({50, 43}, 29, 29, Color::redOrange135());
+  // A low sun behind the haze.
+  for (const auto& [top, height] : {CGPoint{40, 1.5}, {46, 2.25}, {52, 3}, {58.5, 4}}) {
+    brush.fillRect({{20, top}, {60, height}}, Color::violetPink100());
+  }
+  brush.fill(hills(56, 61, 53), Color::pink75());
+  brush.fill(hills(66, 60, 65), Color::aubergine46());
+  brush.fill(hills(84, 88, 85), Color::blueVioletDesat25());
+}
+
 // Centred between the sides, its top at `top`.
 void drawText(Canvas& canvas, CGFloat side, std::string_view text, const TypeStyle& style, CGFloat top) {
   const auto attributed = attributedString(text, style, ContentSizeCategory::large.platformCategory(),
@@ -71,25 +85,23 @@ void drawText(Canvas& canvas, CGFloat side, std::string_view text, const TypeSty
 
 }  // namespace
 
+Platform::ImagePtr landscape(CGFloat side) {
+  Platform::UIGraphicsImageRendererFormat format;
+  format.opaque = true;
+  return Platform::UIGraphicsImageRenderer({side, side}, format).image([side](Canvas& canvas) {
+    paintLandscape(canvas, side);
+  });
+}
+
 Platform::ImagePtr albumCover(CGFloat side) {
   Platform::UIGraphicsImageRendererFormat format;
   format.opaque = true;
   return Platform::UIGraphicsImageRenderer({side, side}, format).image([side](Canvas& canvas) {
-    Brush brush(canvas, side);
-    brush.fillRect({{0, 0}, {100, 100}}, Color::violetPinkDesat67());
-    brush.fillOval({50, 43}, 38, 38, Color::violetPink100());
-    brush.fillOval({50, 43}, 29, 29, Color::redOrange135());
-    // A low sun behind the haze.
-    for (const auto& [top, height] : {CGPoint{40, 1.5}, {46, 2.25}, {52, 3}, {58.5, 4}}) {
-      brush.fillRect({{20, top}, {60, height}}, Color::violetPink100());
-    }
-    brush.fill(hills(56, 61, 53), Color::pink75());
-    brush.fill(hills(66, 60, 65), Color::aubergine46());
-    brush.fill(hills(84, 88, 85), Color::blueVioletDesat25());
+    paintLandscape(canvas, side);
     const CGFloat mark = side / 9;
     drawAtPoint(
         *image(Icon::soundwave(), {mark, mark}, std::nullopt, Color::white().value(), Platform::UIColor::clearColor()),
-        canvas, brush.at({6, 6}));
+        canvas, {side * 0.06, side * 0.06});
     drawText(canvas, side, "Night Ferry", TypeStyle::celloCanon(), side * 0.66);
     drawText(canvas, side, "The Quiet Hours", TypeStyle::minuet(), side * 0.66 + 22);
   });

@@ -6,7 +6,10 @@
 
 namespace Brisel::Gallery {
 
-/// The cover of an album that never was, opaque, `side` points wide and high, at the main screen's scale.
+/// A low sun over hills, opaque, `side` points wide and high, at the main screen's scale.
+Platform::ImagePtr landscape(Platform::CGFloat side);
+
+/// That with an album's lettering: the cover of an album that never was.
 Platform::ImagePtr albumCover(Platform::CGFloat side);
 
 /// A listener, with nothing behind her: what is not drawn is transparent.

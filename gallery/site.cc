@@ -69,7 +69,7 @@ std::string namesScript(const std::vector<Page>& pages) {
       script += "],\n";
     }
   }
-  return script + "];\n";
+  return script + "];\n" + slotNamesScript();
 }
 
 void copyWebFonts(const OutputDirectory& output) {
@@ -91,7 +91,8 @@ void writeSite(const std::filesystem::path& directory) {
 
   PictureBook pictures;
   const std::vector<Page> pages{makeStartPage(pictures), makeColorPage(pictures), makeTypePage(pictures),
-                                makeIconPage(pictures), makeShapePage(pictures)};
+                                makeIconPage(pictures),  makeShapePage(pictures), makeThemePage(pictures),
+                                makeTokenPage(pictures)};
 
   for (const Page& page : pages) output.write(page.file, pageMarkup(pages, page));
   for (const std::string_view name : kStaticFiles) output.write("site/" + std::string(name), siteFile(name));

@@ -8,17 +8,21 @@
 #include "brisel/infrastructure/shape_images.h"
 #include "brisel/platform/views/image_renderer.h"
 #include "brisel/platform/views/text_drawing.h"
+#include "brisel/themes/catalogue.h"
 #include "brisel/themes/theme.h"
 #include "brisel/tokens/catalogue.h"
 #include "brisel/typography/catalogue.h"
 
 #include "gallery/artwork.h"
 #include "gallery/catalogue_names.h"
+#include "gallery/drawing.h"
 #include "gallery/html.h"
 #include "gallery/pages.h"
 #include "gallery/site_files.h"
 #include "gallery/specimens.h"
 #include "gallery/swatches.h"
+#include "gallery/theme_card.h"
+#include "gallery/token_drawing.h"
 
 namespace Brisel::Gallery {
 namespace {
@@ -188,6 +192,68 @@ class ShapeChart {
   static constexpr double kSide = 152;  // points
 };
 
+// All colour sets, in five rows of five.
+class ThemeChart {
+ public:
+  static Platform::CGSize size() { return {kWidth, 5 * kThemeTile.height + 4 * kGap}; }
+
+  static void paint(Platform::Canvas& canvas) {
+    canvas.fillRect({{}, size()}, specimenGround());
+    std::vector<const Theme::ColorSet*> sets;
+    for (const auto& entry : Catalogue::colorSets()) sets.push_back(&(Theme::dark().*entry.get)());
+    for (const auto& entry : Catalogue::campaignColorSets()) sets.push_back(&entry.get());
+    for (std::size_t i = 0; i < sets.size(); ++i) {
+      const auto column = static_cast<double>(i % 5), row = static_cast<double>(i / 5);
+      paintThemeTile(canvas, *sets[i],
+                     {std::round(column * (kWidth - kThemeTile.width) / 4), row * (kThemeTile.height + kGap)});
+    }
+  }
+};
+
+// All spacers between bars, from the narrowest to the widest, and below them all opacities on a picture each.
+class TokenChart {
+ public:
+  static Platform::CGSize size() { return {kWidth, kTilesFrom + tileSide() + kLabel}; }
+
+  static void paint(Platform::Canvas& canvas) {
+    canvas.fillRect({{}, size()}, specimenGround());
+    const auto& text = Theme::dark().base().text();
+    double x = 0;
+    for (const auto& entry : Catalogue::spacers()) {
+      const double gap = entry.get().value();
+      canvas.fillRect({{x, 0}, {kBar, kBarHeight}}, *text.base());
+      x += kBar;
+      drawLine(canvas, decimal(gap), TypeStyle::finale(), text.subdued(), {{x, kBarHeight}, {gap, kLabel}},
+               Alignment::middle);
+      x += gap;
+    }
+    canvas.fillRect({{x, 0}, {kBar, kBarHeight}}, *text.base());
+
+    const double side = tileSide(), inset = Spacer::x16().value();
+    const Platform::ImagePtr picture = landscape(side);
+    double left = 0;
+    for (const auto& entry : Catalogue::opacities()) {
+      drawAtPoint(*picture, canvas, {left, kTilesFrom});
+      paintLayer(canvas, {{left + inset, kTilesFrom + inset}, {side - 2 * inset, side - 2 * inset}}, entry.get());
+      drawLine(canvas, decimal(entry.get().value()), TypeStyle::finale(), text.subdued(),
+               {{left, kTilesFrom + side}, {side, kLabel}}, Alignment::middle);
+      left += side + kGap;
+    }
+  }
+
+ private:
+  static constexpr double kBar = 3;                                                  // points
+  static constexpr double kBarHeight = 300;                                          // points
+  static constexpr double kLabel = 24;                                               // points
+  static constexpr double kTilesFrom = kBarHeight + kLabel + Spacer::x24().value();  // points
+
+  // As many as there are opacities, on whole points.
+  static double tileSide() {
+    const auto count = static_cast<double>(Catalogue::opacities().size());
+    return std::floor((kWidth + kGap) / count - kGap);
+  }
+};
+
 template <class Chart>
 Picture plan(PictureBook& pictures, const std::string& path, std::shared_ptr<const Chart> chart) {
   return pictures.add(path, chart->size(), [chart](Platform::Canvas& canvas) { chart->paint(canvas); });
@@ -209,6 +275,13 @@ Page makeStartPage(PictureBook& pictures) {
                          std::to_string(categories().size()) + " text sizes"},
        {"iconFacts", std::to_string(Catalogue::icons().size()) + " icons in 2 designs"},
        {"shapeFacts", "Circles, stars, dots and the verified badge"},
+       {"themeFacts", std::to_string(Catalogue::colorSets().size()) + " colour sets of the dark theme and " +
+                          std::to_string(Catalogue::campaignColorSets().size()) + " for campaigns, " +
+                          std::to_string(Catalogue::slots().size()) + " slots each"},
+       {"tokenFacts", std::to_string(Catalogue::spacers().size()) + " spacers and " +
+                          std::to_string(Catalogue::opacities().size()) + " opacities"},
+       {"themes", plan(pictures, "pictures/start/themes", std::make_shared<const ThemeChart>()).attributes()},
+       {"tokens", plan(pictures, "pictures/start/tokens", std::make_shared<const TokenChart>()).attributes()},
        {"icons", plan(pictures, "pictures/start/icons", std::make_shared<const IconChart>()).attributes()},
        {"shapes", plan(pictures, "pictures/start/shapes", std::make_shared<const ShapeChart>()).attributes()},
        {"colours", plan(pictures, "pictures/start/colours", std::make_shared<const ColorChart>()).attributes()},

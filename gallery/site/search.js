@@ -11,7 +11,11 @@
 
   // "gray 7", "Gray7" and "Brisel::Color::gray7()" are the same to who searches.
   const plain = brisel.plain = (text) => text.toLowerCase().replace(/[^\p{L}\p{N}]/gu, "");
-  const items = briselNames.map(([id, page, value, picture, ...names]) => (
+  const calls = (path, dot) => path.split(".").map((part) => `${dot}${part}()`).join("");
+  const slots = briselColorSets.flatMap(([set, code, objectCode, ...values]) => briselSlots.map((path, index) => [
+    `${set}.${path}`, "themes.html", values[index], `pictures/themes/${values[index].slice(1)}.png`,
+    code + calls(path, "."), objectCode + calls(path, "->")]));
+  const items = [...briselNames, ...slots].map(([id, page, value, picture, ...names]) => (
     { id, page, value, picture, names, keys: [id, ...names, value].map(plain) }));
   let results = [];
   let active = -1;
@@ -51,8 +55,7 @@
     }
     const name = document.createElement("span");
     name.className = "name";
-    const [first, ...others] = item.names[0].split("::");
-    name.append(first, ...others.flatMap((part) => ["::", document.createElement("wbr"), part]));
+    for (const part of item.names[0].split(/(?<=::)|(?=\.|->)/)) name.append(part, document.createElement("wbr"));
     const value = document.createElement("span");
     value.className = "value";
     value.textContent = item.value;

@@ -1,8 +1,9 @@
-// The swatches of a family are one stop of the Tab key; arrows go from cell to cell, and on to the next family.
+// The rows of swatches that belong together are one stop of the Tab key; arrows go from button to button, and on to the
+// next of them.
 "use strict";
 
 (() => {
-  const rows = [...document.querySelectorAll(".swatch")].map((row) => [...row.querySelectorAll("button")]);
+  const rows = [...document.querySelectorAll(".swatches [role='row']")].map((row) => [...row.querySelectorAll("button")]);
   if (rows.length === 0) return;
 
   const stopOf = (button) => button.closest(".swatches");
@@ -14,11 +15,11 @@
   for (const grid of document.querySelectorAll(".swatches")) grid.querySelector("button").tabIndex = 0;
 
   document.addEventListener("focusin", (event) => {
-    if (event.target.matches(".swatch button")) enter(event.target);
+    if (event.target.matches(".swatches button")) enter(event.target);
   });
 
   document.addEventListener("keydown", (event) => {
-    if (!event.target.matches(".swatch button") || event.ctrlKey || event.metaKey || event.altKey) return;
+    if (!event.target.matches(".swatches button") || event.ctrlKey || event.metaKey || event.altKey) return;
     const y = rows.findIndex((row) => row.includes(event.target));
     const x = rows[y].indexOf(event.target);
     const at = (row, cell) => rows[row]?.[Math.min(cell, rows[row].length - 1)];
