@@ -22,6 +22,7 @@
 #include "gallery/exports/flat_json.h"
 #include "gallery/exports/names.h"
 #include "gallery/tokens_command.h"
+#include "tests/own_bundle.h"
 #include "tests/temporary_directory.h"
 
 namespace Brisel::Gallery {
@@ -308,6 +309,12 @@ TEST(Exports, SetTypeAtEachCategoryAsTheStylesDo) {
                                                      {"minimumScaleFactor", 1},
                                                      {"usesUpperCaseLayout", true},
                                                      {"features", Json::array()}}));
+}
+
+TEST(Exports, NeverMeasureWhatStandsInForAFace) {
+  if (!runsWithOwnBundle({"Tondal-Book.otf"})) return;
+  EXPECT_THAT([] { allTokens(); },
+              testing::ThrowsMessage<std::runtime_error>("the resource bundle lacks the font Tondal-Book"));
 }
 
 TEST(Exports, GiveIconsByTheirCodePoints) {
