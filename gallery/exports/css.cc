@@ -108,7 +108,8 @@ std::string cssText(std::span<const Token> tokens) {
       if (!taken.insert(name).second) {
         throw std::logic_error("the token " + dottedName(token) + " finds the name " + name + " taken");
       }
-      text += "  " + name + ": " + value + ";" + deprecationComment(token) + "\n";
+      text.append("  ").append(name).append(": ").append(value).append(";");
+      text.append(deprecationComment(token)).append("\n");
     }
   }
   return text + "}\n";
