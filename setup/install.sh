@@ -50,7 +50,10 @@ install_packages "${packages[@]}"
 for group in "$@"; do
   case $group in
     assets) install_node_modules assets ;;
-    check) install_node_modules tests/browser && install_node_modules tests/tokens ;;
+    check)
+      install_node_modules tests/browser
+      install_node_modules tests/tokens
+      ;;
     bench) install_node_modules benchmarks/pixelmatch ;;
   esac
 done

@@ -60,7 +60,9 @@ const read = (file) => readFileSync(join(directory, file), "utf8");
 const texts = (output) => output.files.map(read);
 const families = ["palette", "legacy", "opacity", "spacer", "theme", "campaign", "typography", "icon"];
 
-rmSync(directory, { recursive: true, force: true });
+for (const written of ["dtcg", "style-dictionary", "terrazzo"]) {
+  rmSync(join(directory, written), { recursive: true, force: true });
+}
 mkdirSync(directory, { recursive: true });
 
 let tokens = [];
