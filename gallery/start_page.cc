@@ -203,7 +203,7 @@ class ThemeChart {
     for (const auto& entry : Catalogue::colorSets()) sets.push_back(&(Theme::dark().*entry.get)());
     for (const auto& entry : Catalogue::campaignColorSets()) sets.push_back(&entry.get());
     for (std::size_t i = 0; i < sets.size(); ++i) {
-      const auto column = static_cast<double>(i % 5), row = static_cast<double>(i / 5);
+      const auto column = static_cast<int>(i % 5), row = static_cast<int>(i / 5);
       paintThemeTile(canvas, *sets[i],
                      {std::round(column * (kWidth - kThemeTile.width) / 4), row * (kThemeTile.height + kGap)});
     }
