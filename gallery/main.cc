@@ -10,15 +10,15 @@
 #include <vector>
 
 #include "gallery/arguments.h"
-#include "gallery/compare_command.h"
-#include "gallery/contrast_command.h"
-#include "gallery/icon_command.h"
-#include "gallery/icons_command.h"
+#include "gallery/commands/compare_command.h"
+#include "gallery/commands/contrast_command.h"
+#include "gallery/commands/icon_command.h"
+#include "gallery/commands/icons_command.h"
+#include "gallery/commands/scale_command.h"
+#include "gallery/commands/text_command.h"
+#include "gallery/commands/tokens_command.h"
+#include "gallery/guide/site.h"
 #include "gallery/interruption.h"
-#include "gallery/scale_command.h"
-#include "gallery/site.h"
-#include "gallery/text_command.h"
-#include "gallery/tokens_command.h"
 
 namespace {
 

@@ -16,12 +16,12 @@
 #include "brisel/typography/catalogue.h"
 
 #include "gallery/catalogue_names.h"
+#include "gallery/commands/tokens_command.h"
 #include "gallery/exports/css.h"
 #include "gallery/exports/dtcg.h"
 #include "gallery/exports/families.h"
 #include "gallery/exports/flat_json.h"
 #include "gallery/exports/names.h"
-#include "gallery/tokens_command.h"
 #include "tests/own_bundle.h"
 #include "tests/temporary_directory.h"
 
