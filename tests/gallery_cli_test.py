@@ -308,7 +308,8 @@ class CommandLine(unittest.TestCase):
                          ["letters", "letters/dear.txt"])
 
     def test_tokens_are_printed_or_written_to_a_file(self):
-        for format, head in [("css", "/* Exported by brisel. */\n:root {\n"), ("json", '[\n  {"name":"palette.gray7",')]:
+        heads = {"css": "/* Exported by brisel. */\n:root {\n", "json": '[\n  {"name":"palette.gray7",'}
+        for format, head in heads.items():
             printed = run("tokens", "--format", format)
             self.assertEqual((printed.returncode, printed.stderr), (0, ""))
             self.assertTrue(printed.stdout.startswith(head), printed.stdout[:80])
@@ -337,7 +338,8 @@ class CommandLine(unittest.TestCase):
         self.assert_complaint(run("tokens", "--format", "json", "-o", self.folder), 1, "not a regular file")
         for arguments in [("tokens", "--format", "css"), ("icons", "--json"), ("--help",)]:
             with open("/dev/full", "w") as full:
-                result = subprocess.run([PROGRAM, *arguments], stdout=full, stderr=subprocess.PIPE, text=True, timeout=60)
+                result = subprocess.run([PROGRAM, *arguments], stdout=full, stderr=subprocess.PIPE, text=True,
+                                        timeout=60)
             self.assertEqual(result.returncode, 1)
             self.assertRegex(result.stderr, r"\Abrisel: cannot write to standard output: [^\n]+\n\Z")
         self.assertEqual(os.listdir(self.folder), [])

@@ -93,7 +93,7 @@ struct PropertiesOf {
 
 std::string deprecationComment(const Token& token) {
   if (!token.deprecated) return {};
-  return token.deprecated->empty() ? "  /* deprecated */" : "  /* deprecated: " + *token.deprecated + " */";
+  return token.deprecated->empty() ? " /* deprecated */" : " /* deprecated: " + *token.deprecated + " */";
 }
 
 }  // namespace
@@ -108,7 +108,8 @@ std::string cssText(std::span<const Token> tokens) {
       if (!taken.insert(name).second) {
         throw std::logic_error("the token " + dottedName(token) + " finds the name " + name + " taken");
       }
-      text += "  " + name + ": " + value + ";" + deprecationComment(token) + "\n";
+      text.append("  ").append(name).append(": ").append(value).append(";");
+      text.append(deprecationComment(token)).append("\n");
     }
   }
   return text + "}\n";

@@ -1,10 +1,13 @@
 #include "gallery/exports/dtcg.h"
 
+#include <algorithm>
+#include <string_view>
 #include <vector>
 
 #include "gallery/exports/families.h"
 #include "gallery/exports/json_value.h"
 #include "gallery/exports/names.h"
+#include "gallery/interruption.h"
 #include "gallery/output_directory.h"
 
 namespace Brisel::Gallery {
@@ -23,16 +26,29 @@ Json tokenObject(const Token& token) {
   return object;
 }
 
+// A group, or a token where it has one. Not JSON: a tree of that copies all that it holds whenever a group grows.
+struct Node {
+  std::string name;
+  const Token* token = nullptr;
+  std::vector<Node> members = {};
+
+  Node& member(const std::string& called) {
+    const auto place =
+        std::find_if(members.begin(), members.end(), [&called](const Node& node) { return node.name == called; });
+    return place != members.end() ? *place : members.emplace_back(Node{called});
+  }
+};
+
 // Groups are indented and each token is a line, which people and tools that compare versions can read.
-void addGroup(std::string& text, const Json& group, const std::string& indent) {
+void addGroup(std::string& text, const Node& group, const std::string& indent) {
   const std::string inner = indent + "  ";
   text += "{";
   std::string_view separator = "\n";
-  for (const auto& [name, member] : group.items()) {
+  for (const Node& member : group.members) {
     text += separator;
-    text += inner + Json(name).dump() + ": ";
-    if (member.contains("$value")) {
-      text += member.dump();
+    text += inner + Json(member.name).dump() + ": ";
+    if (member.token != nullptr) {
+      text += tokenObject(*member.token).dump();
     } else {
       addGroup(text, member, inner);
     }
@@ -53,24 +69,26 @@ bool holdsExportsAlone(const fs::path& directory) {
 
 std::string dtcgText(std::span<const Token> tokens) {
   requireExportable(tokens);
-  Json tree = Json::object();
+  Node document;
   for (const Token& token : tokens) {
-    Json* place = &tree;
-    for (const std::string& name : token.path) place = &(*place)[name];
-    *place = tokenObject(token);
+    Node* place = &document;
+    for (const std::string& name : token.path) place = &place->member(name);
+    place->token = &token;
   }
   std::string text;
-  addGroup(text, tree, "");
+  addGroup(text, document, "");
   return text + "\n";
 }
 
 void writeDtcg(const fs::path& directory) {
+  noteInterruptions();
   OutputDirectory output(directory, holdsExportsAlone);
   std::vector<Token> all;
   for (const TokenFamily& family : tokenFamilies()) {
     const std::vector<Token> tokens = family.tokens();
     output.write(std::string(family.name) + ".tokens.json", dtcgText(tokens));
     all.insert(all.end(), tokens.begin(), tokens.end());
+    if (wasInterrupted()) throw Interrupted();
   }
   output.write("brisel.tokens.json", dtcgText(all));
   output.commit();

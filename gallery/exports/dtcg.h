@@ -14,7 +14,8 @@ namespace Brisel::Gallery {
 std::string dtcgText(std::span<const Token> tokens);
 
 /// Writes a directory of one file a family, "palette.tokens.json" and so on, and "brisel.tokens.json" of them all. It
-/// appears whole or not at all, and replaces an earlier one. Throws std::runtime_error.
+/// appears whole or not at all, and replaces an earlier one. Throws std::runtime_error, and Interrupted where the user
+/// ended the program.
 void writeDtcg(const std::filesystem::path& directory);
 
 }  // namespace Brisel::Gallery

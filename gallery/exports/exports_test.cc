@@ -22,6 +22,7 @@
 #include "gallery/exports/flat_json.h"
 #include "gallery/exports/names.h"
 #include "gallery/tokens_command.h"
+#include "tests/own_bundle.h"
 #include "tests/temporary_directory.h"
 
 namespace Brisel::Gallery {
@@ -150,26 +151,6 @@ UIColor::RgbComponents cssColor(const std::string& text) {
     begin = end + 1;
   }
   return {numbers.at(0), numbers.at(1), numbers.at(2), numbers.size() == 4 ? numbers[3] : 1};
-}
-
-// Tokens with paths as given, all worth 1.
-std::vector<Token> named(const std::vector<std::vector<std::string>>& paths) {
-  std::vector<Token> tokens;
-  for (const auto& path : paths) tokens.push_back({path, 1.0, "", ""});
-  return tokens;
-}
-
-template <class Action>
-std::string complaint(Action action) {
-  try {
-    action();
-  } catch (const std::logic_error& error) {
-    return error.what();
-  }
-  return "no complaint";
-}
-std::string refusal(const std::vector<std::vector<std::string>>& paths) {
-  return complaint([&] { requireExportable(named(paths)); });
 }
 
 std::string read(const fs::path& file) {
@@ -310,6 +291,12 @@ TEST(Exports, SetTypeAtEachCategoryAsTheStylesDo) {
                                                      {"features", Json::array()}}));
 }
 
+TEST(Exports, NeverMeasureWhatStandsInForAFace) {
+  if (!runsWithOwnBundle({"Tondal-Book.otf"})) return;
+  EXPECT_THAT([] { allTokens(); },
+              testing::ThrowsMessage<std::runtime_error>("the resource bundle lacks the font Tondal-Book"));
+}
+
 TEST(Exports, GiveIconsByTheirCodePoints) {
   std::size_t mirrored = 0;
   const auto check = [&mirrored](std::string accessor, std::string_view name, int x16, int x24, bool autoMirror) {
@@ -352,6 +339,18 @@ TEST(Exports, TellHowTokensAreWrittenInCode) {
             Json({{"valueInterface", "Brisel::Theme::ColorSet::Campaign::tierAurel().text().base()"},
                   {"objectInterface", "VLMBriselColorTheme::campaign()->tierAurel()->text()->base()"},
                   {"form", "rgb"}}));
+}
+
+TEST(Exports, HaveNoBracesInTextsWhichWouldBeReferences) {
+  const std::function<void(const Json&)> look = [&look](const Json& json) {
+    if (json.is_string()) {
+      EXPECT_THAT(json.get<std::string>(), Not(testing::ContainsRegex("[{}]")));
+    }
+    if (json.is_structured()) {
+      for (const Json& member : json) look(member);
+    }
+  };
+  look(whole());
 }
 
 // --- Design Tokens files ---
@@ -399,8 +398,8 @@ TEST(DtcgExport, LeavesADirectoryAloneThatHoldsAnythingElse) {
 }
 
 TEST(DtcgExport, StaysReadable) {
-  const std::string text = dtcgText(named({{"a", "b", "c"}, {"a", "b", "d"}, {"e"}}));
-  EXPECT_EQ(text, R"({
+  const std::vector<Token> tokens{{{"a", "b", "c"}, 1.0, "", ""}, {{"a", "b", "d"}, 1.0, "", ""}, {{"e"}, 1.0, "", ""}};
+  EXPECT_EQ(dtcgText(tokens), R"({
   "a": {
     "b": {
       "c": {"$type":"number","$value":1,"$extensions":{"foundation.brisel":{}}},
@@ -487,7 +486,7 @@ TEST(CssExport, MovesThePointOfPercentages) {
 
 TEST(CssExport, SaysWhichColoursAreDeprecated) {
   const std::string text = cssText(allTokens());
-  EXPECT_THAT(text, HasSubstr("--brisel-legacy-aquamarine: rgb(60.8% 94.1% 88.2%);  /* deprecated */\n"));
+  EXPECT_THAT(text, HasSubstr("--brisel-legacy-aquamarine: rgb(60.8% 94.1% 88.2%); /* deprecated */\n"));
   EXPECT_THAT(text, HasSubstr("/* deprecated: Take palette.opacityWhite10 instead, the same colour. */\n"));
 }
 
@@ -527,74 +526,6 @@ TEST(TokensCommand, PrintsOrWritesTheSame) {
     EXPECT_EQ(exportTokens({format, ""}), printed);
   }
   EXPECT_THROW(exportTokens({"css", directory.path() / "missing" / "a.css"}), std::runtime_error);
-}
-
-// --- Names ---
-
-TEST(TokenNames, AreWrittenInKebabCaseAsStyleDictionaryDoes) {
-  EXPECT_EQ(kebabCase("gray7"), "gray7");
-  EXPECT_EQ(kebabCase("x16"), "x16");
-  EXPECT_EQ(kebabCase("extraLarge"), "extra-large");
-  EXPECT_EQ(kebabCase("halvornBrand2Alternate"), "halvorn-brand2-alternate");
-  EXPECT_EQ(kebabCase("plus2Px"), "plus2-px");
-  EXPECT_EQ(kebabCase("xAlt"), "x-alt");
-  EXPECT_EQ(kebabCase("airPlay"), "air-play");
-  EXPECT_EQ(kebabCase("XMLHttpABc"), "xml-http-a-bc");
-  EXPECT_EQ(kebabCase("RTL"), "rtl");
-  EXPECT_EQ(kebabCase("theme.dark overMedia__base-"), "theme-dark-over-media-base");
-  EXPECT_EQ(kebabCase("__"), "");
-  EXPECT_EQ(customPropertyName(named({{"theme", "dark", "base", "text", "brightAccent"}}).front()),
-            "--brisel-theme-dark-base-text-bright-accent");
-}
-
-TEST(TokenNames, AreRefusedWhereTheFormatForbidsThem) {
-  EXPECT_EQ(refusal({{"a", "b"}, {"a", "c", "d"}, {"$", "e"}}), "the token $.e has a name that starts with $");
-  EXPECT_EQ(refusal({{"a", "b"}, {"a", "c", "d"}, {"e$"}}), "no complaint");
-  EXPECT_EQ(refusal({{}}), "the token  has no name");
-  EXPECT_EQ(refusal({{"a", ""}}), "the token a. has an empty name in its path");
-  for (const auto* bad : {"a{", "}a", "a.b", "{a}"}) {
-    EXPECT_THAT(refusal({{"a", bad}}), HasSubstr("has a name with a brace or a dot")) << bad;
-  }
-}
-
-TEST(TokenNames, AreRefusedWhereTheyAreTakenOrDifferInCaseAlone) {
-  EXPECT_EQ(refusal({{"a", "b"}, {"a", "b"}}), "the token a.b finds the place of a.b taken");
-  EXPECT_EQ(refusal({{"a", "b"}, {"a", "b", "c"}}), "the token a.b.c finds the place of a.b taken");
-  EXPECT_EQ(refusal({{"a", "b", "c"}, {"a", "b"}}), "the token a.b finds the place of a.b taken");
-  EXPECT_EQ(refusal({{"a", "airPlay"}, {"a", "airplay"}}), "the token a.airplay differs from a.airPlay in case alone");
-  EXPECT_EQ(refusal({{"a", "B", "c"}, {"a", "b", "d"}}), "the token a.b.d differs from a.B in case alone");
-}
-
-TEST(TokenNames, AreRefusedByEachFormat) {
-  const std::vector<Token> bad = named({{"a", "$b"}});
-  EXPECT_THROW(dtcgText(bad), std::logic_error);
-  EXPECT_THROW(cssText(bad), std::logic_error);
-  EXPECT_THROW(flatJsonText(bad), std::logic_error);
-}
-
-TEST(TokenNames, AreRefusedWhereTheyCollideInAStyleSheet) {
-  const auto collision = [](const std::vector<Token>& tokens) { return complaint([&] { cssText(tokens); }); };
-  EXPECT_EQ(collision(named({{"a", "extraLarge"}, {"a", "extra-large"}})),
-            "the token a.extra-large finds the name --brisel-a-extra-large taken");
-  EXPECT_EQ(collision(named({{"a", "b", "c"}, {"a", "bC"}})), "the token a.bC finds the name --brisel-a-b-c taken");
-  std::vector<Token> tokens = named({{"t", "fontSize"}});
-  tokens.push_back({{"t"}, TypeSetting{{"sans-serif"}, 1, 400, 1.2}, "", ""});
-  EXPECT_THAT(collision(tokens), HasSubstr("taken"));
-}
-
-TEST(TokenNames, AreNeverReferencesInTexts) {
-  std::vector<Token> tokens = named({{"a"}});
-  tokens.front().deprecated = "Take {b} instead.";
-  EXPECT_EQ(complaint([&] { requireExportable(tokens); }), "the token a has braces in its deprecation");
-  const std::function<void(const Json&)> look = [&look](const Json& json) {
-    if (json.is_string()) {
-      EXPECT_THAT(json.get<std::string>(), Not(testing::ContainsRegex("[{}]")));
-    }
-    if (json.is_structured()) {
-      for (const Json& member : json) look(member);
-    }
-  };
-  look(whole());
 }
 
 TEST(JsonNumbers, AreWrittenAsAPersonWould) {

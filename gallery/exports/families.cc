@@ -4,6 +4,8 @@
 #include <initializer_list>
 #include <memory>
 #include <stdexcept>
+#include <string>
+#include <utility>
 
 #include "brisel/icons/catalogue.h"
 #include "brisel/platform/engine.h"

@@ -1,7 +1,5 @@
 #include "gallery/exports/names.h"
 
-#include <algorithm>
-#include <cctype>
 #include <map>
 #include <stdexcept>
 
