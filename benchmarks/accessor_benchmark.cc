@@ -1,4 +1,6 @@
 // Constants by name.
+#include "brisel/object_interface/themes.h"
+#include "brisel/themes/theme.h"
 #include "brisel/tokens/color.h"
 #include "brisel/typography/type_style.h"
 
@@ -30,6 +32,23 @@ BRISEL_JOB("style_accessor/ours", read<TypeStyle::ballad>);
 BRISEL_JOB("style_accessor/static", read<staticStyle>);
 BRISEL_JOB("style_accessor/map", [](benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(&mappedStyle("ballad"));
+});
+
+template <auto theme>
+const Platform::ColorPtr& slot() noexcept {
+  return theme().negative().text().subdued();
+}
+
+BRISEL_JOB("theme_slot/ours", read<slot<Theme::dark>>);
+BRISEL_JOB("theme_slot/static", read<slot<staticTheme>>);
+
+// The objects on the way are made for each reading.
+BRISEL_JOB("theme_slot_object/ours", [](benchmark::State& state) {
+  VLMBriselColorTheme::dark();
+  const auto before = allocations();
+  for (auto _ : state) benchmark::DoNotOptimize(VLMBriselColorTheme::dark()->negative()->text()->subdued());
+  state.counters["allocations"] =
+      benchmark::Counter(static_cast<double>(allocations() - before), benchmark::Counter::kAvgIterations);
 });
 
 }  // namespace

@@ -33,6 +33,11 @@ const TypeStyle& staticStyle() noexcept {
   return style;
 }
 
+const Theme& staticTheme() noexcept {
+  static const Theme theme = Theme::dark();
+  return theme;
+}
+
 const ColorPtr& mappedColor(std::string_view name) {
   static auto& colors = *new GuardedMap<ColorPtr>{{}, {{"gray7", staticColor()}, {"gray10", staticColor()}}};
   return colors.find(name);

@@ -6,9 +6,10 @@ Every entry of goals.toml becomes a row of report.json and report.md:
     name    the row                               ours    our figure
     peers   each peer's figure                    limit   the greatest figure that passes, or null
     ratio   ours / peer, by peer                  goal    the greatest ratio that passes, by peer
-    pass    whether ours keeps limit and goals    unit    "ns" or "instructions"
+    pass    whether ours keeps limit and goals    unit    "ns", "instructions" or "allocations"
 Figures are medians of seven repetitions, interleaved at random: processor time of one thread, or real time where the
-job asks for it (threads, processes). Instructions are counted by callgrind, less those of an empty loop.
+job asks for it (threads, processes). Instructions are counted by callgrind, less those of an empty loop; allocations by
+the job itself.
 """
 
 import json
@@ -30,13 +31,13 @@ SUFFIX = re.compile(r"(/(real_time|manual_time|process_time|threads:\d+|iteratio
 
 
 def measure_times(program, jobs):
-    """{job: {variant: [nanoseconds of each repetition]}} and what the machine was."""
+    """{job: {variant: [nanoseconds of each repetition]}}, the allocations likewise, and what the machine was."""
     with tempfile.NamedTemporaryFile(suffix=".json") as out:
         subprocess.run([program, f"--benchmark_filter=^({'|'.join(map(re.escape, jobs))})/",
                         "--benchmark_enable_random_interleaving=true", f"--benchmark_repetitions={REPETITIONS}",
                         f"--benchmark_out={out.name}", "--benchmark_out_format=json"], check=True)
         answer = json.load(out)
-    times = defaultdict(lambda: defaultdict(list))
+    times, allocations = (defaultdict(lambda: defaultdict(list)) for _ in range(2))
     for run in answer["benchmarks"]:
         if run["run_type"] != "iteration":
             continue
@@ -45,7 +46,9 @@ def measure_times(program, jobs):
         job, variant = SUFFIX.sub("", run["name"]).rsplit("/", 1)
         clock = "real_time" if re.search(r"/(real|manual)_time|/threads:", run["name"]) else "cpu_time"
         times[job][variant].append(run[clock] * NANOSECONDS[run["time_unit"]])
-    return times, answer["context"]
+        if "allocations" in run:
+            allocations[job][variant].append(run["allocations"])
+    return times, allocations, answer["context"]
 
 
 def variants_of(program, job):
@@ -86,28 +89,30 @@ def judged(name, demand, figures, unit):
 
 
 def measured_rows(program, goals):
-    timed = {name: demand.get("job", name) for name, demand in goals.items()
-             if demand.get("measure", "time") == "time"}
-    times, machine = measure_times(program, sorted(set(timed.values()))) if timed else ({}, {})
+    measures = {name: demand.get("measure", "time") for name, demand in goals.items()}
+    timed = {demand.get("job", name) for name, demand in goals.items() if measures[name] != "instructions"}
+    times, allocations, machine = measure_times(program, sorted(timed)) if timed else ({}, {}, {})
     empty_loop = None
     rows = []
     for name, demand in goals.items():
-        if name in timed:
-            figures, unit = {variant: median(runs) for variant, runs in times.get(timed[name], {}).items()}, "ns"
-        else:
+        job, measure = demand.get("job", name), measures[name]
+        if measure == "instructions":
             if empty_loop is None:
                 empty_loop = count_instructions(program, "loop/nothing")
-            job = demand.get("job", name)
             figures = {variant: count_instructions(program, f"{job}/{variant}") - empty_loop
                        for variant in variants_of(program, job)}
-            unit = "instructions"
-        rows.append(judged(name, demand, figures, unit))
+        else:
+            found = {"time": times, "allocations": allocations}[measure]
+            figures = {variant: median(runs) for variant, runs in found.get(job, {}).items()}
+        rows.append(judged(name, demand, figures, "ns" if measure == "time" else measure))
     return rows, machine
 
 
 def figure_text(figure, unit):
     if unit == "instructions":
         return f"{figure:.1f} instr"
+    if unit == "allocations":
+        return f"{figure:g} allocations"
     for name, size in (("ms", 1e6), ("us", 1e3)):
         if figure >= size:
             return f"{figure / size:.3g} {name}"

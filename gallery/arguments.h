@@ -12,10 +12,11 @@
 
 namespace Brisel::Gallery {
 
-/// A command line that cannot be understood. `what()` says why, in one line.
+/// A command line that cannot be understood. `what()` says why, in one line: control characters in the message, which
+/// come from what was typed, become question marks.
 class UsageError : public std::runtime_error {
  public:
-  using std::runtime_error::runtime_error;
+  explicit UsageError(std::string message);
 };
 
 // The commands. Names of styles, colours and icons are as given: who carries a command out looks them up.

@@ -213,7 +213,10 @@ TEST(Arguments, RefuseFactorsAndFractionsThatAreNone) {
   EXPECT_THAT(complaint({"scale", "a", "2", "--interpolation", "best", "-o", "x"}), HasSubstr("medium or high"));
 }
 
-TEST(Arguments, ComplainInOneLine) { EXPECT_THAT(complaint({"paint"}), Not(HasSubstr("\n"))); }
+TEST(Arguments, ComplainInOneLineAndSendNothingToTheTerminal) {
+  EXPECT_THAT(complaint({"paint"}), Not(HasSubstr("\n")));
+  EXPECT_EQ(complaint({"gallery", "a\nb\x1B[2J\x7F\u00E9"}), "gallery takes no argument \"a?b?[2J?\u00E9\"");
+}
 
 }  // namespace
 }  // namespace Brisel::Gallery
