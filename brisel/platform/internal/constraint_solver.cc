@@ -146,12 +146,13 @@ bool ConstraintSolver::isKnown(std::uint32_t slot, std::uint64_t age, bool isSta
 
 const std::vector<ConstraintSolver::Constraint>& ConstraintSolver::solve() {
   if (removed_.empty() && added_.empty() && edited_.empty()) return givingWay_;
+  stepsLeft_ = stepLimit();
   takeOutRemoved();
-  takeInChanges();
-  const bool isSolved = dualSimplex() && refine();
+  takeInEdited();
+  const bool isSolved = takeInAdded() && refine();
   if (!isSolved) {
     rebuild();
-    dualSimplex();
+    takeInAdded();
     refine();
   }
   givingWay_.clear();
@@ -196,9 +197,7 @@ void ConstraintSolver::takeOutRemoved() {
   if (!isWhole) rebuild();
 }
 
-void ConstraintSolver::takeInChanges() {
-  for (const Slot slot : added_)
-    if (residuals_[slot].age != 0 && residuals_[slot].place == Place::absent) insertRow(slot);
+void ConstraintSolver::takeInEdited() {
   for (const Slot slot : edited_) {
     Residual& residual = residuals_[slot];
     const double change = residual.nextConstant - residual.constant;
@@ -213,8 +212,21 @@ void ConstraintSolver::takeInChanges() {
       checkSign(static_cast<Slot>(row));
     }
   }
-  added_.clear();
   edited_.clear();
+}
+
+// Each is solved before the next comes, the most important first: so the tableau is small while most of the work is
+// done.
+bool ConstraintSolver::takeInAdded() {
+  bool isSolved = dualSimplex();
+  std::sort(added_.begin(), added_.end(), [this](Slot a, Slot b) { return due(a) < due(b); });
+  for (const Slot slot : added_) {
+    if (residuals_[slot].age == 0 || residuals_[slot].place != Place::absent) continue;
+    insertRow(slot);
+    isSolved = isSolved && dualSimplex();
+  }
+  added_.clear();
+  return isSolved;
 }
 
 // Makes a residual basic: its terms over variables become terms over parametric residuals. It starts with a slope of
@@ -239,7 +251,7 @@ void ConstraintSolver::insertRow(Slot slot) {
   checkSign(slot);
 }
 
-// Starts from the first vertex: every variable at rest.
+// Starts again from the first vertex, where every variable is at rest: all constraints are to be added.
 void ConstraintSolver::rebuild() {
   wrongSigns_ = {};
   wrongCosts_ = {};
@@ -250,8 +262,10 @@ void ConstraintSolver::rebuild() {
     residual.mentions.clear();
     residual.column.clear();
   }
+  stepsLeft_ = stepLimit();
+  added_.clear();
   for (Slot slot = 0; slot < residuals_.size(); ++slot)
-    if (residuals_[slot].age != 0 && !residuals_[slot].isStay) insertRow(slot);
+    if (residuals_[slot].age != 0 && !residuals_[slot].isStay) added_.push_back(slot);
 }
 
 // Takes from the tableau what the arithmetic has lost: parametric residuals are zero by definition, but it is from the
@@ -324,15 +338,15 @@ void ConstraintSolver::setSlope(Residual& residual, double slope) {
 // rule wants it. The number of steps is finite by the lexicographic rule, and is bounded in case rounding errors break
 // it.
 bool ConstraintSolver::dualSimplex() {
-  const std::size_t limit = stepLimit();
-  for (std::size_t step = 0; !wrongSigns_.empty();) {
+  while (!wrongSigns_.empty()) {
     const Slot slot = wrongSigns_.top().slot;
-    if (hasWrongSign(residuals_[slot])) {
-      if (step++ == limit) return false;
-      dualStep(slot, step > limit / 2);
-    } else {
+    if (!hasWrongSign(residuals_[slot])) {
       wrongSigns_.pop();
+      continue;
     }
+    if (stepsLeft_ == 0) return false;
+    --stepsLeft_;
+    dualStep(slot, stepsLeft_ < stepLimit() / 2);
   }
   return true;
 }
@@ -372,14 +386,15 @@ void ConstraintSolver::dualStep(Slot leaving, bool isCautious) {
 
 // Brings all costs to zero or above while all signs stay right; needed only where something was removed.
 bool ConstraintSolver::primalSimplex() {
-  const std::size_t limit = stepLimit();
-  for (std::size_t step = 0; !wrongCosts_.empty();) {
+  while (!wrongCosts_.empty()) {
     const Slot slot = wrongCosts_.top().slot;
     wrongCosts_.pop();
     for (const bool rises : {true, false}) {
       if (residuals_[slot].place != Place::parametric) break;
       findCost(slot, rises, least_);
-      if (least_.isNegative() && (step++ == limit || !primalStep(slot, rises))) return false;
+      if (!least_.isNegative()) continue;
+      if (stepsLeft_ == 0 || !primalStep(slot, rises)) return false;
+      --stepsLeft_;
     }
   }
   return true;

@@ -119,7 +119,8 @@ class ConstraintSolver {
   Due due(Slot slot) const { return {residuals_[slot].rank, residuals_[slot].age, slot}; }
 
   void takeOutRemoved();
-  void takeInChanges();
+  void takeInEdited();
+  bool takeInAdded();
   void insertRow(Slot slot);
   void rebuild();
   bool refine();
@@ -145,6 +146,7 @@ class ConstraintSolver {
   std::map<Rank, std::size_t> slopes_;          // how many basic residuals of a level have a slope
   Agenda wrongSigns_;                           // basic residuals to be looked at by the dual simplex
   Agenda wrongCosts_;                           // parametric residuals to be looked at by the primal simplex
+  std::size_t stepsLeft_ = 0;                   // of this `solve`
   std::vector<Constraint> givingWay_;
   SparseVector least_, candidate_, scratch_;
 };
