@@ -1,6 +1,7 @@
 #include "brisel/object_interface/themes.h"
 
 #include <array>
+#include <concepts>
 #include <cstddef>
 #include <latch>
 #include <memory>
@@ -8,6 +9,7 @@
 #include <string_view>
 #include <thread>
 #include <type_traits>
+#include <typeinfo>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -26,9 +28,9 @@ using Campaign = Theme::ColorSet::Campaign;
 using ColorSetPtr = std::shared_ptr<const VLMBriselColorThemeColorSet>;
 
 template <class Object, class Value>
-constexpr bool isWrapper =
-    std::is_base_of_v<NSObject, Object>&& std::is_final_v<Object> && !std::is_default_constructible_v<Object> &&
-    !std::is_constructible_v<Object, const Value&> && !std::is_copy_constructible_v<Object>;
+constexpr bool isWrapper = std::is_base_of_v<NSObject, Object>&& std::is_final_v<Object> &&
+                           !std::is_default_constructible_v<Object> && !std::is_constructible_v<Object, const Value&> &&
+                           !std::is_copy_constructible_v<Object> && !std::equality_comparable<Object>;
 static_assert(isWrapper<VLMBriselColorTheme, Theme>);
 static_assert(isWrapper<VLMBriselColorThemeColorSet, Theme::ColorSet>);
 static_assert(isWrapper<VLMBriselColorThemeBackgroundColors, Theme::Background>);
@@ -38,6 +40,7 @@ static_assert(isWrapper<VLMBriselColorThemeDecorativeColors, Theme::Decorative>)
 static_assert(isWrapper<VLMBriselColorThemeColorState, Theme::State>);
 static_assert(std::is_base_of_v<NSObject, VLMBriselCampaignColorSets>);
 static_assert(!std::is_default_constructible_v<VLMBriselCampaignColorSets>);
+static_assert(!std::equality_comparable<VLMBriselCampaignColorSets>);
 
 struct NamedSet {
   std::string_view name;
@@ -160,9 +163,17 @@ TEST(ObjectTheme, IsEqualToItselfAlone) {
   const auto& dark = *VLMBriselColorTheme::dark();
   const auto one = dark.base(), other = dark.base();
   EXPECT_EQ(one->colorSet(), other->colorSet());
-  EXPECT_TRUE(one->isEqual(*one));
-  EXPECT_FALSE(one->isEqual(*other));
-  EXPECT_FALSE(Brisel::Platform::objectsAreEqual(one->text(), one->text()));
+  const auto expectIdentity = [](const NSObject& a, const NSObject& b) {
+    EXPECT_TRUE(a.isEqual(a));
+    EXPECT_FALSE(a.isEqual(b)) << typeid(a).name();
+  };
+  expectIdentity(*one, *other);
+  expectIdentity(*one->background(), *one->background());
+  expectIdentity(*one->text(), *one->text());
+  expectIdentity(*one->essential(), *one->essential());
+  expectIdentity(*one->decorative(), *one->decorative());
+  expectIdentity(*one->background()->tinted(), *one->background()->tinted());
+  expectIdentity(*VLMBriselCampaignColorSets::init(), *VLMBriselCampaignColorSets::init());
   EXPECT_TRUE(Brisel::Platform::objectsAreEqual(VLMBriselColorTheme::dark(), VLMBriselColorTheme::dark()));
 }
 

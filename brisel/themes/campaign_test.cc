@@ -134,6 +134,21 @@ TEST(CampaignColorSets, FillTenSlotsWithTheirSurface) {
   }
 }
 
+TEST(CampaignColorSets, SpreadSixColoursOverTheirSlots) {
+  const auto& set = Campaign::halvornBrand();  // whose six differ
+  const auto count = [&set](const Platform::ColorPtr& color) {
+    int slots = 0;
+    for (const auto& slot : Catalogue::slots()) slots += *slot.get(set) == *color ? 1 : 0;
+    return slots;
+  };
+  EXPECT_EQ(count(set.background().base()), 10);
+  EXPECT_EQ(count(set.background().highlight()), 1);
+  EXPECT_EQ(count(set.background().press()), 1);
+  EXPECT_EQ(count(set.text().base()), 13);
+  EXPECT_EQ(count(set.text().brightAccent()), 2);
+  EXPECT_EQ(count(set.decorative().subdued()), 1);
+}
+
 TEST(CampaignColorSets, KeepTheSurfaceInANamedStateThatIsPressed) {
   const auto& background = Campaign::halvornBrand().background();
   EXPECT_EQ(*background.tinted().press(), *background.base());
