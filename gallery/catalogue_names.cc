@@ -85,6 +85,10 @@ int weightNumber(Font::Weight weight) {
 std::string decimal(double number) { return numberText(number); }
 std::string decimal(double number, int decimals) { return numberText(number, decimals); }
 
+std::string padded(std::string_view text, std::size_t width) {
+  return std::string(text) + std::string(text.size() < width ? width - text.size() : 0, ' ');
+}
+
 std::string hexText(const Platform::UIColor& color) {
   const auto [red, green, blue, alpha] = color.getRed();
   std::string text = "#";

@@ -1,6 +1,7 @@
 // The names of styles, categories and colours, and how their values are written.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
@@ -36,6 +37,9 @@ int weightNumber(Font::Weight weight);
 std::string decimal(double number);
 /// With so many decimals.
 std::string decimal(double number, int decimals);
+
+/// A text with blanks behind it, so that the next column stands `width` ASCII characters after its beginning.
+std::string padded(std::string_view text, std::size_t width);
 
 /// "#1ED760"; with alpha below 1 as "#0000001A".
 std::string hexText(const Platform::UIColor& color);

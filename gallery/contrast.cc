@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "gallery/catalogue_names.h"
+
 namespace Brisel::Gallery {
 namespace {
 
@@ -18,6 +20,12 @@ double ratioOn(const UIColor& foreground, const UIColor& background, const UICol
 
 }  // namespace
 
+constexpr std::string_view kContrastMethod =
+    "Contrast is the ratio of the relative luminances of two colours, taken as designed. A translucent background lies "
+    "over the background.base of its set; where that is translucent too, each background lies on black media and on "
+    "white media, and the poorer ratio counts. A translucent foreground lies over the background that results. Colours "
+    "are mixed component by component, as encoded.";
+
 double relativeLuminance(const UIColor& color) {
   const auto linear = [](double component) {
     return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
@@ -29,6 +37,12 @@ double relativeLuminance(const UIColor& color) {
 double contrastRatio(const UIColor& a, const UIColor& b) {
   const auto [darker, lighter] = std::minmax({relativeLuminance(a), relativeLuminance(b)});
   return (lighter + 0.05) / (darker + 0.05);
+}
+
+std::string ratioText(double ratio) {
+  constexpr int kMoreThanDoublesTell = 20;
+  const std::string digits = decimal(ratio, kMoreThanDoublesTell);
+  return digits.substr(0, digits.find('.') + 3);
 }
 
 UIColor composited(const UIColor& color, const UIColor& ground) {

@@ -9,6 +9,7 @@
 // - One colour lies over another as canvases draw it: component by component, as encoded, without linear light.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "brisel/platform/color.h"
@@ -17,11 +18,17 @@
 
 namespace Brisel::Gallery {
 
+/// The same in brief, for readers of what the program writes.
+extern const std::string_view kContrastMethod;
+
 /// From 0 for black to 1 for white; alpha does not count. https://www.w3.org/TR/WCAG22/#dfn-relative-luminance
 double relativeLuminance(const Platform::UIColor& color);
 
 /// From 1 for the same luminance to 21 for black and white. https://www.w3.org/TR/WCAG22/#dfn-contrast-ratio
 double contrastRatio(const Platform::UIColor& a, const Platform::UIColor& b);
+
+/// "4.49" of 4.499: cut off after two decimals, so that no ratio seems to reach a limit that it misses.
+std::string ratioText(double ratio);
 
 /// What shows where `color` lies over an opaque ground.
 Platform::UIColor composited(const Platform::UIColor& color, const Platform::UIColor& ground);

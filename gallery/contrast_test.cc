@@ -2,14 +2,18 @@
 
 #include <algorithm>
 #include <cmath>
+#include <string>
 #include <string_view>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
 #include "brisel/platform/color.h"
 #include "brisel/themes/catalogue.h"
 #include "brisel/themes/theme.h"
+
+#include "gallery/arguments.h"
 
 namespace Brisel::Gallery {
 namespace {
@@ -90,6 +94,20 @@ TEST(Contrast, GrowsAwayFromBlackWithEveryComponent) {
     RC_ASSERT(contrastRatio(UIColor::rgb(red, green + more, blue), kBlack) > ratio);
     RC_ASSERT(contrastRatio(UIColor::rgb(red, green, blue + more), kBlack) > ratio);
   }));
+}
+
+TEST(Contrast, IsWrittenWithoutReachingALimitThatItMisses) {
+  EXPECT_EQ(ratioText(4.4999), "4.49");
+  EXPECT_EQ(ratioText(2.999999), "2.99");
+  EXPECT_EQ(ratioText(std::nextafter(7, 0)), "6.99");
+  EXPECT_EQ(ratioText(4.5), "4.50");
+  EXPECT_EQ(ratioText(21), "21.00");
+}
+
+TEST(Contrast, IsExplainedByTheHelpInTheSameWords) {
+  std::string help(helpText("contrast"));
+  std::replace(help.begin(), help.end(), '\n', ' ');
+  EXPECT_THAT(help, testing::HasSubstr(std::string(kContrastMethod)));
 }
 
 TEST(Compositing, ShowsTheColourTheGroundOrWhatLiesBetween) {

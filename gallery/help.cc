@@ -119,10 +119,11 @@ and what it suffices for.
   large  text of 18 points, or bold of 14 (3)
   fail   nothing of these
 
-Colours are taken as designed. A translucent background lies over its set's
-background.base; where that is translucent too, each background lies on black media and
-on white media, and the poorer ratio counts. A translucent foreground lies over the
-background that results. Colours are mixed component by component, as encoded.
+Contrast is the ratio of the relative luminances of two colours, taken as designed. A
+translucent background lies over the background.base of its set; where that is translucent
+too, each background lies on black media and on white media, and the poorer ratio counts. A
+translucent foreground lies over the background that results. Colours are mixed component by
+component, as encoded.
 
       --set NAME          one colour set, such as base or tierAurel (all)
       --role ROLE         text or essential (both)

@@ -443,6 +443,10 @@ class StyleGuide(unittest.TestCase):
         for face in re.findall(r'url\("([^"]+)"\)', styles):
             self.assertTrue((self.site / "site" / face).is_file(), face)
 
+    def test_explains_contrast_in_the_words_of_the_command(self):
+        method = json.loads(run("contrast", "--json", "--set", "base").stdout)["method"]
+        self.assertIn(method, (self.site / "themes.html").read_text())
+
     def test_states_the_size_of_every_picture(self):
         stated = set()
         for page in self.pages.values():

@@ -1,14 +1,13 @@
 #include "gallery/commands/contrast_command.h"
 
-#include <charconv>
 #include <cstddef>
 #include <string_view>
 #include <vector>
 
 #include "brisel/themes/catalogue.h"
-#include "brisel/themes/theme.h"
 
 #include "gallery/catalogue_names.h"
+#include "gallery/code_names.h"
 #include "gallery/contrast.h"
 #include "gallery/json.h"
 
@@ -17,63 +16,36 @@ namespace {
 
 using Catalogue::SlotEntry;
 
-constexpr std::string_view kMethod =
-    "Ratio of the relative luminances of the colours as designed. A translucent background lies over its set's "
-    "background.base; where that is translucent too, each background lies on black and on white media, and the lower "
-    "ratio counts. A translucent foreground lies over the resulting background. Colours are mixed component by "
-    "component, as encoded.";
-
-struct NamedSet {
-  std::string_view name;
-  const Theme::ColorSet& set;
-};
-
 struct Pair {
   std::string_view set;
   std::string_view foreground, background;  // paths
   Contrast contrast;
 };
 
-std::vector<NamedSet> setsCalled(const std::string& name) {
-  std::vector<NamedSet> sets;
-  const auto isWanted = [&name](std::string_view candidate) { return name.empty() || candidate == name; };
-  for (const auto& entry : Catalogue::colorSets()) {
-    if (isWanted(entry.name)) sets.push_back({entry.name, (Theme::dark().*entry.get)()});
-  }
-  for (const auto& entry : Catalogue::campaignColorSets()) {
-    if (isWanted(entry.name)) sets.push_back({entry.name, entry.get()});
+std::vector<NamedColorSet> setsCalled(const std::string& name) {
+  std::vector<NamedColorSet> sets;
+  for (const NamedColorSet& set : allColorSets()) {
+    if (name.empty() || set.name == name) sets.push_back(set);
   }
   if (sets.empty()) throw UsageError("no colour set is called \"" + name + "\"");
   return sets;
 }
 
 // Of one set and role, "text" or "essential": background by background, each with all foregrounds.
-std::vector<Pair> pairsOf(const NamedSet& set, std::string_view role) {
+std::vector<Pair> pairsOf(const NamedColorSet& set, std::string_view role) {
   std::vector<Pair> pairs;
   for (const SlotEntry& background : Catalogue::slots()) {
     if (!isBackground(background)) continue;
     for (const SlotEntry& foreground : Catalogue::slots()) {
       if (!foreground.path.starts_with(role)) continue;
-      pairs.push_back({set.name, foreground.path, background.path, contrastOf(set.set, foreground, background)});
+      pairs.push_back({set.name, foreground.path, background.path, contrastOf(set.colors, foreground, background)});
     }
   }
   return pairs;
 }
 
-// Cut off behind two decimals, so that no ratio looks as if it reached a limit that it misses.
-std::string cutOff(double ratio) {
-  char digits[64];
-  const auto [end, error] = std::to_chars(digits, digits + sizeof digits, ratio, std::chars_format::fixed, 20);
-  const std::string text(digits, end);
-  return text.substr(0, text.find('.') + 3);
-}
-
-std::string padded(std::string_view text, std::size_t width) {
-  return std::string(text) + std::string(text.size() < width ? width - text.size() : 0, ' ');
-}
-
 std::string cell(const Contrast& contrast) {
-  const std::string ratio = cutOff(contrast.ratio);
+  const std::string ratio = ratioText(contrast.ratio);
   const bool isForLargeText = contrast.level == ContrastLevel::aaLarge;
   return std::string(5 - ratio.size(), ' ') + ratio + ' ' +
          std::string(isForLargeText ? "large" : levelName(contrast.level));
@@ -108,8 +80,8 @@ std::string json(const std::vector<Pair>& pairs) {
                     {"ratio", jsonNumber(pair.contrast.ratio)},
                     {"level", levelName(pair.contrast.level)}});
   }
-  return "{\"method\": " + Json(kMethod).dump() + ",\n\"guidelines\": \"WCAG 2.2\",\n\"pairs\": " + jsonLines(list) +
-         "}\n";
+  return "{\"method\": " + Json(kContrastMethod).dump() +
+         ",\n\"guidelines\": \"WCAG 2.2\",\n\"pairs\": " + jsonLines(list) + "}\n";
 }
 
 std::string shortfall(const std::vector<Pair>& pairs, double minimum) {
@@ -119,7 +91,7 @@ std::string shortfall(const std::vector<Pair>& pairs, double minimum) {
     if (pair.contrast.ratio >= minimum) continue;
     ++count;
     lines += "\n  " + std::string(pair.set) + ": " + std::string(pair.foreground) + " on " +
-             std::string(pair.background) + ", " + cutOff(pair.contrast.ratio);
+             std::string(pair.background) + ", " + ratioText(pair.contrast.ratio);
   }
   if (count == 0) return {};
   return std::to_string(count) + " of " + std::to_string(pairs.size()) + " pairs are below " + decimal(minimum) + ":" +
@@ -131,7 +103,7 @@ std::string shortfall(const std::vector<Pair>& pairs, double minimum) {
 ContrastReport contrastReport(const ContrastCommand& command) {
   std::vector<Pair> all;
   std::string tables;
-  for (const NamedSet& set : setsCalled(command.set)) {
+  for (const NamedColorSet& set : setsCalled(command.set)) {
     for (const std::string_view role : {"text", "essential"}) {
       if (!command.role.empty() && command.role != role) continue;
       const std::vector<Pair> pairs = pairsOf(set, role);

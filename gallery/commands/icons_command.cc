@@ -5,6 +5,7 @@
 
 #include "brisel/icons/catalogue.h"
 
+#include "gallery/catalogue_names.h"
 #include "gallery/icon_names.h"
 #include "gallery/json.h"
 
@@ -33,15 +34,12 @@ std::string plainList() {
     longestName = std::max(longestName, entry.name.size());
     longestConstant = std::max(longestConstant, entry.objectName.size());
   }
-  const auto padded = [](std::string_view text, std::size_t width) {
-    return std::string(text) + std::string(width - text.size() + 2, ' ');
-  };
   std::string list;
   for (const Catalogue::IconEntry& entry : Catalogue::icons()) {
     const Icon& icon = entry.get();
     const std::string number = std::to_string(entry.number);
-    list += std::string(3 - number.size(), ' ') + number + "  " + padded(entry.name, longestName) +
-            padded(entry.objectName, longestConstant) + codePoint(icon.glyphs().x16()) + "  " +
+    list += std::string(3 - number.size(), ' ') + number + "  " + padded(entry.name, longestName + 2) +
+            padded(entry.objectName, longestConstant + 2) + codePoint(icon.glyphs().x16()) + "  " +
             codePoint(icon.glyphs().x24()) + (icon.autoMirror() ? "  mirrored\n" : "\n");
   }
   return list;

@@ -14,6 +14,7 @@
 #include "brisel/typography/catalogue.h"
 
 #include "gallery/catalogue_names.h"
+#include "gallery/code_names.h"
 #include "gallery/icon_names.h"
 
 namespace Brisel::Gallery {
@@ -25,7 +26,7 @@ std::string joined(std::initializer_list<std::string_view> parts) {
   return text;
 }
 
-// "background.base" as {"background", "base"}.
+// "theme.dark.base" as {"theme", "dark", "base"}.
 std::vector<std::string> steps(std::string_view path) {
   std::vector<std::string> names;
   for (std::size_t dot = path.find('.'); dot != std::string_view::npos; dot = path.find('.')) {
@@ -73,10 +74,9 @@ std::vector<Token> legacy() {
 std::vector<Token> opacities() {
   std::vector<Token> tokens;
   for (const Catalogue::OpacityEntry& entry : Catalogue::opacities()) {
-    tokens.push_back({{"opacity", std::string(entry.name)},
-                      entry.get().value(),
-                      joined({"Brisel::Opacity::", entry.name, "()"}),
-                      joined({"VLMBriselOpacities::", entry.objectName, "()"})});
+    const CodeNames code = codeNames(entry);
+    tokens.push_back(
+        {{"opacity", std::string(entry.name)}, entry.get().value(), code.valueInterface, code.objectInterface});
   }
   return tokens;
 }
@@ -84,48 +84,34 @@ std::vector<Token> opacities() {
 std::vector<Token> spacers() {
   std::vector<Token> tokens;
   for (const Catalogue::SpacerEntry& entry : Catalogue::spacers()) {
+    const CodeNames code = codeNames(entry);
     tokens.push_back({{"spacer", std::string(entry.name)},
                       Distance{entry.get().value()},
-                      joined({"Brisel::Spacer::", entry.name, "()"}),
-                      joined({"VLMBriselSpacers::", entry.objectName, "()"})});
+                      code.valueInterface,
+                      code.objectInterface});
   }
   return tokens;
 }
 
-// The slots of a colour set. Path and code name the set itself.
-void addSlots(std::vector<Token>& tokens, const Theme::ColorSet& set, const std::vector<std::string>& path,
-              const std::string& valueInterface, const std::string& objectInterface) {
-  for (const Catalogue::SlotEntry& slot : Catalogue::slots()) {
-    Token& token = tokens.emplace_back(colorToken(path, *slot.get(set)));
-    token.valueInterface = valueInterface;
-    token.objectInterface = objectInterface;
-    for (const std::string& step : steps(slot.path)) {
-      token.path.push_back(step);
-      token.valueInterface += joined({".", step, "()"});
-      token.objectInterface += joined({"->", step, "()"});
+// The slots of the theme's colour sets or of those of campaigns, in a group such as "theme.dark".
+std::vector<Token> slotsOf(bool isCampaign, std::string_view group) {
+  std::vector<Token> tokens;
+  for (const NamedColorSet& set : allColorSets()) {
+    if (set.isCampaign != isCampaign) continue;
+    for (const Catalogue::SlotEntry& slot : Catalogue::slots()) {
+      const CodeNames calls = slotCalls(slot);
+      Token& token =
+          tokens.emplace_back(colorToken(steps(joined({group, ".", set.name, ".", slot.path})), *slot.get(set.colors)));
+      token.valueInterface = set.code.valueInterface + calls.valueInterface;
+      token.objectInterface = set.code.objectInterface + calls.objectInterface;
     }
   }
-}
-
-std::vector<Token> theme() {
-  std::vector<Token> tokens;
-  for (const Catalogue::ColorSetEntry& set : Catalogue::colorSets()) {
-    addSlots(tokens, (Theme::dark().*set.get)(), {"theme", "dark", std::string(set.name)},
-             joined({"Brisel::Theme::dark().", set.name, "()"}),
-             joined({"VLMBriselColorTheme::dark()->", set.name, "()"}));
-  }
   return tokens;
 }
 
-std::vector<Token> campaign() {
-  std::vector<Token> tokens;
-  for (const Catalogue::CampaignEntry& set : Catalogue::campaignColorSets()) {
-    addSlots(tokens, set.get(), {"campaign", std::string(set.name)},
-             joined({"Brisel::Theme::ColorSet::Campaign::", set.name, "()"}),
-             joined({"VLMBriselColorTheme::campaign()->", set.name, "()"}));
-  }
-  return tokens;
-}
+std::vector<Token> theme() { return slotsOf(false, "theme.dark"); }
+
+std::vector<Token> campaign() { return slotsOf(true, "campaign"); }
 
 // The families by which a web page loads the bundle's faces, and what browsers have where it does not.
 std::vector<std::string> fontFamilies(const TypeStyle& style) {

@@ -14,6 +14,7 @@
 #include "brisel/typography/catalogue.h"
 
 #include "gallery/catalogue_names.h"
+#include "gallery/code_names.h"
 #include "gallery/guide/artwork.h"
 #include "gallery/guide/drawing.h"
 #include "gallery/guide/html.h"
@@ -199,12 +200,10 @@ class ThemeChart {
 
   static void paint(Platform::Canvas& canvas) {
     canvas.fillRect({{}, size()}, specimenGround());
-    std::vector<const Theme::ColorSet*> sets;
-    for (const auto& entry : Catalogue::colorSets()) sets.push_back(&(Theme::dark().*entry.get)());
-    for (const auto& entry : Catalogue::campaignColorSets()) sets.push_back(&entry.get());
+    const std::vector<NamedColorSet> sets = allColorSets();
     for (std::size_t i = 0; i < sets.size(); ++i) {
       const auto column = static_cast<int>(i % 5), row = static_cast<int>(i / 5);
-      paintThemeTile(canvas, *sets[i],
+      paintThemeTile(canvas, sets[i].colors,
                      {std::round(column * (kWidth - kThemeTile.width) / 4), row * (kThemeTile.height + kGap)});
     }
   }

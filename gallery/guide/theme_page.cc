@@ -1,11 +1,11 @@
 #include <algorithm>
-#include <cmath>
 #include <set>
 #include <string_view>
 
 #include "brisel/themes/catalogue.h"
 
 #include "gallery/catalogue_names.h"
+#include "gallery/code_names.h"
 #include "gallery/contrast.h"
 #include "gallery/guide/html.h"
 #include "gallery/guide/pages.h"
@@ -17,64 +17,6 @@ namespace Brisel::Gallery {
 namespace {
 
 constexpr Platform::CGSize kSwatch{40, 40};  // points
-
-struct Set {
-  std::string_view name, role;
-  std::string code, objectCode;  // that read it on the value-type interface and on the object interface
-  const Theme::ColorSet* colors;
-};
-
-// What the dark theme's sets are for, in field order.
-constexpr std::string_view kRoles[] = {
-    "Ordinary surfaces",
-    "Surfaces in the bright accent colour",
-    "Errors and what destroys",
-    "Warnings",
-    "Success",
-    "Announcements that inform",
-    "A dark inverted surface",
-    "A light inverted surface",
-    "A muted accent surface",
-    "Content over images or video; the card lies over a picture",
-};
-
-std::vector<Set> darkSets() {
-  std::vector<Set> sets;
-  const auto* role = std::begin(kRoles);
-  for (const auto& entry : Catalogue::colorSets()) {
-    const std::string call = std::string(entry.name) + "()";
-    sets.push_back({entry.name, *role++, "Brisel::Theme::dark()." + call, "VLMBriselColorTheme::dark()->" + call,
-                    &(Theme::dark().*entry.get)()});
-  }
-  return sets;
-}
-
-std::vector<Set> campaignSets() {
-  std::vector<Set> sets;
-  for (const auto& entry : Catalogue::campaignColorSets()) {
-    const std::string call = std::string(entry.name) + "()";
-    sets.push_back({entry.name,
-                    {},
-                    "Brisel::Theme::ColorSet::Campaign::" + call,
-                    "VLMBriselColorTheme::campaign()->" + call,
-                    &entry.get()});
-  }
-  return sets;
-}
-
-// "text.subdued" as ".text().subdued()", or with another `dot`.
-std::string calls(std::string_view path, std::string_view dot) {
-  std::string code(dot);
-  for (const char c : path) {
-    if (c == '.') {
-      code += "()";
-      code += dot;
-    } else {
-      code += c;
-    }
-  }
-  return code + "()";
-}
 
 const Catalogue::SlotEntry& slotAt(std::string_view path) {
   return *std::find_if(Catalogue::slots().begin(), Catalogue::slots().end(),
@@ -111,11 +53,10 @@ Pair poorestAmong(const Theme::ColorSet& set, std::string_view group) {
   return poorest;
 }
 
-// "7.55 AA"; the ratio is cut off, so that none seems to reach a limit that it misses.
+// "7.55 AA"
 std::string contrastText(const Contrast& contrast) {
-  return fillTemplate(
-      siteFile(contrast.level == ContrastLevel::fail ? "theme_fail.html" : "theme_pass.html"),
-      {{"ratio", decimal(std::floor(contrast.ratio * 100) / 100, 2)}, {"level", levelName(contrast.level)}});
+  return fillTemplate(siteFile(contrast.level == ContrastLevel::fail ? "theme_fail.html" : "theme_pass.html"),
+                      {{"ratio", ratioText(contrast.ratio)}, {"level", levelName(contrast.level)}});
 }
 
 // Without the group that goes without saying.
@@ -131,8 +72,9 @@ class ThemePage {
   }
 
   Page make() && {
-    const Section dark = section(darkSets()), campaign = section(campaignSets());
-    page_.markup = fillTemplate(siteFile("themes.html"), {{"darkLinks", dark.links},
+    const Section dark = section(false), campaign = section(true);
+    page_.markup = fillTemplate(siteFile("themes.html"), {{"method", kContrastMethod},
+                                                          {"darkLinks", dark.links},
                                                           {"dark", dark.articles},
                                                           {"campaignLinks", campaign.links},
                                                           {"campaign", campaign.articles}});
@@ -143,32 +85,34 @@ class ThemePage {
   struct Section {
     std::string links, articles;
   };
-  Section section(const std::vector<Set>& sets) {
+  Section section(bool isCampaign) {
     Section section;
-    for (const Set& set : sets) {
-      const Picture ground = swatch(*set.colors->background().base());
+    for (const NamedColorSet& set : allColorSets()) {
+      if (set.isCampaign != isCampaign) continue;
+      const Picture ground = swatch(*set.colors.background().base());
       section.links += fillTemplate(siteFile("theme_link.html"), {{"id", set.name}, {"image", ground.attributes()}});
       section.articles += article(set);
     }
     return section;
   }
 
-  std::string article(const Set& set) {
+  std::string article(const NamedColorSet& set) {
     const std::string name(set.name);
     const Picture card =
         pictures_.add("pictures/themes/" + name, kThemeCard,
-                      [colors = set.colors](Platform::Canvas& canvas) { paintThemeCard(canvas, *colors); });
-    const Platform::UIColor& ground = *set.colors->background().base();
+                      [&colors = set.colors](Platform::Canvas& canvas) { paintThemeCard(canvas, colors); });
+    const Platform::UIColor& ground = *set.colors.background().base();
     page_.contents.emplace_back(name, name);
-    page_.items.push_back({name, hexText(ground), swatch(ground).path + ".png", {set.code, set.objectCode}});
+    page_.items.push_back(
+        {name, hexText(ground), swatch(ground).path + ".png", {set.code.valueInterface, set.code.objectInterface}});
     std::string rows;
     for (const auto& slot : Catalogue::slots()) rows += row(set, slot);
     return fillTemplate(siteFile("theme_set.html"), {{"id", name},
                                                      {"role", set.role},
-                                                     {"code", set.code},
-                                                     {"objectCode", set.objectCode},
-                                                     {"poorestText", poorest(*set.colors, "text.")},
-                                                     {"poorestEssential", poorest(*set.colors, "essential.")},
+                                                     {"code", set.code.valueInterface},
+                                                     {"objectCode", set.code.objectInterface},
+                                                     {"poorestText", poorest(set.colors, "text.")},
+                                                     {"poorestEssential", poorest(set.colors, "essential.")},
                                                      {"image", card.attributes()},
                                                      {"rows", rows}});
   }
@@ -180,19 +124,19 @@ class ThemePage {
                                                          {"background", pair.background->path}});
   }
 
-  std::string row(const Set& set, const Catalogue::SlotEntry& slot) {
-    const Platform::UIColor& color = *slot.get(*set.colors);
-    const std::string code = calls(slot.path, "."), objectCode = calls(slot.path, "->");
+  std::string row(const NamedColorSet& set, const Catalogue::SlotEntry& slot) {
+    const Platform::UIColor& color = *slot.get(set.colors);
+    const CodeNames calls = slotCalls(slot);
     return fillTemplate(siteFile("theme_slot.html"), {{"set", set.name},
                                                       {"path", slot.path},
                                                       {"image", swatch(color).attributes()},
-                                                      {"setCode", set.code},
-                                                      {"code", code},
-                                                      {"setObjectCode", set.objectCode},
-                                                      {"objectCode", objectCode},
+                                                      {"setCode", set.code.valueInterface},
+                                                      {"code", calls.valueInterface},
+                                                      {"setObjectCode", set.code.objectInterface},
+                                                      {"objectCode", calls.objectInterface},
                                                       {"hex", hexText(color)},
                                                       {"components", componentText(color)},
-                                                      {"contrast", contrast(*set.colors, slot)}});
+                                                      {"contrast", contrast(set.colors, slot)}});
   }
 
   static std::string contrast(const Theme::ColorSet& set, const Catalogue::SlotEntry& slot) {
@@ -233,11 +177,10 @@ std::string slotNamesScript() {
   script += "const briselSlots = [";
   for (const auto& slot : Catalogue::slots()) script += quoteScript(slot.path) + ", ";
   script += "];\nconst briselColorSets = [\n";
-  auto sets = darkSets();
-  for (Set& set : campaignSets()) sets.push_back(std::move(set));
-  for (const Set& set : sets) {
-    script += "[" + quoteScript(set.name) + ", " + quoteScript(set.code) + ", " + quoteScript(set.objectCode);
-    for (const auto& slot : Catalogue::slots()) script += ", " + quoteScript(hexText(*slot.get(*set.colors)));
+  for (const NamedColorSet& set : allColorSets()) {
+    script += "[" + quoteScript(set.name) + ", " + quoteScript(set.code.valueInterface) + ", " +
+              quoteScript(set.code.objectInterface);
+    for (const auto& slot : Catalogue::slots()) script += ", " + quoteScript(hexText(*slot.get(set.colors)));
     script += "],\n";
   }
   return script + "];\n";

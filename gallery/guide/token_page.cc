@@ -1,6 +1,7 @@
 #include "brisel/tokens/catalogue.h"
 
 #include "gallery/catalogue_names.h"
+#include "gallery/code_names.h"
 #include "gallery/guide/html.h"
 #include "gallery/guide/pages.h"
 #include "gallery/guide/site_files.h"
@@ -21,15 +22,13 @@ class TokenPage {
     std::string spacers, opacities;
     for (const auto& entry : Catalogue::spacers()) {
       const Spacer spacer = entry.get();
-      spacers += row(entry.objectName, "Brisel::Spacer::" + std::string(entry.name) + "()",
-                     "VLMBriselSpacers::" + std::string(entry.objectName) + "()", spacer.value(), "points",
-                     kSpacerPicture, [spacer](Platform::Canvas& canvas) { paintSpacer(canvas, spacer); });
+      spacers += row(entry.objectName, codeNames(entry), spacer.value(), "points", kSpacerPicture,
+                     [spacer](Platform::Canvas& canvas) { paintSpacer(canvas, spacer); });
     }
     for (const auto& entry : Catalogue::opacities()) {
       const Opacity opacity = entry.get();
-      opacities += row(entry.objectName, "Brisel::Opacity::" + std::string(entry.name) + "()",
-                       "VLMBriselOpacities::" + std::string(entry.objectName) + "()", opacity.value(), "",
-                       kOpacityPicture, [opacity](Platform::Canvas& canvas) { paintOpacity(canvas, opacity); });
+      opacities += row(entry.objectName, codeNames(entry), opacity.value(), "", kOpacityPicture,
+                       [opacity](Platform::Canvas& canvas) { paintOpacity(canvas, opacity); });
     }
     page_.markup =
         fillTemplate(siteFile("tokens.html"), {{"spacerCount", std::to_string(Catalogue::spacers().size())},
@@ -40,15 +39,15 @@ class TokenPage {
   }
 
  private:
-  std::string row(std::string_view name, const std::string& code, const std::string& objectCode, double number,
-                  std::string_view unit, Platform::CGSize size, PictureBook::Paint paint) {
+  std::string row(std::string_view name, const CodeNames& code, double number, std::string_view unit,
+                  Platform::CGSize size, PictureBook::Paint paint) {
     const std::string id(name), value = decimal(number);
     const Picture picture = pictures_.add("pictures/tokens/" + id, size, std::move(paint));
-    page_.items.push_back({id, value, picture.path + ".png", {code, objectCode}});
+    page_.items.push_back({id, value, picture.path + ".png", {code.valueInterface, code.objectInterface}});
     return fillTemplate(siteFile("token_row.html"), {{"id", id},
                                                      {"image", picture.attributes()},
-                                                     {"code", code},
-                                                     {"objectCode", objectCode},
+                                                     {"code", code.valueInterface},
+                                                     {"objectCode", code.objectInterface},
                                                      {"value", value},
                                                      {"unit", unit}});
   }
