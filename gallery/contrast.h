@@ -4,7 +4,8 @@
 // - Components are taken as designed, not as the bytes that a screen would show.
 // - A translucent background lies over the set's own `background.base`. Where that is translucent too, the set is made
 //   to lie on media: each of its backgrounds then lies on the media itself, taken once as black and once as white, and
-//   the poorer ratio counts.
+//   the poorer ratio counts. For a foreground as light or as dark as any media, such as the white of overMedia, nothing
+//   between the two is poorer.
 // - A translucent foreground lies over the background that results.
 // - One colour lies over another as canvases draw it: component by component, as encoded, without linear light.
 #pragma once

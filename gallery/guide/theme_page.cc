@@ -144,7 +144,10 @@ class ThemePage {
       return fillTemplate(siteFile("theme_ground.html"),
                           {{"contrast", contrastText(contrastOf(set, slotAt("text.base"), slot))}});
     }
-    if (!isForeground(slot)) return {};
+    if (!isForeground(slot)) {
+      return fillTemplate(siteFile("theme_decoration.html"),
+                          {{"ratio", ratioText(contrastOf(set, slot, slotAt("background.base")).ratio)}});
+    }
     const Pair poorest = poorestOf(set, slot);
     return fillTemplate(siteFile("theme_foreground.html"),
                         {{"contrast", contrastText(contrastOf(set, slot, slotAt("background.base")))},
