@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """What `brisel tokens --format dtcg` writes obeys the Design Tokens Format Module 2025.10
-(https://www.designtokens.org/tr/2025.10/), and what the export promises beyond it: a type on every token, values in full
-without references, and no braces in texts, which some readers take for references there too.
+(https://www.designtokens.org/tr/2025.10/), and what the export promises beyond it: a type on every token, values in
+full without references, and no braces in texts, which some readers take for references there too.
 
 `problems` is the checker. It knows the types that are exported, and refuses the format's other ones. That it can fail
 is proved by a bad document for each of its rules.

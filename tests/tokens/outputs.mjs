@@ -11,8 +11,8 @@ const captureNumbers = (pattern, text) => capture(pattern, text)?.map(Number);
 const captureNumber = (pattern, text) => captureNumbers(pattern, text)?.[0];
 const byteFractions = (digits) => digits.match(/../g).map((byte) => parseInt(byte, 16) / 255);
 
-// How values are read, by types of tokens. What does not look as it must gives undefined. Colours are [red, green, blue,
-// alpha], 0…1.
+// How values are read, by types of tokens. What does not look as it must gives undefined.
+// Colours are [red, green, blue, alpha], 0…1.
 const number = (text) => captureNumber(/^(\d+(?:\.\d+)?)$/, text);
 const wholeNumber = (text) => captureNumber(/^(\d+)$/, text);
 const px = (text) => captureNumber(/^([\d.]+)px$/, text);
@@ -86,7 +86,8 @@ const scssLine = (line) => capture(/^\$([\w-]+): (.*);$/, line);
 const composeLine = (line) => capture(/^ *val (\w+) = (.*)$/, line);
 const swiftLine = (line) => capture(/^ *public static let (\w+) = (.*)$/, line);
 function androidLine(line) {
-  const [kind, name, value] = capture(/^ *<(\w+) name="(\w+)"(?: type="dimen" format="float")?>(.*)<\/\1>$/, line) ?? [];
+  const [kind, name, value] =
+    capture(/^ *<(\w+) name="(\w+)"(?: type="dimen" format="float")?>(.*)<\/\1>$/, line) ?? [];
   return kind && [name, `${kind}: ${value}`];
 }
 

@@ -1,7 +1,7 @@
 // What Style Dictionary makes of the exported tokens, with the switches that it needs to spoil none of them.
-// $TOKENS names the directory that has them in dtcg/.
+// The working directory has them in dtcg/.
 
-const buildPath = `${process.env.TOKENS}/style-dictionary/`;
+const buildPath = "style-dictionary/";
 // Lengths are px; the mobile platforms take them for rem, and would multiply by sixteen.
 const basePxFontSize = 1;
 const options = { className: "Brisel", packageName: "brisel" };
@@ -12,7 +12,7 @@ const isSource = ({ $type }) => $type !== "fontFamily";
 
 export default {
   // The whole, beside the families, would define each token twice.
-  source: [`${process.env.TOKENS}/dtcg/!(brisel).tokens.json`],
+  source: ["dtcg/!(brisel).tokens.json"],
   // Collisions and what cannot be transformed end the build.
   log: { warnings: "error" },
   // Otherwise CSS loses the letter spacing, and the mobile platforms write [object Object]. As font sizes both lengths

@@ -1,5 +1,5 @@
 // What Terrazzo makes of the exported tokens, with the rules of the format that it can hold them to.
-// $TOKENS names the directory that has them in dtcg/.
+// The working directory has them in dtcg/.
 
 import { defineConfig } from "@terrazzo/cli";
 import css from "@terrazzo/plugin-css";
@@ -7,8 +7,8 @@ import css from "@terrazzo/plugin-css";
 const validity = ["color", "font-family", "font-weight", "number", "typography"];
 
 export default defineConfig({
-  tokens: [`${process.env.TOKENS}/dtcg/brisel.tokens.json`],
-  outDir: `${process.env.TOKENS}/terrazzo/`,
+  tokens: ["dtcg/brisel.tokens.json"],
+  outDir: "terrazzo/",
   plugins: [css({ filename: "brisel.css" })],
   lint: {
     rules: {
