@@ -1,5 +1,6 @@
-// Any command line: it is either refused in one line or understood, and then all that it says lies within the stated
-// limits and comes from the arguments. They are parted by zero bytes, the one byte that no argument can hold.
+// Any command line: it is either refused, in one line of clean text, or understood, and then all that it says lies
+// within the stated limits and comes from the arguments. They are parted by zero bytes, the one byte that no argument
+// can hold.
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -11,8 +12,11 @@
 #include <variant>
 #include <vector>
 
+#include "brisel/platform/internal/utf.h"
+
 #include "fuzz/input.h"
 #include "gallery/arguments.h"
+#include "gallery/one_line.h"
 
 namespace {
 
@@ -95,10 +99,13 @@ std::string outcome(const Arguments& arguments) {
   try {
     return std::visit(Reader(arguments), parseArguments(arguments));
   } catch (const UsageError& error) {
-    const std::string_view why = error.what();
+    const std::string why = onOneLine(error.what());
     require(!why.empty());
+    require(Brisel::Platform::internal::wellFormed(why) == why);
     require(std::none_of(why.begin(), why.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; }));
-    return "refused: " + std::string(why);
+    for (std::size_t i = why.find('\xC2'); i != std::string::npos; i = why.find('\xC2', i + 1))
+      require(static_cast<unsigned char>(why[i + 1]) >= 0xA0);  // U+0080 … U+009F are controls too
+    return "refused: " + why;
   }
 }
 

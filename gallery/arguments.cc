@@ -1,8 +1,6 @@
 #include "gallery/arguments.h"
 
-#include <algorithm>
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include "gallery/options.h"
@@ -152,15 +150,7 @@ constexpr Parser kParsers[] = {{"gallery", parseGallery}, {"text", parseText},  
                                {"tokens", parseTokens},   {"contrast", parseContrast}};
 constexpr std::string_view kCommands = "gallery, text, icon, icons, compare, scale, tokens or contrast";
 
-std::string onOneLine(std::string message) {
-  const auto isControl = [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '\x7F'; };
-  std::replace_if(message.begin(), message.end(), isControl, '?');
-  return message;
-}
-
 }  // namespace
-
-UsageError::UsageError(std::string message) : std::runtime_error(onOneLine(std::move(message))) {}
 
 Command parseArguments(Arguments arguments) {
   if (arguments.empty()) throw UsageError("a command is missing: " + std::string(kCommands));

@@ -12,11 +12,10 @@
 
 namespace Brisel::Gallery {
 
-/// A command line that cannot be understood. `what()` says why, in one line: control characters in the message, which
-/// come from what was typed, become question marks.
+/// A command line that cannot be understood. `what()` says why, with what was typed as it is.
 class UsageError : public std::runtime_error {
  public:
-  explicit UsageError(std::string message);
+  using std::runtime_error::runtime_error;
 };
 
 // The commands. Names of styles, colours and icons are as given: who carries a command out looks them up.

@@ -31,7 +31,7 @@ Exit status: 0 done, 1 failed, 2 not understood. That of compare: 0 equal, 1 dif
 
 Writes the style guide, a site that opens from its index.html. It appears in DIR all
 at once when it is complete. An older style guide there is replaced; any other
-directory must be empty.
+directory must be empty. DIR itself cannot be a mount point.
 
   -o, --out DIR           where to
 )"},
@@ -103,7 +103,8 @@ for other tools.
       --format FORMAT     dtcg: Design Tokens files, version 2025.10, one a family and one of
                           them all; css: custom properties; json: a list for scripts
   -o, --out DIR           where dtcg files go: they appear there all at once. An older export
-                          there is replaced; any other directory must be empty
+                          there, as it was written and nothing beside it, is replaced; any
+                          other directory must be empty; DIR itself cannot be a mount point
   -o, --out FILE          where the others go (standard output)
 )"},
     {"contrast",

@@ -11,7 +11,9 @@ static_assert(std::atomic<bool>::is_always_lock_free);  // a signal handler may 
 
 void noteInterruptions() {
   for (const int number : {SIGINT, SIGTERM, SIGHUP}) {
-    std::signal(number, [](int) { interrupted = true; });
+    struct sigaction before = {};
+    const bool isIgnored = ::sigaction(number, nullptr, &before) == 0 && before.sa_handler == SIG_IGN;
+    if (!isIgnored) std::signal(number, [](int) { interrupted = true; });
   }
 }
 

@@ -6,7 +6,7 @@ namespace Brisel::Gallery {
 struct Interrupted {};
 
 /// From now on, an interrupt or a request to end is noted instead of ending the process at once, so that drafts can be
-/// removed.
+/// removed. What was ignored when the program started stays ignored, as nohup wants it.
 void noteInterruptions();
 bool wasInterrupted();
 

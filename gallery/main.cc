@@ -19,6 +19,7 @@
 #include "gallery/commands/tokens_command.h"
 #include "gallery/guide/site.h"
 #include "gallery/interruption.h"
+#include "gallery/one_line.h"
 
 namespace {
 
@@ -34,7 +35,9 @@ void print(std::string_view text) {
     throw std::runtime_error("cannot write to standard output: " + std::generic_category().message(errno));
 }
 
-void complain(const std::string& text) { std::fputs(("brisel: " + text + "\n").c_str(), stderr); }
+void printError(const std::string& text) { std::fputs(("brisel: " + text + "\n").c_str(), stderr); }
+
+void complain(std::string_view text) { printError(onOneLine(text)); }
 
 // Each returns the exit status.
 int run(const HelpCommand& command) { return print(helpText(command.topic)), done; }
@@ -50,7 +53,7 @@ int run(const ContrastCommand& command) {
   const ContrastReport report = contrastReport(command);
   print(report.text);
   if (report.shortfall.empty()) return done;
-  complain(report.shortfall);
+  printError(report.shortfall);  // a line for each pair
   return failed;
 }
 

@@ -9,6 +9,7 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace Brisel::Gallery {
@@ -24,10 +25,25 @@ namespace fs = std::filesystem;
   fail(what, path, error.message());
 }
 
-// A name beside `place` that nobody else uses: our process's number, hidden from listings.
-fs::path beside(const fs::path& place, std::string_view purpose) {
-  return place.parent_path() /
-         ("." + place.filename().string() + "." + std::string(purpose) + "-" + std::to_string(::getpid()));
+// Both fail where something has that name, and return 0 where they succeed.
+int makeEmptyDirectory(const char* path) { return ::mkdir(path, 0777); }
+int makeEmptyFile(const char* path) {
+  const int file = ::open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+  return file < 0 ? file : ::close(file);
+}
+
+// Makes something new beside `place`, hidden from listings. What an ended process left there may bear our number, which
+// is always the same in a container: names that are taken are passed over. Empty where there is an error.
+fs::path makeBeside(const fs::path& place, std::string_view purpose, int (*make)(const char*), std::error_code& error) {
+  for (long number = ::getpid();; ++number) {
+    const std::string name =
+        "." + place.filename().string() + "." + std::string(purpose) + "-" + std::to_string(number);
+    fs::path path = place.parent_path() / name;
+    if (make(path.c_str()) == 0) return path;
+    if (errno == EEXIST) continue;
+    error.assign(errno, std::generic_category());
+    return {};
+  }
 }
 
 // Returns what went wrong, if anything.
@@ -60,6 +76,9 @@ std::span<const std::uint8_t> bytesOf(std::string_view text) {
 }
 
 bool headHolds(const fs::path& file, std::string_view text) {
+  std::error_code ignored;
+  // Opening a pipe would wait for who writes to it.
+  if (!fs::is_regular_file(fs::symlink_status(file, ignored))) return false;
   std::ifstream stream(file, std::ios::binary);
   std::array<char, 4096> head{};
   stream.read(head.data(), head.size());
@@ -72,11 +91,12 @@ void writeFile(const fs::path& file, std::span<const std::uint8_t> bytes) {
   const fs::file_status status = fs::status(place, ignored);
   // A device must not be replaced by a picture.
   if (fs::exists(status) && !fs::is_regular_file(status)) fail("cannot write", file, "it is not a regular file");
-  const fs::path draft = beside(place, "draft");
-  std::error_code error = writePlainly(draft, bytes);
+  std::error_code error;
+  const fs::path draft = makeBeside(place, "draft", makeEmptyFile, error);
+  if (!error) error = writePlainly(draft, bytes);
   if (!error) fs::rename(draft, place, error);
   if (!error) return;
-  fs::remove(draft, ignored);
+  if (!draft.empty()) fs::remove(draft, ignored);
   fail("cannot write", file, error);
 }
 
@@ -91,8 +111,9 @@ OutputDirectory::OutputDirectory(const fs::path& place, const std::function<bool
     if (!isEmpty && !isEarlier(place_)) fail("cannot use", place, "it holds other files");
   }
   makeDirectories(place_.parent_path());
-  draft_ = beside(place_, "draft");
-  makeDirectories(draft_);
+  error.clear();
+  draft_ = makeBeside(place_, "draft", makeEmptyDirectory, error);
+  if (error) fail("cannot make a directory beside", place, error);
 }
 
 OutputDirectory::~OutputDirectory() {
@@ -120,19 +141,23 @@ void OutputDirectory::commit() {
     draft_.clear();
     return;
   }
-  const fs::path old = beside(place_, "old");
-  if (fs::exists(place_, error)) {
-    fs::rename(place_, old, error);
-    if (error) fail("cannot replace", place_, error);
+  std::error_code ignored;
+  fs::path old;
+  if (fs::exists(place_, ignored)) {
+    old = makeBeside(place_, "old", makeEmptyDirectory, error);
+    if (!error) fs::rename(place_, old, error);
+    if (error) {
+      if (!old.empty()) fs::remove(old, ignored);
+      fail("cannot replace", place_, error);
+    }
   }
   fs::rename(draft_, place_, error);
   if (error) {
-    std::error_code ignored;
-    fs::rename(old, place_, ignored);
+    if (!old.empty()) fs::rename(old, place_, ignored);
     fail("cannot write", place_, error);
   }
   draft_.clear();
-  fs::remove_all(old, error);
+  if (!old.empty()) fs::remove_all(old, ignored);
 }
 
 }  // namespace Brisel::Gallery

@@ -15,7 +15,7 @@ std::span<const std::uint8_t> bytesOf(std::string_view text);
 /// nothing is left behind then.
 void writeFile(const std::filesystem::path& file, std::span<const std::uint8_t> bytes);
 
-/// Whether the first kilobytes of a file hold a text. False for what is no file.
+/// Whether the first kilobytes of a file hold a text. False for what is no regular file, a link to one included.
 bool headHolds(const std::filesystem::path& file, std::string_view text);
 
 /// A directory that is filled beside its place and moved there when it is complete.

@@ -9,6 +9,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace Brisel::Gallery {
 namespace {
@@ -113,6 +115,33 @@ TEST_F(OutputDirectoryTest, RefusesADirectoryWithOtherFiles) {
   EXPECT_THAT(complaint(root_ / "site"), HasSubstr("it holds other files"));
   EXPECT_THAT(names(root_ / "site"), UnorderedElementsAre("letters.txt", "index.html"));
   EXPECT_THAT(names(root_), ElementsAre("site"));
+}
+
+TEST_F(OutputDirectoryTest, RefusesAPipeOrALinkForItsMark) {
+  fs::create_directories(root_ / "site");
+  ASSERT_EQ(::mkfifo((root_ / "site/index.html").c_str(), 0600), 0);
+  EXPECT_THAT(complaint(root_ / "site"), HasSubstr("it holds other files"));
+  fs::remove(root_ / "site/index.html");
+  put(root_ / "elsewhere", "the mark");
+  fs::create_symlink(root_ / "elsewhere", root_ / "site/index.html");
+  EXPECT_THAT(complaint(root_ / "site"), HasSubstr("it holds other files"));
+}
+
+// Whoever was killed may have had our number.
+TEST_F(OutputDirectoryTest, LeavesDraftsOfOthersAlone) {
+  const std::string number = std::to_string(::getpid());
+  const fs::path stale = root_ / (".site.draft-" + number), staleFile = root_ / (".a.png.draft-" + number);
+  put(stale / "outdated.html", "old");
+  put(staleFile, "old");
+  OutputDirectory directory(root_ / "site", isMarked);
+  directory.write("index.html", "the mark");
+  directory.commit();
+  writeFile(root_ / "a.png", bytesOf("new"));
+  EXPECT_THAT(names(root_ / "site"), ElementsAre("index.html"));
+  EXPECT_EQ(read(stale / "outdated.html"), "old");
+  EXPECT_EQ(read(staleFile), "old");
+  EXPECT_EQ(read(root_ / "a.png"), "new");
+  EXPECT_EQ(names(root_).size(), 4U);
 }
 
 TEST_F(OutputDirectoryTest, RefusesAFileInItsPlace) {

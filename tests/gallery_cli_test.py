@@ -349,6 +349,16 @@ class CommandLine(unittest.TestCase):
         self.assertEqual((list(report), report["guidelines"]), (["method", "guidelines", "pairs"], "WCAG 2.2"))
         return report["pairs"]
 
+    def test_complaints_send_nothing_of_a_path_to_the_terminal(self):
+        dirty = os.fsencode(self.folder) + b"/no\n\x1b[31mred\xc2\x9b\xff\xc3\xa9"
+        for status, arguments in [(1, ["tokens", "--format", "css", "-o", dirty + b"/x"]),
+                                  (1, ["scale", dirty, "2", "-o", dirty]), (2, ["compare", dirty, dirty]),
+                                  (2, ["tokens", dirty]), (2, ["icon", dirty, "-o", dirty])]:
+            result = subprocess.run([PROGRAM, *arguments], capture_output=True, timeout=60)
+            self.assertEqual((result.returncode, result.stdout), (status, b""), result.stderr)
+            self.assertRegex(result.stderr.decode(), r"\Abrisel: [^\x00-\x1f\x7f-\x9f]+\n\Z")
+            self.assertIn("/no??[31mred??é", result.stderr.decode())
+
     def test_contrast_is_listed_for_every_pair_of_every_set(self):
         pairs = self.contrast_pairs()
         self.assertEqual(len({(pair["set"], pair["foreground"], pair["background"]) for pair in pairs}), 25 * 14 * 12)
@@ -406,7 +416,11 @@ class CommandLine(unittest.TestCase):
         self.assertEqual(len(machine.stderr.splitlines()), 1 + len(below))
 
     def test_an_interrupted_style_guide_leaves_nothing_behind(self):
-        with subprocess.Popen([PROGRAM, "gallery", "--out", self.folder / "site"], stderr=subprocess.PIPE) as process:
+        def heed_interrupts():  # which whoever runs the test in the background may ignore
+            signal.signal(signal.SIGINT, signal.SIG_DFL)
+
+        with subprocess.Popen([PROGRAM, "gallery", "--out", self.folder / "site"], stderr=subprocess.PIPE,
+                              preexec_fn=heed_interrupts) as process:
             deadline = time.monotonic() + 60
             while not list(self.folder.glob(".site.*/pictures")) and time.monotonic() < deadline:
                 time.sleep(0.01)

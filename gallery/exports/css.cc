@@ -62,11 +62,12 @@ std::string colorValue(const Platform::UIColor& color) {
   return value + ")";
 }
 
-// Generic families are keywords, which quotes would make names of.
+// The last family is generic: a keyword, which quotes would make a name of.
 std::string familyList(const std::vector<std::string>& families) {
   std::string list;
-  for (const std::string& family : families) {
-    list += (list.empty() ? "" : ", ") + (family == "sans-serif" ? family : cssString(family));
+  for (std::size_t i = 0; i < families.size(); ++i) {
+    const bool isGeneric = i + 1 == families.size();
+    list += (i == 0 ? "" : ", ") + (isGeneric ? families[i] : cssString(families[i]));
   }
   return list;
 }
@@ -93,7 +94,9 @@ struct PropertiesOf {
 
 std::string deprecationComment(const Token& token) {
   if (!token.deprecated) return {};
-  return token.deprecated->empty() ? " /* deprecated */" : " /* deprecated: " + *token.deprecated + " */";
+  std::string text = *token.deprecated;
+  for (std::size_t end = text.find("*/"); end != std::string::npos; end = text.find("*/")) text.insert(end + 1, " ");
+  return text.empty() ? " /* deprecated */" : " /* deprecated: " + text + " */";
 }
 
 }  // namespace

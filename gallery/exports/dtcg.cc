@@ -1,6 +1,7 @@
 #include "gallery/exports/dtcg.h"
 
 #include <algorithm>
+#include <map>
 #include <string_view>
 #include <vector>
 
@@ -57,10 +58,26 @@ void addGroup(std::string& text, const Node& group, const std::string& indent) {
   text += "\n" + indent + "}";
 }
 
-// Whether all that a directory holds was exported.
+constexpr std::string_view kWhole = "brisel";  // the file of all families
+
+std::string fileName(std::string_view of) { return std::string(of) + ".tokens.json"; }
+
+// The names of the files and the family that each begins with.
+std::map<std::string, std::string_view> exportedFiles() {
+  std::map<std::string, std::string_view> files{{fileName(kWhole), tokenFamilies().front().name}};
+  for (const TokenFamily& family : tokenFamilies()) files.emplace(fileName(family.name), family.name);
+  return files;
+}
+
+// Whether all that a directory holds was exported, as what is replaced is deleted. Names and key are published, and
+// others may use them: the files must begin as they are written here, too.
 bool holdsExportsAlone(const fs::path& directory) {
+  const std::map<std::string, std::string_view> files = exportedFiles();
+  const std::string mark = R"("$extensions":{")" + std::string(kExportMark) + R"(":{)";
   for (const fs::directory_entry& entry : fs::directory_iterator(directory)) {
-    if (!headHolds(entry.path(), kExportMark)) return false;
+    const auto file = files.find(entry.path().filename().string());
+    if (file == files.end() || !headHolds(entry.path(), mark)) return false;
+    if (!headHolds(entry.path(), "{\n  \"" + std::string(file->second) + "\": {\n")) return false;
   }
   return true;
 }
@@ -86,11 +103,11 @@ void writeDtcg(const fs::path& directory) {
   std::vector<Token> all;
   for (const TokenFamily& family : tokenFamilies()) {
     const std::vector<Token> tokens = family.tokens();
-    output.write(std::string(family.name) + ".tokens.json", dtcgText(tokens));
+    output.write(fileName(family.name), dtcgText(tokens));
     all.insert(all.end(), tokens.begin(), tokens.end());
     if (wasInterrupted()) throw Interrupted();
   }
-  output.write("brisel.tokens.json", dtcgText(all));
+  output.write(fileName(kWhole), dtcgText(all));
   output.commit();
 }
 

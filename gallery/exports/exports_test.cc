@@ -11,6 +11,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "brisel/themes/catalogue.h"
 #include "brisel/typography/catalogue.h"
@@ -377,11 +378,10 @@ TEST(DtcgExport, ReplacesAnEarlierOneByTheSameBytes) {
   const fs::path place = directory.path() / "tokens";
   writeDtcg(place);
   const std::string before = read(place / "brisel.tokens.json");
-  fs::rename(place / "icon.tokens.json", place / "glyph.tokens.json");  // a family that has gone
+  fs::remove(place / "icon.tokens.json");  // by a version that lacked the family
   writeDtcg(place);
   EXPECT_EQ(read(place / "brisel.tokens.json"), before);
   EXPECT_TRUE(fs::exists(place / "icon.tokens.json"));
-  EXPECT_FALSE(fs::exists(place / "glyph.tokens.json"));
 }
 
 TEST(DtcgExport, LeavesADirectoryAloneThatHoldsAnythingElse) {
@@ -395,6 +395,61 @@ TEST(DtcgExport, LeavesADirectoryAloneThatHoldsAnythingElse) {
   fs::remove(place / "style-dictionary.json");
   fs::create_directories(place / "mine");
   EXPECT_THAT(again, testing::ThrowsMessage<std::runtime_error>(HasSubstr("it holds other files")));
+}
+
+// The key is published, so files of others hold it as well.
+TEST(DtcgExport, DeletesNoFileOfOthersThatHoldsItsKey) {
+  const TemporaryDirectory directory;
+  const fs::path place = directory.path() / "tokens";
+  const auto refuses = [&place] {
+    EXPECT_THAT([&place] { writeDtcg(place); },
+                testing::ThrowsMessage<std::runtime_error>(HasSubstr("it holds other files")));
+  };
+  writeDtcg(place);
+  const std::string family = read(place / "icon.tokens.json");
+  for (const auto* name : {"build.mjs", "README.md", "mine.tokens.json", "icon.tokens.json.orig", "icon.json"}) {
+    SCOPED_TRACE(name);
+    std::ofstream(place / name) << family;
+    refuses();
+    EXPECT_EQ(read(place / name), family);
+    EXPECT_EQ(std::distance(fs::directory_iterator(place), {}), 10);
+    fs::remove(place / name);
+  }
+  fs::remove_all(place);
+  fs::create_directories(place);
+  std::ofstream(place / "build.mjs") << "t.$extensions['foundation.brisel'].valueInterface";
+  refuses();
+  EXPECT_EQ(read(place / "build.mjs"), "t.$extensions['foundation.brisel'].valueInterface");
+}
+
+TEST(DtcgExport, TakesAFileForItsOwnOnlyAsItWritesIt) {
+  const TemporaryDirectory directory;
+  const fs::path place = directory.path() / "tokens", file = place / "icon.tokens.json";
+  const auto refuses = [&place] {
+    EXPECT_THAT([&place] { writeDtcg(place); },
+                testing::ThrowsMessage<std::runtime_error>(HasSubstr("it holds other files")));
+  };
+  writeDtcg(place);
+  const std::string ours = read(file), other = read(place / "theme.tokens.json");
+  for (const std::string& text :
+       {Json::parse(ours).dump(), Json::parse(ours).dump(2), other,
+        std::string("{\n  \"icon\": {\n    \"$description\": \"foundation.brisel\"\n  }\n}\n")}) {
+    std::ofstream(file) << text;
+    refuses();
+    EXPECT_EQ(read(file), text);
+  }
+  fs::remove(file);
+  std::ofstream(directory.path() / "elsewhere") << ours;
+  fs::create_symlink(directory.path() / "elsewhere", file);
+  refuses();
+  EXPECT_TRUE(fs::is_symlink(file));
+  fs::remove(file);
+  ASSERT_EQ(::mkfifo(file.c_str(), 0600), 0);
+  refuses();  // and does not wait for who writes to it
+  EXPECT_TRUE(fs::is_fifo(file));
+  fs::remove(file);
+  std::ofstream(file) << ours;
+  writeDtcg(place);
 }
 
 TEST(DtcgExport, StaysReadable) {
@@ -471,6 +526,16 @@ TEST(CssExport, HasNothingThatTheCataloguesLack) {
 TEST(CssExport, EscapesWhatStringsCannotHold) {
   const std::vector<Token> tokens{{{"type"}, TypeSetting{{"A \"b\" \\ c\nd", "sans-serif"}, 1.5, 400, 1.2}, "", ""}};
   EXPECT_THAT(cssText(tokens), HasSubstr(R"(  --brisel-type: 400 1.5px/1.2 "A \"b\" \\ c\a d", sans-serif;)"));
+}
+
+TEST(CssExport, TakesTheLastFamilyForTheGenericOne) {
+  const std::vector<Token> tokens{{{"type"}, TypeSetting{{"sans-serif", "system-ui"}, 1, 400, 1.2}, "", ""}};
+  EXPECT_THAT(cssText(tokens), HasSubstr("--brisel-type-font-family: \"sans-serif\", system-ui;\n"));
+}
+
+TEST(CssExport, EndsNoCommentEarly) {
+  const std::vector<Token> tokens{{{"a"}, 1.0, "", "", Json::object(), "Take */b**/ or */*/."}};
+  EXPECT_THAT(cssText(tokens), HasSubstr("  --brisel-a: 1; /* deprecated: Take * /b** / or * /* /. */\n"));
 }
 
 TEST(CssExport, MovesThePointOfPercentages) {

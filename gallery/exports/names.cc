@@ -1,5 +1,6 @@
 #include "gallery/exports/names.h"
 
+#include <algorithm>
 #include <map>
 #include <stdexcept>
 
@@ -32,6 +33,23 @@ void requireGoodNames(const Token& token) {
     if (name.empty()) refuse(token, "has an empty name in its path");
     if (name.front() == '$') refuse(token, "has a name that starts with $");
     if (name.find_first_of("{}.") != std::string::npos) refuse(token, "has a name with a brace or a dot");
+  }
+}
+
+bool hasBraces(const Json& json) {
+  if (json.is_string()) return json.get_ref<const std::string&>().find_first_of("{}") != std::string::npos;
+  if (!json.is_structured()) return false;
+  const auto items = json.items();
+  return std::any_of(items.begin(), items.end(),
+                     [](const auto& item) { return hasBraces(Json(item.key())) || hasBraces(item.value()); });
+}
+
+// Readers take braces in any text for a reference.
+void requireNoReferences(const Token& token) {
+  const auto* setting = std::get_if<TypeSetting>(&token.value);
+  if (hasBraces({token.valueInterface, token.objectInterface, token.deprecated.value_or(""), token.facts,
+                 setting != nullptr ? setting->families : std::vector<std::string>()})) {
+    refuse(token, "has braces in a text");
   }
 }
 
@@ -77,9 +95,7 @@ void requireExportable(std::span<const Token> tokens) {
       if (place->second.path != path) refuse(token, "differs from " + place->second.path + " in case alone");
       if (isToken || place->second.isToken) refuse(token, "finds the place of " + path + " taken");
     }
-    if (token.deprecated && token.deprecated->find_first_of("{}") != std::string::npos) {
-      refuse(token, "has braces in its deprecation");
-    }
+    requireNoReferences(token);
   }
 }
 

@@ -22,7 +22,7 @@ std::string customPropertyName(const Token& token);
 
 /// Throws std::logic_error where tokens cannot be exported together: a name that is empty, starts with "$" or holds
 /// "{", "}" or "."; a path that is taken, leads through a token or differs from another one in case alone; and braces
-/// in a text that readers would take for a reference.
+/// in any text of a token, which readers would take for a reference.
 void requireExportable(std::span<const Token> tokens);
 
 }  // namespace Brisel::Gallery

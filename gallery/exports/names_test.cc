@@ -87,10 +87,21 @@ TEST(TokenNames, AreRefusedWhereTheyCollideInAStyleSheet) {
   EXPECT_THAT(collision(tokens), HasSubstr("taken"));
 }
 
-TEST(TokenNames, AreNeverReferencesInADeprecation) {
-  std::vector<Token> tokens = named({{"a"}});
-  tokens.front().deprecated = "Take {b} instead.";
-  EXPECT_EQ(complaint([&] { requireExportable(tokens); }), "the token a has braces in its deprecation");
+TEST(TokenTexts, AreRefusedWhereTheyWouldBeReferences) {
+  const auto refusal = [](const Token& token) {
+    return complaint([&token] { requireExportable(std::vector<Token>{token}); });
+  };
+  const TypeSetting setting{{"Tondal {b}", "sans-serif"}, 1, 400, 1.2};
+  EXPECT_EQ(refusal({{"a"}, 1.0, "a()", "b()", {{"n", 1}, {"t", "x"}}, "Take b."}), "no complaint");
+  for (const Token& bad : std::vector<Token>{{{"a"}, 1.0, "", "", Json::object(), "Take {b} instead."},
+                                             {{"a"}, 1.0, "a({})", ""},
+                                             {{"a"}, 1.0, "", "}"},
+                                             {{"a"}, 1.0, "", "", {{"name", "{b}"}}},
+                                             {{"a"}, 1.0, "", "", {{"list", Json::array({1, "{b}"})}}},
+                                             {{"a"}, 1.0, "", "", {{"{b}", 1}}},
+                                             {{"a"}, setting, "", ""}}) {
+    EXPECT_EQ(refusal(bad), "the token a has braces in a text");
+  }
 }
 
 }  // namespace
