@@ -73,7 +73,7 @@ std::map<std::string, std::string_view> exportedFiles() {
 // others may use them: the files must begin as they are written here, too.
 bool holdsExportsAlone(const fs::path& directory) {
   const std::map<std::string, std::string_view> files = exportedFiles();
-  const std::string mark = "\"$extensions\":{\"" + std::string(kExportMark) + "\":{";
+  const std::string mark = R"("$extensions":{")" + std::string(kExportMark) + R"(":{)";
   for (const fs::directory_entry& entry : fs::directory_iterator(directory)) {
     const auto file = files.find(entry.path().filename().string());
     if (file == files.end() || !headHolds(entry.path(), mark)) return false;
