@@ -57,6 +57,9 @@ export async function test(name, path, body, { width = 1440, height = 900, ...op
 
 export const clipboard = (page) => page.evaluate(() => navigator.clipboard.readText());
 export const toast = (page) => page.locator(".toast").textContent();
+// Waits until the page says that it copied a text.
+export const copied = (page, text) => page.waitForFunction(
+  (expected) => document.querySelector(".toast").textContent === `Copied ${expected}`, text);
 
 // Scrolls through the whole page, so that what loads late has loaded.
 export async function scrollThrough(page) {

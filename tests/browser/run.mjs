@@ -7,10 +7,26 @@ import { readFileSync } from "node:fs";
 import { join } from "node:path";
 import { createRequire } from "node:module";
 import { pathToFileURL } from "node:url";
-import { clipboard, finish, scrollThrough, site, test, toast } from "./harness.mjs";
+import { clipboard, copied, finish, scrollThrough, site, test, toast } from "./harness.mjs";
 
 const axe = readFileSync(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf8");
 const widths = [360, 1440, 1920];
+// Rows whose markup differs in texts and numbers alone are all the same to axe: one of each shape stays, which spares
+// it hundreds.
+const removeEqualRows = (page) => page.evaluate(() => {
+  const shape = (element) => [element.tagName,
+    ...element.getAttributeNames().map((name) => `${name} ${element.getAttribute(name) === ""}`).sort(),
+    ...["class", "role", "tabindex"].map((name) => element.getAttribute(name)),
+    element.textContent.trim() === "", ...[...element.children].map(shape)].join(" ");
+  for (const grid of document.querySelectorAll("[role='grid']")) {
+    const shapes = new Set();
+    for (const row of grid.querySelectorAll("[role='row']")) {
+      const own = shape(row);
+      if (shapes.has(own)) row.remove();
+      shapes.add(own);
+    }
+  }
+});
 const pages = ["index.html", "colours.html", "type.html", "icons.html", "shapes.html", "themes.html", "tokens.html"];
 
 for (const path of pages) {
@@ -38,6 +54,7 @@ for (const path of pages) {
           if (!["base", "overMedia", "halvornBrandAlternate"].includes(set.id)) set.remove();
         }
       });
+      await removeEqualRows(page);
       // Without `preload`, which would fetch the style sheets: pages from files may not.
       const { violations, passes } = await page.evaluate(() => window.axe.run({ preload: false }));
       assert.ok(passes.length > 10, "axe did not run");
@@ -48,7 +65,8 @@ for (const path of pages) {
     await page.evaluate(() => document.fonts.ready);
     const faces = await page.evaluate(() =>
       [...document.fonts].filter((face) => face.status === "loaded").map((face) => `${face.family} ${face.weight}`));
-    assert.deepEqual(faces.map((face) => face.replaceAll('"', "")).sort(), ["Tondal 400", "Tondal 700", "TondalTitle 700"]);
+    assert.deepEqual(faces.map((face) => face.replaceAll('"', "")).sort(),
+      ["Tondal 400", "Tondal 700", "TondalTitle 700"]);
   });
 }
 
@@ -61,7 +79,8 @@ for (const path of ["index.html", "type.html"]) {
     assert.equal(await page.locator(".text-size output").textContent(), "largeBallad 16 pt");
     await page.locator("#text-size").focus();
     await page.keyboard.press("End");
-    assert.equal(await page.locator(".text-size output").textContent(), "accessibilityExtraExtraExtraLargeBallad 38.8 pt");
+    assert.equal(await page.locator(".text-size output").textContent(),
+      "accessibilityExtraExtraExtraLargeBallad 38.8 pt");
     assert.match(await page.locator("#text-size").getAttribute("aria-valuetext"), /accessibilityExtraExtraExtraLarge/);
     const after = await specimens();
     assert.ok(after.every((source, index) => source !== before[index] &&
@@ -122,7 +141,8 @@ await test("search works by keyboard alone and copies", "colours.html", async (p
   assert.equal(await page.locator("[role='option']").count(), 0);
 });
 
-for (const [words, copied] of [["VLMBriselColors::gray7", "Brisel::Color::gray7()"], ["gray 7", "Brisel::Color::gray7()"],
+for (const [words, code] of [
+  ["VLMBriselColors::gray7", "Brisel::Color::gray7()"], ["gray 7", "Brisel::Color::gray7()"],
   ["VLMBriselIconHeart", "Brisel::Icon::heart()"], ["f320", "Brisel::Icon::heart()"],
   ["VLMBriselSwiftIcons::delete_", "Brisel::Icon::delete_()"], ["with circle of diameter", "Brisel::withCircle"],
   ["#1DB954", "VLMBriselColors::green()"], ["ballad bold", "Brisel::TypeStyle::balladBold()"],
@@ -136,7 +156,7 @@ for (const [words, copied] of [["VLMBriselColors::gray7", "Brisel::Color::gray7(
     await page.keyboard.type(words);
     await page.keyboard.press("Enter");
     await page.waitForSelector(".toast:not([hidden])");
-    assert.equal(await clipboard(page), copied);
+    assert.equal(await clipboard(page), code);
   });
 }
 
@@ -164,7 +184,7 @@ await test("a click on a name or a value copies it and says what", "colours.html
     ["VLMBriselColors::opacityBlack10()", "VLMBriselColors::opacityBlack10()"], ["#0000001A", "#0000001A"],
     ["Grey 0.000, alpha 0.1", "Grey 0.000, alpha 0.1"], ["opacityBlack10", "Brisel::Color::opacityBlack10()"]]) {
     await row.getByRole("button", { name: cell, exact: true }).click();
-    await page.waitForFunction((expected) => document.querySelector(".toast").textContent === `Copied ${expected}`, text);
+    await copied(page, text);
     assert.equal(await clipboard(page), text);
   }
 });
@@ -214,12 +234,13 @@ for (const [path, id] of [["colours.html", "redDesat155"], ["type.html", "minuet
 const shownIcons = (page) => page.evaluate(() =>
   [...document.querySelectorAll(".icon:not([hidden])")].map((tile) => tile.id));
 
-await test("all 328 icons stand on their page in both designs, each in a place of its own", "icons.html", async (page) => {
+await test("all 328 icons stand on their page in both designs, each in its own place", "icons.html", async (page) => {
   const places = await page.evaluate(() => [...document.querySelectorAll(".icon")].flatMap((tile) =>
     [...tile.querySelectorAll("button i")].map((icon) => getComputedStyle(icon).backgroundPosition)));
   assert.equal(places.length, 2 * 328);
   assert.equal(new Set(places).size, 2 * 328);
-  assert.deepEqual((await shownIcons(page)).slice(20, 25), ["arrowDown", "pageLeft", "pageRight", "arrowTopRight", "arrowUp"]);
+  assert.deepEqual((await shownIcons(page)).slice(20, 25),
+    ["arrowDown", "pageLeft", "pageRight", "arrowTopRight", "arrowUp"]);
 });
 
 await test("icons are shown pixel by pixel as the library drew them", "icons.html", async (page) => {
@@ -267,11 +288,12 @@ await test("the filter follows the typing, by any of the names", "icons.html", a
 
 await test("accessor and constant of an icon are copied", "icons.html#delete", async (page) => {
   const tile = page.locator("#delete");
-  for (const [button, text] of [["delete", "Brisel::Icon::delete_()"], ["Brisel::Icon::delete_()", "Brisel::Icon::delete_()"],
+  for (const [button, text] of [["delete", "Brisel::Icon::delete_()"],
+    ["Brisel::Icon::delete_()", "Brisel::Icon::delete_()"],
     ["VLMBriselIconDelete", "VLMBriselIconDelete"]]) {
     await page.evaluate(() => { document.querySelector(".toast").textContent = ""; });
     await tile.getByRole("button", { name: button, exact: true }).click();
-    await page.waitForFunction((expected) => document.querySelector(".toast").textContent === `Copied ${expected}`, text);
+    await copied(page, text);
     assert.equal(await clipboard(page), text);
   }
 });
@@ -344,7 +366,8 @@ await test("search shows an icon with its picture", "shapes.html", async (page) 
 
 await test("each shape stands there with and without a cut-out, under both names", "shapes.html", async (page) => {
   const calls = await page.locator(".shape button").allTextContents();
-  for (const call of ["Brisel::withCircle", "brisel_withCircleOfDiameter", "Brisel::withStar", "brisel_withStarOfDiameter",
+  for (const call of ["Brisel::withCircle", "brisel_withCircleOfDiameter",
+    "Brisel::withStar", "brisel_withStarOfDiameter",
     "Brisel::withDot", "brisel_withDotOfDiameter", "Brisel::verifiedIndicator", "brisel_verifiedIndicatorForSize",
     "Brisel::imageByScaling", "brisel_imageByScaling"]) {
     assert.ok(calls.some((text) => text.startsWith(`${call}(`)), call);
@@ -371,7 +394,8 @@ await test("nothing moves by itself for those who asked for rest", "colours.html
 }, { reducedMotion: "reduce" });
 
 await test("on paper the page is light and without controls", "type.html", async (page) => {
-  assert.equal(await page.evaluate(() => getComputedStyle(document.documentElement).backgroundColor), "rgb(255, 255, 255)");
+  const ground = await page.evaluate(() => getComputedStyle(document.documentElement).backgroundColor);
+  assert.equal(ground, "rgb(255, 255, 255)");
   assert.equal(await page.locator(".rail").isVisible(), false);
   assert.equal(await page.locator(".text-size").isVisible(), false);
   assert.equal(await page.locator("#bass").isVisible(), true);

@@ -1,28 +1,30 @@
 // The page of themes, against the design's own figures.
 
 import assert from "node:assert/strict";
-import { clipboard, test } from "./harness.mjs";
+import { clipboard, copied, test } from "./harness.mjs";
 
-const darkSets = ["base", "brightAccent", "negative", "warning", "positive", "announcement", "invertedDark", "invertedLight",
-  "mutedAccent", "overMedia"];
-const campaignSets = ["halvornBrand", "halvornBrandAlternate", "halvornBrand2", "halvornBrand2Alternate", "halvornBrand3",
-  "halvornBrand3Alternate", "tierAurel", "tierAurelAlternate", "tierBexa", "tierBexaAlternate", "tierCorvin",
-  "tierCorvinAlternate", "tierDalmor", "tierDalmorAlternate", "tierEstiva"];
+const darkSets = ["base", "brightAccent", "negative", "warning", "positive", "announcement", "invertedDark",
+  "invertedLight", "mutedAccent", "overMedia"];
+const campaignSets = ["halvornBrand", "halvornBrandAlternate", "halvornBrand2", "halvornBrand2Alternate",
+  "halvornBrand3", "halvornBrand3Alternate", "tierAurel", "tierAurelAlternate", "tierBexa", "tierBexaAlternate",
+  "tierCorvin", "tierCorvinAlternate", "tierDalmor", "tierDalmorAlternate", "tierEstiva"];
 const states = ["base", "highlight", "press"];
 const backgrounds = [...["elevated.", "tinted.", "unsafeForSmallText.", ""].flatMap((named) =>
   states.map((state) => `background.${named}${state}`))];
-const foregrounds = ["text", "essential"].flatMap((group) =>
-  ["base", "subdued", "brightAccent", "negative", "warning", "positive", "announcement"].map((name) => `${group}.${name}`));
+const roles = ["base", "subdued", "brightAccent", "negative", "warning", "positive", "announcement"];
+const foregrounds = ["text", "essential"].flatMap((group) => roles.map((name) => `${group}.${name}`));
 const slots = [...backgrounds, ...foregrounds, "decorative.base", "decorative.subdued"];
 
 // What the page says of each slot, by its path with its set.
-const slotTexts = (page) => page.evaluate(() => Object.fromEntries([...document.querySelectorAll(".slot")].map((row) => {
-  const [path, code, objectCode, hex, components] = [...row.querySelectorAll("button")].map((button) => button.textContent);
-  return [row.id, { path, code, objectCode, hex, components,
-    contrasts: [...row.querySelectorAll("p")].map((line) => line.textContent) }];
-})));
+const slotTexts = (page) => page.evaluate(() => {
+  const texts = (row, selector) => [...row.querySelectorAll(selector)].map((element) => element.textContent);
+  return Object.fromEntries([...document.querySelectorAll(".slot")].map((row) => {
+    const [path, code, objectCode, hex, components] = texts(row, "button");
+    return [row.id, { path, code, objectCode, hex, components, contrasts: texts(row, "p") }];
+  }));
+});
 
-await test("25 sets have a card and 28 slots each, in order and with the values of the design", "themes.html", async (page) => {
+await test("25 sets have a card and 28 slots each, in order, with the design's values", "themes.html", async (page) => {
   assert.deepEqual(await page.evaluate(() => [...document.querySelectorAll(".set")].map((set) => set.id)),
     [...darkSets, ...campaignSets]);
   const texts = await slotTexts(page);
@@ -82,7 +84,8 @@ await test("contrasts are those of the guidelines, and the poorest is the poores
       assert.ok(Math.abs(contrast(path, `background.${where}`) - poorest) < 1e-9, `${set}.${path} on ${where}`);
     }
     for (const path of backgrounds) {
-      assert.deepEqual(texts[`${set}.${path}`].contrasts, [`${figure("text.base", contrast("text.base", path))} under text.base`]);
+      assert.deepEqual(texts[`${set}.${path}`].contrasts,
+        [`${figure("text.base", contrast("text.base", path))} under text.base`]);
     }
     for (const path of ["decorative.base", "decorative.subdued"]) {
       const [shown] = figure(path, contrast(path, "background.base")).split(" ");
@@ -101,11 +104,12 @@ await test("names and values of a slot are copied whole", "themes.html#tierAurel
     ["base.text.subdued", "->text()->subdued()", "VLMBriselColorTheme::dark()->base()->text()->subdued()"],
     ["base.text.subdued", "#A7A7A7", "#A7A7A7"],
     ["tierAurel.text.subdued", ".text().subdued()", "Brisel::Theme::ColorSet::Campaign::tierAurel().text().subdued()"],
-    ["tierAurel.text.subdued", "->text()->subdued()", "VLMBriselColorTheme::campaign()->tierAurel()->text()->subdued()"],
+    ["tierAurel.text.subdued", "->text()->subdued()",
+      "VLMBriselColorTheme::campaign()->tierAurel()->text()->subdued()"],
     ["tierAurel", "VLMBriselColorTheme::campaign()->tierAurel()", "VLMBriselColorTheme::campaign()->tierAurel()"]]) {
     await page.evaluate(() => { document.querySelector(".toast").textContent = ""; });
     await page.locator(`[id="${row}"]`).getByRole("button", { name: button, exact: true }).click();
-    await page.waitForFunction((expected) => document.querySelector(".toast").textContent === `Copied ${expected}`, text);
+    await copied(page, text);
     assert.equal(await clipboard(page), text);
   }
 });
@@ -121,7 +125,7 @@ await test("arrows walk the slots, and Tab takes a set at a time", "themes.html"
   assert.equal(await focused(), "brightAccent: Brisel::Theme::dark().brightAccent()");
 });
 
-await test("a link to a set lands on its name, and a narrow page links to all", "themes.html#tierAurel", async (page) => {
+await test("a link to a set lands on its name; a narrow page links to all", "themes.html#tierAurel", async (page) => {
   const box = await page.locator("#tierAurel h3").boundingBox();
   assert.ok(box.y > 0 && box.y < 100, JSON.stringify(box));
   assert.deepEqual(await page.locator(".sets a").allTextContents(), [...darkSets, ...campaignSets]);

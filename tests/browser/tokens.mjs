@@ -14,11 +14,14 @@ await test("13 spacers and 6 opacities stand there with their values, drawn to s
     ...[0, 10, 30, 50, 70, 90].map((value) =>
       `opacity${value} Brisel::Opacity::x${value}() VLMBriselOpacities::opacity${value}() ${value / 100}`)]);
   // The gap between the elements, in the picture as it is shown: columns whose upper edge is not an element's.
-  const gaps = await page.evaluate(() => Promise.all([...document.querySelectorAll("[id^='spacer'] img")].map(async (image) => {
-    image.loading = "eager";
-    await image.decode();
-    return { width: image.clientWidth, height: image.clientHeight, source: image.getAttribute("src") };
-  })));
+  const gaps = await page.evaluate(() => {
+    const images = [...document.querySelectorAll("[id^='spacer'] img")];
+    return Promise.all(images.map(async (image) => {
+      image.loading = "eager";
+      await image.decode();
+      return { width: image.clientWidth, height: image.clientHeight, source: image.getAttribute("src") };
+    }));
+  });
   for (const [index, { width, height, source }] of gaps.entries()) {
     assert.deepEqual([width, height], [160, 40]);
     const columns = await page.evaluate(async (data) => {
