@@ -12,6 +12,8 @@ code points from the catalogue of icons. The same sources give the same bytes.
 from __future__ import annotations
 
 import argparse
+import contextlib
+import hashlib
 import multiprocessing
 import os
 import shutil
@@ -202,8 +204,34 @@ def replace_directory(new: Path, target: Path) -> None:
             shutil.rmtree(old)
 
 
-def build_bundle(root: Path, catalogue: Path, out: Path, jobs: int, check: bool) -> None:
+def ingredients_digest(root: Path, catalogue: Path) -> str:
+    """Tells bundles apart by all that they are made from: the packages as installed, the recipe, and its tools."""
+    here = Path(__file__).resolve().parent
+    files = [root / ".package-lock.json", catalogue, here / "icons.tsv", *sorted(here.glob("*.py")),
+             *sorted((here / "drawings").glob("*.svg"))]
+    digest = hashlib.sha256(f"{sys.version} {fontTools.version} {source_date()}".encode())
+    for file in files:
+        digest.update(f"\n{file.name}\n".encode() + file.read_bytes())
+    return digest.hexdigest()
+
+
+def keep(bundle: Path, kept: Path) -> None:
+    """Keeps a copy of the bundle for other build trees, and no older one."""
+    kept.parent.mkdir(parents=True, exist_ok=True)
+    draft = Path(tempfile.mkdtemp(prefix=".new-", dir=kept.parent))
+    shutil.copytree(bundle, draft / kept.name)
+    for older in kept.parent.iterdir():
+        if older != draft:
+            shutil.rmtree(older)
+    (draft / kept.name).rename(kept)
+    draft.rmdir()
+
+
+def build_bundle(root: Path, catalogue: Path, out: Path, jobs: int, check: bool, store: Path | None = None) -> None:
     check_sources(root)
+    kept = None
+    if store and (root / ".package-lock.json").is_file():  # else nobody knows which packages these are
+        kept = store / ingredients_digest(root, catalogue)
     out = out.absolute()
     if out.exists() and not is_bundle(out):
         raise BuildError(f"{out} exists and is not a bundle: not replaced")
@@ -211,6 +239,10 @@ def build_bundle(root: Path, catalogue: Path, out: Path, jobs: int, check: bool)
     work = Path(tempfile.mkdtemp(prefix=f".{out.name}.new-", dir=out.parent))
     try:
         work.chmod(0o755)
+        if kept and kept.is_dir() and not check:
+            shutil.copytree(kept, work, dirs_exist_ok=True)
+            replace_directory(work, out)
+            return
         tasks = [(family.name, weight, str(root), str(work)) for family in FAMILIES for weight in WEIGHTS]
         with multiprocessing.Pool(jobs) as pool:
             faces = pool.map_async(write_face, tasks, chunksize=1)
@@ -218,6 +250,9 @@ def build_bundle(root: Path, catalogue: Path, out: Path, jobs: int, check: bool)
         write_licences(root, work / "licences")
         if check:
             sanitize(paths)
+        if kept:
+            with contextlib.suppress(OSError):  # a bundle that could not be kept costs time alone
+                keep(work, kept)
         replace_directory(work, out)
     finally:
         shutil.rmtree(work, ignore_errors=True)
@@ -233,11 +268,13 @@ def main() -> int:
     parser.add_argument("--sources", type=Path, required=True, help="the node_modules folder of the pinned packages")
     parser.add_argument("--icons", type=Path, required=True, help="the catalogue of icons, brisel/icons/icons.def")
     parser.add_argument("--out", type=Path, required=True, help="the bundle directory; replaced as a whole")
+    parser.add_argument("--store", type=Path, help="where build trees share a bundle that is made from the same things")
     parser.add_argument("--jobs", type=int, default=min(4, os.cpu_count() or 1))
     parser.add_argument("--sanitize", action="store_true", help="have ots-sanitize check every face")
     arguments = parser.parse_args()
     try:
-        build_bundle(arguments.sources, arguments.icons, arguments.out, max(1, arguments.jobs), arguments.sanitize)
+        build_bundle(arguments.sources, arguments.icons, arguments.out, max(1, arguments.jobs), arguments.sanitize,
+                     arguments.store)
     except (BuildError, OSError) as error:
         print(f"build_bundle: {error}", file=sys.stderr)
         return 1

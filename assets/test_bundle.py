@@ -308,6 +308,23 @@ class Building(unittest.TestCase):
             self.assertIn("npm ci", result.stderr)
             self.assertEqual(os.listdir(folder), [])
 
+    def test_a_bundle_of_the_same_ingredients_is_copied_from_the_store(self):
+        if not SOURCES.is_dir():
+            self.skipTest("the sources are not installed")
+        with tempfile.TemporaryDirectory() as folder:
+            store, out, catalogue = Path(folder, "store"), Path(folder, "B.bundle"), Path(folder, "icons.def")
+            shutil.copy(CATALOGUE, catalogue)
+            digest = self.recipe.ingredients_digest(SOURCES, catalogue)
+            for kept in (store / "older", store / digest):
+                Path(folder, "made", "licences").mkdir(parents=True, exist_ok=True)
+                Path(folder, "made", "face.otf").write_text(kept.name)
+                self.recipe.keep(Path(folder, "made"), kept)
+            self.assertEqual(os.listdir(store), [digest])
+            self.recipe.build_bundle(SOURCES, catalogue, out, 1, False, store)
+            self.assertEqual((out / "face.otf").read_text(), digest)
+            catalogue.write_text(catalogue.read_text() + "\n")
+            self.assertNotEqual(self.recipe.ingredients_digest(SOURCES, catalogue), digest)
+
     def test_a_folder_that_is_no_bundle_is_not_replaced(self):
         if not SOURCES.is_dir():
             self.skipTest("the sources are not installed")

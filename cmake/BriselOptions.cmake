@@ -11,6 +11,7 @@ if(PROJECT_IS_TOP_LEVEL)
   option(BUILD_SHARED_LIBS "Build shared libraries" ON)
 endif()
 
+set(BRISEL_BUNDLE_STORE "" CACHE PATH "Where build trees share the resource bundle instead of each making its own")
 set(BRISEL_SANITIZE "" CACHE STRING "Sanitizers for everything, as -fsanitize= takes them")
 
 set(CMAKE_CXX_STANDARD 20)
