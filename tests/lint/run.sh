@@ -7,7 +7,7 @@ cd "$(dirname "$0")/../.."
 jobs=${1:-$(nproc)}
 folders=(brisel gallery fuzz benchmarks tests examples)
 
-mapfile -t sources < <(find "${folders[@]}" -name '*.h' -o -name '*.cc' | sort)
+mapfile -t sources < <(find "${folders[@]}" -name node_modules -prune -o \( -name '*.h' -o -name '*.cc' \) -print | sort)
 echo "clang-format: ${#sources[@]} files"
 clang-format-14 --dry-run -Werror "${sources[@]}"
 
