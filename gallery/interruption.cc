@@ -3,7 +3,7 @@
 #include <atomic>
 #include <csignal>
 
-#include <signal.h>
+#include <signal.h>  // NOLINT(modernize-deprecated-headers): sigaction is of POSIX, not of C
 
 namespace Brisel::Gallery {
 namespace {
