@@ -12,10 +12,6 @@ endif()
 function(brisel_test_options target)
   brisel_target_options(${target})
   target_compile_options(${target} PRIVATE -O0)
-  if(BRISEL_SANITIZE MATCHES "undefined")
-    # A third of the time to compile, for checks of what tests themselves do.
-    target_compile_options(${target} PRIVATE -fno-sanitize=undefined)
-  endif()
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
   target_compile_definitions(${target} PRIVATE BRISEL_TEST_BUNDLE="${BRISEL_BUNDLE_DIR}"
                                                BRISEL_TEST_SOURCES="${PROJECT_SOURCE_DIR}")
@@ -34,27 +30,12 @@ endif()
 
 # brisel_tests(<suite> SOURCES … LIBRARIES … [LABEL <label>]): the program <suite>_tests. Each test runs in a process of
 # its own, so that a test may count what has been built since the start, and is listed as <suite>.<Suite>.<Name>, with the
-# label for ctest's -L and -LE. Under the thread sanitizer only files that mention threads, or what has some of its own,
-# are built.
+# label for ctest's -L and -LE.
 function(brisel_tests suite)
   if(NOT BRISEL_BUILD_TESTS)
     return()
   endif()
   cmake_parse_arguments(ARG "" "LABEL" "SOURCES;LIBRARIES" ${ARGN})
-  if(BRISEL_SANITIZE STREQUAL "thread")
-    # Where nothing runs beside something else, nothing can race.
-    foreach(source IN LISTS ARG_SOURCES)
-      cmake_path(ABSOLUTE_PATH source OUTPUT_VARIABLE file)
-      set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${file})
-      file(STRINGS ${file} mentions REGEX "[Tt]hread|SystemEvents|WorkQueue")
-      if(NOT mentions)
-        list(REMOVE_ITEM ARG_SOURCES ${source})
-      endif()
-    endforeach()
-    if(NOT ARG_SOURCES)
-      return()
-    endif()
-  endif()
   set(target ${suite}_tests)
   set(labels)
   if(ARG_LABEL)
