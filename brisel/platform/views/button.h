@@ -1,0 +1,78 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "brisel/platform/attributed_string.h"
+#include "brisel/platform/font.h"
+#include "brisel/platform/views/view.h"
+
+namespace Brisel::Platform {
+
+/// What a control is in: a set of flags, and two masks of flags that are not the platform's. The published numbers.
+enum UIControlState : std::uint32_t {
+  UIControlStateNormal = 0,
+  UIControlStateHighlighted = 1U << 0,
+  UIControlStateDisabled = 1U << 1,
+  UIControlStateSelected = 1U << 2,
+  UIControlStateFocused = 1U << 3,
+  UIControlStateApplication = 0x00FF0000U,
+  UIControlStateReserved = 0xFF000000U,
+};
+
+/// A button with a title for each state. Asked for a state it answers only what was set for that state; what it draws
+/// falls back to what was set for the normal one. An attributed title goes before a plain one of the same state.
+class UIButton : public UIView {
+ public:
+  static std::shared_ptr<UIButton> initWithFrame(const CGRect& frame = {});
+
+  /// `titleForState:`
+  std::optional<std::string> titleForState(UIControlState state) const;
+  void setTitle(const std::optional<std::string>& title, UIControlState state);
+  /// `titleColorForState:`; null where none was set.
+  ColorPtr titleColorForState(UIControlState state) const;
+  void setTitleColor(const ColorPtr& color, UIControlState state);
+  /// `attributedTitleForState:`; null where none was set.
+  std::shared_ptr<const NSAttributedString> attributedTitleForState(UIControlState state) const;
+  void setAttributedTitle(const std::shared_ptr<const NSAttributedString>& title, UIControlState state);
+
+  /// The flags that are set now.
+  UIControlState state() const noexcept { return state_; }
+  bool isEnabled() const noexcept { return (state_ & UIControlStateDisabled) == 0; }
+  void setEnabled(bool enabled);
+  bool isHighlighted() const noexcept { return (state_ & UIControlStateHighlighted) != 0; }
+  void setHighlighted(bool highlighted);
+  bool isSelected() const noexcept { return (state_ & UIControlStateSelected) != 0; }
+  void setSelected(bool selected);
+  bool isFocused() const noexcept { return (state_ & UIControlStateFocused) != 0; }
+  void setFocused(bool focused);
+
+  /// What is drawn now; null where neither the state nor the normal one has a title.
+  std::shared_ptr<const NSAttributedString> currentAttributedTitle() const;
+
+  /// Room round the title, in points; none at first.
+  const UIEdgeInsets& contentEdgeInsets() const noexcept { return contentEdgeInsets_; }
+  void setContentEdgeInsets(const UIEdgeInsets& insets);
+
+  CGSize intrinsicContentSize() const override;
+  CGSize sizeThatFits(CGSize size) const override;
+  FirstBaseline firstBaseline() const override;
+
+ protected:
+  UIButton();
+  ~UIButton() override;
+  void drawContent(Canvas& canvas, CGPoint at) const override;
+
+ private:
+  struct Titles;
+
+  void setFlag(UIControlState flag, bool set);
+
+  std::unique_ptr<Titles> titles_;
+  UIEdgeInsets contentEdgeInsets_;
+  UIControlState state_ = UIControlStateNormal;
+};
+
+}  // namespace Brisel::Platform

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "brisel/platform/attributed_string.h"
+#include "brisel/platform/font.h"
+#include "brisel/platform/paragraph_style.h"
+#include "brisel/platform/views/view.h"
+
+namespace Brisel::Platform {
+
+/// A text that is read, in one line or several. It is drawn in the middle of the label's height; what does not fit is
+/// cut or truncated with an ellipsis, by the line-break mode.
+///
+/// Either text or attributed text is set; the other follows. Text without attributes of its own is set in the label's
+/// font, colour, alignment and line-break mode.
+class UILabel : public UIView {
+ public:
+  static std::shared_ptr<UILabel> initWithFrame(const CGRect& frame = {});
+
+  /// The characters of what is shown; nothing where neither text nor attributed text has been set.
+  std::optional<std::string> text() const;
+  virtual void setText(const std::optional<std::string>& text);
+  /// Null where there is no text. A text set without attributes answers with those that the label gives it.
+  std::shared_ptr<const NSAttributedString> attributedText() const;
+  virtual void setAttributedText(const std::shared_ptr<const NSAttributedString>& text);
+
+  /// Null: the port's substitute at 17 points. Setting font, colour, alignment or line-break mode sets that of the
+  /// whole attributed text too.
+  const std::shared_ptr<const UIFont>& font() const noexcept;
+  void setFont(const std::shared_ptr<const UIFont>& font);
+  /// Null: black.
+  const ColorPtr& textColor() const noexcept;
+  void setTextColor(const ColorPtr& color);
+  /// Natural at first.
+  NSTextAlignment textAlignment() const noexcept;
+  void setTextAlignment(NSTextAlignment alignment);
+  /// Truncating the tail at first.
+  NSLineBreakMode lineBreakMode() const noexcept;
+  void setLineBreakMode(NSLineBreakMode mode);
+
+  /// The most lines that are shown, 1 at first; 0 (and less): as many as it takes.
+  std::int64_t numberOfLines() const noexcept;
+  void setNumberOfLines(std::int64_t lines);
+  /// Whether text that is too wide is drawn smaller, down to `minimumScaleFactor` of its size.
+  bool adjustsFontSizeToFitWidth() const noexcept;
+  void setAdjustsFontSizeToFitWidth(bool adjusts);
+  /// 0 at first: as small as it must be. Values outside 0 … 1 are kept, and count as the nearer of the two.
+  CGFloat minimumScaleFactor() const noexcept;
+  void setMinimumScaleFactor(CGFloat factor);
+  /// The width, in points, within which several lines are measured where nothing else gives one; 0 at first: none.
+  CGFloat preferredMaxLayoutWidth() const noexcept;
+  void setPreferredMaxLayoutWidth(CGFloat width);
+
+  CGSize intrinsicContentSize() const override;
+  CGSize sizeThatFits(CGSize size) const override;
+  FirstBaseline firstBaseline() const override;
+
+ protected:
+  UILabel();
+  ~UILabel() override;
+  void drawContent(Canvas& canvas, CGPoint at) const override;
+  bool hasHeightForWidth() const override;
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+}  // namespace Brisel::Platform

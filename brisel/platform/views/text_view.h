@@ -1,0 +1,53 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "brisel/platform/attributed_string.h"
+#include "brisel/platform/font.h"
+#include "brisel/platform/paragraph_style.h"
+#include "brisel/platform/views/view.h"
+
+namespace Brisel::Platform {
+
+/// A text of several lines that can be edited. It begins at the top, and wraps at the view's width less the insets.
+class UITextView : public UIView {
+ public:
+  static std::shared_ptr<UITextView> initWithFrame(const CGRect& frame = {});
+
+  std::optional<std::string> text() const;
+  /// Takes the view's font, colour and alignment.
+  void setText(const std::optional<std::string>& text);
+  const std::shared_ptr<const NSAttributedString>& attributedText() const noexcept;
+  void setAttributedText(const std::shared_ptr<const NSAttributedString>& text);
+
+  /// Null: the port's substitute at 12 points; null colour: black. Setting font, colour or alignment sets that of the
+  /// whole text too.
+  const std::shared_ptr<const UIFont>& font() const noexcept;
+  void setFont(const std::shared_ptr<const UIFont>& font);
+  const ColorPtr& textColor() const noexcept;
+  void setTextColor(const ColorPtr& color);
+  NSTextAlignment textAlignment() const noexcept;
+  void setTextAlignment(NSTextAlignment alignment);
+
+  /// The room round the text: 8 points above and below at first.
+  const UIEdgeInsets& textContainerInset() const noexcept;
+  void setTextContainerInset(const UIEdgeInsets& inset);
+
+  CGSize intrinsicContentSize() const override;
+  CGSize sizeThatFits(CGSize size) const override;
+  FirstBaseline firstBaseline() const override;
+
+ protected:
+  UITextView();
+  ~UITextView() override;
+  void drawContent(Canvas& canvas, CGPoint at) const override;
+  bool hasHeightForWidth() const override;
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+}  // namespace Brisel::Platform

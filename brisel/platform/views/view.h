@@ -1,0 +1,197 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "brisel/platform/canvas.h"
+#include "brisel/platform/color.h"
+#include "brisel/platform/geometry.h"
+#include "brisel/platform/layout_direction.h"
+#include "brisel/platform/trait_collection.h"
+#include "brisel/platform/views/layout_anchor.h"
+#include "brisel/platform/views/layout_constraint.h"
+
+namespace Brisel::Platform {
+
+class UILayoutGuide;
+class UIViewController;
+class UIWindow;
+namespace internal {
+class ViewLayout;
+}
+
+/// The published numbers.
+enum class UILayoutConstraintAxis : std::uint8_t { horizontal = 0, vertical = 1 };
+
+/// Whether a view is mirrored where the interface runs from right to left: as its surroundings are, or never, or
+/// always.
+enum class UISemanticContentAttribute : std::uint8_t { unspecified, forceLeftToRight, forceRightToLeft };
+
+/// The sizes to which views are asked to fit: as small as possible, and as large as wished.
+inline constexpr CGSize UILayoutFittingCompressedSize{0, 0};
+inline constexpr CGSize UILayoutFittingExpandedSize{10'000, 10'000};
+
+/// In a view's intrinsic content size: that it has none on this axis.
+inline constexpr CGFloat UIViewNoIntrinsicMetric = -1;
+
+/// Where the first baseline of a view lies: this part of the view's height below its top, and these points more.
+struct FirstBaseline {
+  CGFloat fractionOfHeight = 1;
+  CGFloat offset = 0;
+};
+
+/// A rectangle on the screen, in a tree of such. A view owns its subviews, layout guides and constraints; all that
+/// points up or across is weak. For the main thread only.
+class UIView : public LayoutItem {
+ public:
+  /// `initWithFrame:`
+  static std::shared_ptr<UIView> initWithFrame(const CGRect& frame = {});
+  ~UIView() override;
+
+  // The tree.
+
+  /// Puts a view in front of the other subviews, out of the place where it was. To add a view to itself or to what is
+  /// below it, or none, is a programming error.
+  void addSubview(const std::shared_ptr<UIView>& view);
+  void removeFromSuperview();
+  /// From the hindmost to the foremost.
+  const std::vector<std::shared_ptr<UIView>>& subviews() const noexcept { return subviews_; }
+  std::shared_ptr<UIView> superview() const noexcept { return superview_.lock(); }
+  /// The window at the top of the tree, or null. A window is in itself.
+  std::shared_ptr<UIWindow> window() const;
+  /// `isDescendantOfView:`: a view is one of itself.
+  bool isDescendantOfView(const UIView& view) const noexcept;
+
+  // The rectangle.
+
+  /// In the coordinates of the superview, in points. Where constraints place the view, what is set here holds until the
+  /// next layout. Distances that are not finite count as 0.
+  const CGRect& frame() const noexcept { return frame_; }
+  void setFrame(const CGRect& frame);
+  /// The same in its own coordinates: the origin is (0, 0).
+  CGRect bounds() const noexcept { return {{}, frame_.size}; }
+  /// `convertPoint:toView:`, `convertRect:toView:`: from its own coordinates to those of a view of the same tree.
+  CGPoint convertPointToView(CGPoint point, const UIView& view) const noexcept;
+  CGRect convertRectToView(const CGRect& rect, const UIView& view) const noexcept;
+
+  // What is seen.
+
+  bool isHidden() const noexcept { return hidden_; }
+  void setHidden(bool hidden) noexcept { hidden_ = hidden; }
+  /// Null: none.
+  const ColorPtr& backgroundColor() const noexcept { return backgroundColor_; }
+  void setBackgroundColor(ColorPtr color) noexcept { backgroundColor_ = std::move(color); }
+  /// Whether subviews are cut at its edges.
+  bool clipsToBounds() const noexcept { return clipsToBounds_; }
+  void setClipsToBounds(bool clips) noexcept { clipsToBounds_ = clips; }
+
+  /// Draws the view and what is below it, the view's upper left corner at the point. Draws what was laid out last;
+  /// hidden views not at all.
+  void drawHierarchy(Canvas& canvas, CGPoint at) const;
+
+  // Layout.
+
+  /// Has `layoutSubviews` called at the next layout.
+  void setNeedsLayout();
+  /// Lays out now: solves the constraints of the whole tree, places its views, and calls `layoutSubviews` of this view
+  /// and those below it that need it. May be called from within `layoutSubviews`.
+  void layoutIfNeeded();
+  /// Called by layout for a view that needs it: one whose size has changed, or that was told so. Subclasses place here
+  /// what constraints do not; they call their base class's first.
+  virtual void layoutSubviews();
+
+  /// Whether its frame stands as it is set (true at first); false where constraints place the view.
+  bool translatesAutoresizingMaskIntoConstraints() const noexcept { return translatesAutoresizingMask_; }
+  void setTranslatesAutoresizingMaskIntoConstraints(bool translates);
+
+  /// How strongly the view resists becoming larger, and smaller, than its intrinsic content: 250 and 750 at first.
+  UILayoutPriority contentHuggingPriorityForAxis(UILayoutConstraintAxis axis) const noexcept;
+  void setContentHuggingPriority(UILayoutPriority priority, UILayoutConstraintAxis axis);
+  UILayoutPriority contentCompressionResistancePriorityForAxis(UILayoutConstraintAxis axis) const noexcept;
+  void setContentCompressionResistancePriority(UILayoutPriority priority, UILayoutConstraintAxis axis);
+
+  /// The size of its content, in points; `UIViewNoIntrinsicMetric` on an axis without one, as on both of a plain view.
+  virtual CGSize intrinsicContentSize() const;
+  /// To be called when that has changed.
+  void invalidateIntrinsicContentSize();
+  /// `sizeThatFits:`: the size that its content takes within one; a plain view answers its own.
+  virtual CGSize sizeThatFits(CGSize size) const;
+  /// Takes the size that fits its own.
+  void sizeToFit();
+  /// Where text stands: by this, first baselines are aligned.
+  virtual FirstBaseline firstBaseline() const;
+
+  /// `systemLayoutSizeFittingSize:`: the size that constraints give the view when it is asked for one as near to this
+  /// as they allow (at `UILayoutPriorityFittingSizeLevel`). Nothing is placed by it.
+  virtual CGSize systemLayoutSizeFittingSize(CGSize size);
+
+  /// `constraints`: those that it holds, in the order of activation.
+  const std::vector<std::shared_ptr<NSLayoutConstraint>>& constraints() const noexcept { return constraints_; }
+
+  void addLayoutGuide(const std::shared_ptr<UILayoutGuide>& guide);
+  void removeLayoutGuide(const std::shared_ptr<UILayoutGuide>& guide);
+  const std::vector<std::shared_ptr<UILayoutGuide>>& layoutGuides() const noexcept { return layoutGuides_; }
+
+  // Its surroundings.
+
+  /// Never null. Those of its view controller, else those of the superview; a tree without a window has none specified.
+  const std::shared_ptr<const UITraitCollection>& traitCollection() const noexcept { return traitCollection_; }
+  /// `traitCollectionDidChange:`: called when `traitCollection` has become another. Subclasses call their base class's
+  /// first.
+  virtual void traitCollectionDidChange(const std::shared_ptr<const UITraitCollection>& previous);
+  /// Called when the view has come into a window or left one.
+  virtual void didMoveToWindow();
+
+  UISemanticContentAttribute semanticContentAttribute() const noexcept { return semanticContentAttribute_; }
+  void setSemanticContentAttribute(UISemanticContentAttribute attribute);
+  /// The direction that the semantic attribute forces, else that of its traits, else that of the user interface.
+  UIUserInterfaceLayoutDirection effectiveUserInterfaceLayoutDirection() const noexcept;
+
+  std::shared_ptr<const UIView> layoutView() const override;
+
+ protected:
+  UIView();
+
+  /// What every factory does with the bare object: gives it its frame, and runs `didInitWithFrame`.
+  template <class View>
+  static std::shared_ptr<View> made(std::shared_ptr<View> view, const CGRect& frame) {
+    view->setFrame(frame);
+    view->didInitWithFrame();
+    return view;
+  }
+  /// The rest of initialisation, where `shared_from_this` works. Subclasses call their base class's first.
+  virtual void didInitWithFrame();
+
+  /// Draws the view's own content over its background, its upper left corner at the point.
+  virtual void drawContent(Canvas& canvas, CGPoint at) const;
+
+  /// Whether the height of its content depends on its width, as that of wrapped text does; then layout asks
+  /// `sizeThatFits` for the height at the width that it finds.
+  virtual bool hasHeightForWidth() const;
+
+ private:
+  friend class NSLayoutConstraint;
+  friend class UIViewController;
+  friend class UIWindow;
+  friend class internal::ViewLayout;
+
+  std::weak_ptr<UIView> superview_;
+  std::vector<std::shared_ptr<UIView>> subviews_;
+  std::vector<std::shared_ptr<UILayoutGuide>> layoutGuides_;
+  std::vector<std::shared_ptr<NSLayoutConstraint>> constraints_;
+  std::weak_ptr<UIViewController> viewController_;
+  std::shared_ptr<const UITraitCollection> traitCollection_;
+  ColorPtr backgroundColor_;
+  CGRect frame_;
+  UILayoutPriority hugging_[2] = {UILayoutPriorityDefaultLow, UILayoutPriorityDefaultLow};
+  UILayoutPriority compressionResistance_[2] = {UILayoutPriorityDefaultHigh, UILayoutPriorityDefaultHigh};
+  UISemanticContentAttribute semanticContentAttribute_ = UISemanticContentAttribute::unspecified;
+  bool hidden_ = false;
+  bool clipsToBounds_ = false;
+  bool translatesAutoresizingMask_ = true;
+  bool needsLayout_ = true;
+};
+
+}  // namespace Brisel::Platform

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "brisel/platform/object.h"
+#include "brisel/platform/trait_collection.h"
+
+namespace Brisel::Platform {
+
+class UIView;
+
+/// Owns a view and child controllers, and hands the traits of its surroundings on to them, with changes for some. For
+/// the main thread only.
+class UIViewController : public NSObject {
+ public:
+  static std::shared_ptr<UIViewController> init();
+  ~UIViewController() override;
+
+  /// Made by `loadView` at the first call; never null.
+  const std::shared_ptr<UIView>& view();
+  bool isViewLoaded() const noexcept { return view_ != nullptr; }
+
+  std::shared_ptr<UIViewController> parentViewController() const noexcept { return parent_.lock(); }
+  const std::vector<std::shared_ptr<UIViewController>>& childViewControllers() const noexcept { return children_; }
+  /// `addChildViewController:`: takes it from its parent before. To add a controller to itself or to one below it, or
+  /// none, is a programming error. Its view is for the caller to place.
+  void addChildViewController(const std::shared_ptr<UIViewController>& child);
+  void removeFromParentViewController();
+
+  /// Never null: what its surroundings give it (its parent's traits, those of the window for one without a parent) with
+  /// the parent's override on top.
+  std::shared_ptr<const UITraitCollection> traitCollection() const;
+  /// `setOverrideTraitCollection:forChildViewController:`: what of the child's traits is to be other than here; null:
+  /// nothing. Ignored where it is no child.
+  void setOverrideTraitCollection(const std::shared_ptr<const UITraitCollection>& traits,
+                                  const std::shared_ptr<UIViewController>& child);
+  /// `overrideTraitCollectionForChildViewController:`: null where there is none.
+  std::shared_ptr<const UITraitCollection> overrideTraitCollectionForChildViewController(
+      const UIViewController& child) const;
+  /// `traitCollectionDidChange:`
+  virtual void traitCollectionDidChange(const std::shared_ptr<const UITraitCollection>& previous);
+
+ protected:
+  UIViewController();
+
+  /// Makes the view: a plain one, unless a subclass makes another.
+  virtual std::shared_ptr<UIView> loadView();
+  /// Called once, when the view has been made.
+  virtual void viewDidLoad();
+
+ private:
+  friend class UIView;
+  friend class UIWindow;
+
+  std::shared_ptr<UIView> view_;
+  std::weak_ptr<UIViewController> parent_;
+  std::vector<std::shared_ptr<UIViewController>> children_;
+  std::shared_ptr<const UITraitCollection> override_;  // the parent's, for this one
+  std::shared_ptr<const UITraitCollection> traitCollection_;
+};
+
+}  // namespace Brisel::Platform

@@ -1,0 +1,7 @@
+#include "brisel/typography/style_recorder.h"
+
+namespace Brisel {
+
+StyleRecorder::~StyleRecorder() = default;
+
+}  // namespace Brisel
