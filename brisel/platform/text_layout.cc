@@ -80,7 +80,7 @@ class TextLayout::Filler {
     layout_.isTruncated_ = layout_.tearsWords_ = false;
     placements_.clear();
     paragraph_ = firstSize_ = 0;
-    bottom_ = leading_ = spacing_ = paragraphSpacing_ = 0;
+    bottom_ = spacing_ = paragraphSpacing_ = 0;
   }
 
   // False where the last line that was filled is too low down; at least one never is.
@@ -141,7 +141,6 @@ class TextLayout::Filler {
   TextLine truncated(std::uint32_t first) {
     auto [line, omission] =
         internal::truncate(*layout_.text_, sizes_, first, room_, style_->lineBreakMode(), options_.limits->ellipsis);
-    leading_ = 0;
     raise(line, line.firstCluster, line.endVisibleCluster);
     raise(line, omission.resumingCluster, omission.endCluster);
     const TextSizeSpan& size = sizes_[spanAt(sizes_, 0, clusters_[omission.neighbour].begin)];
