@@ -16,20 +16,20 @@ CGFloat finite(CGFloat distance) noexcept { return std::isfinite(distance) ? dis
 
 std::size_t indexOf(UILayoutConstraintAxis axis) noexcept { return static_cast<std::size_t>(axis); }
 
-const std::shared_ptr<const UITraitCollection>& nothingSpecified() {
-  static const auto* const traits = new std::shared_ptr<const UITraitCollection>(UITraitCollection::init());
-  return *traits;
-}
-
 }  // namespace
 
 std::shared_ptr<UIView> UIView::initWithFrame(const CGRect& frame) {
   return made(std::shared_ptr<UIView>(new UIView), frame);
 }
 
-UIView::UIView() : traitCollection_(nothingSpecified()) {}
+UIView::UIView() : traitCollection_(UITraitCollection::init()) {}
 
-UIView::~UIView() = default;
+UIView::~UIView() {
+  for (const auto& view : subviews_) {
+    view->superview_.reset();
+    if (view.use_count() > 1) view->surroundingsDidChange();
+  }
+}
 
 void UIView::didInitWithFrame() {}
 
@@ -39,6 +39,7 @@ void UIView::addSubview(const std::shared_ptr<UIView>& view) {
   view->superview_ = std::static_pointer_cast<UIView>(shared_from_this());
   subviews_.push_back(view);
   setNeedsLayout();
+  view->surroundingsDidChange();
 }
 
 void UIView::removeFromSuperview() {
@@ -49,13 +50,10 @@ void UIView::removeFromSuperview() {
   siblings.erase(std::find_if(siblings.begin(), siblings.end(), [&](const auto& view) { return view.get() == this; }));
   superview_.reset();
   superview->setNeedsLayout();
+  surroundingsDidChange();
 }
 
-std::shared_ptr<UIWindow> UIView::window() const {
-  auto top = std::const_pointer_cast<NSObject>(shared_from_this());
-  while (const auto next = static_cast<const UIView&>(*top).superview()) top = next;
-  return std::dynamic_pointer_cast<UIWindow>(top);
-}
+std::shared_ptr<UIWindow> UIView::window() const { return window_.lock(); }
 
 bool UIView::isDescendantOfView(const UIView& view) const noexcept {
   if (this == &view) return true;

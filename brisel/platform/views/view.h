@@ -19,6 +19,7 @@ class UILayoutGuide;
 class UIViewController;
 class UIWindow;
 namespace internal {
+class Surroundings;
 class ViewLayout;
 }
 
@@ -158,7 +159,7 @@ class UIView : public LayoutItem {
   template <class View>
   static std::shared_ptr<View> made(std::shared_ptr<View> view, const CGRect& frame) {
     view->setFrame(frame);
-    view->didInitWithFrame();
+    static_cast<UIView&>(*view).didInitWithFrame();  // protected in the class itself
     return view;
   }
   /// The rest of initialisation, where `shared_from_this` works. Subclasses call their base class's first.
@@ -175,13 +176,19 @@ class UIView : public LayoutItem {
   friend class NSLayoutConstraint;
   friend class UIViewController;
   friend class UIWindow;
+  friend class internal::Surroundings;
   friend class internal::ViewLayout;
+
+  // To be called when the superview, the controller or what the window was told may have become another: has the view
+  // and all below it take its traits and window, and tells those for whom they are others.
+  void surroundingsDidChange();
 
   std::weak_ptr<UIView> superview_;
   std::vector<std::shared_ptr<UIView>> subviews_;
   std::vector<std::shared_ptr<UILayoutGuide>> layoutGuides_;
   std::vector<std::shared_ptr<NSLayoutConstraint>> constraints_;
   std::weak_ptr<UIViewController> viewController_;
+  std::weak_ptr<UIWindow> window_;
   std::shared_ptr<const UITraitCollection> traitCollection_;
   ColorPtr backgroundColor_;
   CGRect frame_;
