@@ -1,6 +1,5 @@
 #include "brisel/platform/views/button.h"
 
-#include <cmath>
 #include <map>
 
 #include "brisel/platform/views/view_text.h"
@@ -12,8 +11,6 @@ using namespace internal;
 
 constexpr CGFloat kFontSize = 17;
 
-CGFloat finite(CGFloat distance) noexcept { return std::isfinite(distance) ? distance : 0; }
-
 }  // namespace
 
 struct UIButton::Titles {
@@ -24,7 +21,7 @@ struct UIButton::Titles {
   };
 
   std::map<std::uint32_t, Look> looks;
-  mutable std::optional<OneLine> line;  // what is shown now
+  std::optional<ShownText> shown;  // made anew when what it shows has changed
 
   // Null where nothing was ever set for the state.
   const Look* find(UIControlState state) const {
@@ -84,15 +81,19 @@ void UIButton::setFlag(UIControlState flag, bool set) {
 }
 
 std::shared_ptr<const NSAttributedString> UIButton::currentAttributedTitle() const {
-  const ColorPtr ownColor = titleColorForState(state_);
-  const ColorPtr color = ownColor ? ownColor : titleColorForState(UIControlStateNormal);
+  const ColorPtr color = currentTitleColor();
   Dictionary attributes;
   if (color) attributes = attributes.with(Value(NSForegroundColorAttributeName), Value(color));
   for (const UIControlState state : {state_, UIControlStateNormal}) {
-    if (auto title = attributedTitleForState(state)) return withDefaults(title, attributes);
+    if (auto title = attributedTitleForState(state)) return title;
     if (const auto title = titleForState(state)) return textWithAttributes(title, attributes);
   }
   return nullptr;
+}
+
+ColorPtr UIButton::currentTitleColor() const {
+  const ColorPtr color = titleColorForState(state_);
+  return color ? color : titleColorForState(UIControlStateNormal);
 }
 
 void UIButton::setContentEdgeInsets(const UIEdgeInsets& insets) {
@@ -101,50 +102,46 @@ void UIButton::setContentEdgeInsets(const UIEdgeInsets& insets) {
 }
 
 // Null without a title.
-const internal::OneLine* UIButton::shown() const {
-  if (!titles_->line) {
+const internal::ShownText* UIButton::shown() const {
+  std::optional<ShownText>& shown = titles_->shown;
+  const auto direction = effectiveUserInterfaceLayoutDirection();
+  if (!shown || shown->direction() != direction) {
     const auto title = currentAttributedTitle();
     if (!title) return nullptr;
-    const Dictionary attributes{{Value(NSFontAttributeName), substituteFont(kFontSize)}};
-    titles_->line.emplace(withAlignment(title, NSTextAlignment::center), attributes);
+    const TextDefaults defaults{substituteFont(kFontSize), currentTitleColor(), nullptr};
+    shown.emplace(withAlignment(title, NSTextAlignment::center), defaults, direction, ShownText::Lines::one);
   }
-  return &*titles_->line;
-}
-
-// What is not finite counts as no room.
-UIEdgeInsets UIButton::room() const noexcept {
-  const UIEdgeInsets& insets = contentEdgeInsets_;
-  return {finite(insets.top), finite(insets.left), finite(insets.bottom), finite(insets.right)};
+  return &*shown;
 }
 
 CGSize UIButton::intrinsicContentSize() const {
-  const auto* line = shown();
-  const CGSize title = line ? line->size() : CGSize{};
-  const auto [top, left, bottom, right] = room();
-  return {title.width + left + right, title.height + top + bottom};
+  const auto* text = shown();
+  const CGSize title = text ? text->whole().size() : CGSize{};
+  const auto [top, left, bottom, right] = finite(contentEdgeInsets_);
+  return roundedUpToPixels({title.width + left + right, title.height + top + bottom});
 }
 
 CGSize UIButton::sizeThatFits(CGSize) const { return intrinsicContentSize(); }
 
 FirstBaseline UIButton::firstBaseline() const {
-  const auto* line = shown();
-  if (!line) return UIView::firstBaseline();
-  const UIEdgeInsets insets = room();
-  auto [fraction, offset] = line->firstBaseline();
+  const auto* text = shown();
+  if (!text) return UIView::firstBaseline();
+  const UIEdgeInsets insets = finite(contentEdgeInsets_);
+  const auto [fraction, offset] = text->middleBaseline();
   // Of the height without the insets, from below the upper one.
   return {fraction, offset + insets.top - (insets.top + insets.bottom) * fraction};
 }
 
 void UIButton::drawContent(Canvas& canvas, CGPoint at) const {
-  const auto* line = shown();
-  if (!line) return;
-  const auto [top, left, bottom, right] = room();
+  const auto* text = shown();
+  if (!text) return;
+  const auto [top, left, bottom, right] = finite(contentEdgeInsets_);
   const CGSize size = bounds().size;
-  line->draw(canvas, {{at.x + left, at.y + top}, {size.width - left - right, size.height - top - bottom}});
+  text->drawInMiddle(canvas, {{at.x + left, at.y + top}, {size.width - left - right, size.height - top - bottom}});
 }
 
 void UIButton::contentDidChange() {
-  titles_->line.reset();
+  titles_->shown.reset();
   invalidateIntrinsicContentSize();
 }
 

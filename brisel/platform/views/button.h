@@ -12,7 +12,7 @@
 namespace Brisel::Platform {
 
 namespace internal {
-class OneLine;
+class ShownText;
 }
 
 /// What a control is in: a set of flags, and two masks of flags that are not the platform's. The published numbers.
@@ -56,7 +56,7 @@ class UIButton : public UIView {
   bool isFocused() const noexcept { return (state_ & UIControlStateFocused) != 0; }
   void setFocused(bool focused);
 
-  /// What is drawn now, in its colour; null where neither the state nor the normal one has a title.
+  /// The title that is drawn now, a plain one in its colour; null where neither the state nor the normal one has one.
   std::shared_ptr<const NSAttributedString> currentAttributedTitle() const;
 
   /// Room round the title, in points; none at first. Distances that are not finite are kept, and count as 0.
@@ -76,8 +76,8 @@ class UIButton : public UIView {
 
   void setFlag(UIControlState flag, bool set);
   void contentDidChange();
-  const internal::OneLine* shown() const;
-  UIEdgeInsets room() const noexcept;
+  ColorPtr currentTitleColor() const;
+  const internal::ShownText* shown() const;
 
   std::unique_ptr<Titles> titles_;
   UIEdgeInsets contentEdgeInsets_;

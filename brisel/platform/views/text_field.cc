@@ -25,32 +25,18 @@ struct UITextField::State {
   AttributedText placeholder;
   bool hasPlainPlaceholder = false;  // one that follows the default attributes
   Dictionary defaults;
-  mutable std::optional<OneLine> line;
+  std::optional<ShownText> shown;  // made anew when what it shows has changed
 
-  Dictionary shownDefaults() const {
-    return defaults.find(NSFontAttributeName) ? defaults
-                                              : defaults.with(Value(NSFontAttributeName), substituteFont(kFontSize));
-  }
-
-  Dictionary placeholderDefaults() const {
+  ColorPtr placeholderColor() const {
     const auto color = objectIn<UIColor>(defaults, NSForegroundColorAttributeName);
-    const ColorPtr weaker = color ? color->colorWithAlphaComponent(color->alpha() * kPlaceholderAlpha)
-                                  : UIColor::initWithWhite(0, kPlaceholderAlpha);
-    return defaults.with(Value(NSForegroundColorAttributeName), Value(weaker));
+    return color ? color->colorWithAlphaComponent(color->alpha() * kPlaceholderAlpha)
+                 : UIColor::initWithWhite(0, kPlaceholderAlpha);
   }
 
   void setPlainPlaceholder(const std::optional<std::string>& characters) {
     hasPlainPlaceholder = true;
-    placeholder = textWithAttributes(characters, placeholderDefaults());
-  }
-
-  const OneLine& shown() const {
-    if (!line) {
-      const bool isEmpty = !text || text->length() == 0;
-      const Dictionary attributes = shownDefaults();
-      line.emplace(isEmpty ? withDefaults(placeholder, placeholderDefaults()) : text, attributes);
-    }
-    return *line;
+    placeholder =
+        textWithAttributes(characters, defaults.with(Value(NSForegroundColorAttributeName), Value(placeholderColor())));
   }
 };
 
@@ -114,13 +100,25 @@ void UITextField::setTextAlignment(NSTextAlignment alignment) {
   setDefaults(withAlignment(state_->defaults, alignment), withAlignment(state_->text, alignment));
 }
 
-CGSize UITextField::intrinsicContentSize() const { return state_->shown().size(); }
+CGSize UITextField::intrinsicContentSize() const { return roundedUpToPixels(shown().whole().size()); }
 
 CGSize UITextField::sizeThatFits(CGSize) const { return intrinsicContentSize(); }
 
-FirstBaseline UITextField::firstBaseline() const { return state_->shown().firstBaseline(); }
+FirstBaseline UITextField::firstBaseline() const { return shown().middleBaseline(); }
 
-void UITextField::drawContent(Canvas& canvas, CGPoint at) const { state_->shown().draw(canvas, {at, bounds().size}); }
+void UITextField::drawContent(Canvas& canvas, CGPoint at) const { shown().drawInMiddle(canvas, {at, bounds().size}); }
+
+const internal::ShownText& UITextField::shown() const {
+  State& state = *state_;
+  const auto direction = effectiveUserInterfaceLayoutDirection();
+  if (!state.shown || state.shown->direction() != direction) {
+    const bool isEmpty = !state.text || state.text->length() == 0;
+    TextDefaults defaults{font(), isEmpty ? state.placeholderColor() : textColor(), paragraphStyleOf(state.defaults)};
+    if (!defaults.font) defaults.font = substituteFont(kFontSize);
+    state.shown.emplace(isEmpty ? state.placeholder : state.text, defaults, direction, ShownText::Lines::one);
+  }
+  return *state.shown;
+}
 
 void UITextField::setDefault(std::string_view name, const Value& value) {
   const Dictionary& defaults = state_->defaults;
@@ -136,7 +134,7 @@ void UITextField::setDefaults(Dictionary attributes, std::shared_ptr<const NSAtt
 }
 
 void UITextField::contentDidChange() {
-  state_->line.reset();
+  state_->shown.reset();
   invalidateIntrinsicContentSize();
 }
 

@@ -12,6 +12,10 @@
 
 namespace Brisel::Platform {
 
+namespace internal {
+class ShownText;
+}
+
 /// A line of text that can be edited, and a placeholder that is shown while it is empty. It is drawn in the middle of
 /// the field's height, and its tail is truncated where it is too wide. What it shows takes the default text attributes
 /// where it has none of its own.
@@ -60,6 +64,7 @@ class UITextField : public UIView {
   void setDefault(std::string_view name, const Value& value);
   void setDefaults(Dictionary attributes, std::shared_ptr<const NSAttributedString> text);
   void contentDidChange();
+  const internal::ShownText& shown() const;
 
   std::unique_ptr<State> state_;
 };

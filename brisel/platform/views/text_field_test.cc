@@ -126,7 +126,7 @@ TEST_F(TextField, HasItsFirstBaselineWhereItDrawsIt) {
   const auto [fraction, offset] = field->firstBaseline();
   EXPECT_EQ(fraction, 0.5);
   EXPECT_EQ(offset, 15 - 10);
-  for (const CGFloat height : {0.0, 20.0, 61.5, 200.0}) {
+  for (const CGFloat height : {1.0, 20.0, 61.5, 200.0}) {
     field->setFrame({{0, 0}, {100, height}});
     EXPECT_EQ(drawnText(*field).at(0).origin.y, height * fraction + offset);
   }

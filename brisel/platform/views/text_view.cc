@@ -1,7 +1,5 @@
 #include "brisel/platform/views/text_view.h"
 
-#include <cmath>
-#include <limits>
 #include <utility>
 
 #include "brisel/platform/views/view_text.h"
@@ -11,10 +9,6 @@ namespace {
 
 using namespace internal;
 
-constexpr CGFloat kUnbounded = std::numeric_limits<CGFloat>::infinity();
-
-CGFloat finite(CGFloat distance) noexcept { return std::isfinite(distance) ? distance : 0; }
-
 }  // namespace
 
 struct UITextView::State {
@@ -23,31 +17,13 @@ struct UITextView::State {
   ColorPtr textColor;
   NSTextAlignment textAlignment = NSTextAlignment::natural;
   UIEdgeInsets inset{8, 0, 8, 0};
-  mutable std::optional<TextDrawing> drawing;  // the last one, at this width
-  mutable CGFloat width = 0;
+  std::optional<ShownText> shown;  // made anew when what it shows has changed
 
   Dictionary attributes() const {
     Dictionary attributes;
     if (font) attributes = attributes.with(Value(NSFontAttributeName), font);
     if (textColor) attributes = attributes.with(Value(NSForegroundColorAttributeName), Value(textColor));
     return textAlignment == NSTextAlignment::natural ? attributes : withAlignment(attributes, textAlignment);
-  }
-
-  // What is not finite counts as no room.
-  UIEdgeInsets room() const {
-    return {finite(inset.top), finite(inset.left), finite(inset.bottom), finite(inset.right)};
-  }
-
-  const TextDrawing& laidOut(CGFloat atWidth) const {
-    if (!drawing || width != atWidth) {
-      // Without a text, the view is as high as a line of it would be.
-      const bool isEmpty = !text || text->length() == 0;
-      const auto shown =
-          isEmpty ? NSAttributedString::initWithString(" ", attributes()) : withDefaults(text, attributes());
-      drawing.emplace(*shown, TextLayout::Options{.width = atWidth});
-      width = atWidth;
-    }
-    return *drawing;
   }
 };
 
@@ -103,36 +79,48 @@ void UITextView::setTextContainerInset(const UIEdgeInsets& inset) {
   contentDidChange();
 }
 
-CGSize UITextView::intrinsicContentSize() const { return sizeThatFits({kUnbounded, kUnbounded}); }
+CGSize UITextView::intrinsicContentSize() const { return sizeThatFits({}); }
 
 CGSize UITextView::sizeThatFits(CGSize size) const {
-  const UIEdgeInsets room = state_->room();
-  const CGSize text = state_->laidOut(size.width - room.left - room.right).size();
-  return {text.width + room.left + room.right, text.height + room.top + room.bottom};
+  const auto [top, left, bottom, right] = finite(state_->inset);
+  const CGSize text = (size.width > 0 ? shown().atWidth(size.width - left - right) : shown().whole()).size();
+  return roundedUpToPixels({text.width + left + right, text.height + top + bottom});
 }
 
+// That of the first line, wherever it ends.
 FirstBaseline UITextView::firstBaseline() const {
-  const UIEdgeInsets room = state_->room();
-  return {0, room.top + state_->laidOut(bounds().size.width - room.left - room.right).layout().firstBaseline()};
+  const auto [top, left, bottom, right] = finite(state_->inset);
+  return {0, top + shown().atWidth(bounds().size.width - left - right).firstBaseline()};
 }
 
 bool UITextView::hasHeightForWidth() const { return true; }
 
 void UITextView::drawContent(Canvas& canvas, CGPoint at) const {
-  const UIEdgeInsets room = state_->room();
+  const auto [top, left, bottom, right] = finite(state_->inset);
   const CGSize size = bounds().size;
-  const TextDrawing& text = state_->laidOut(size.width - room.left - room.right);
-  const bool isCut = room.top + text.size().height > size.height;
+  if (!(size.width > 0 && size.height > 0)) return;
+  const TextLayout& layout = shown().atWidth(size.width - left - right);
+  const bool isCut = top + layout.size().height > size.height || left + layout.size().width > size.width;
   if (isCut) {
     canvas.save();
     canvas.clipToPath(UIBezierPath::bezierPathWithRect({at, size}));
   }
-  text.draw(canvas, {at.x + room.left, at.y + room.top});
+  shown().draw(canvas, {at.x + left, at.y + top}, layout);
   if (isCut) canvas.restore();
 }
 
+const internal::ShownText& UITextView::shown() const {
+  State& state = *state_;
+  const auto direction = effectiveUserInterfaceLayoutDirection();
+  if (!state.shown || state.shown->direction() != direction) {
+    const TextDefaults defaults{state.font, state.textColor, paragraphStyleOf(state.attributes())};
+    state.shown.emplace(state.text, defaults, direction, ShownText::Lines::all);
+  }
+  return *state.shown;
+}
+
 void UITextView::contentDidChange() {
-  state_->drawing.reset();
+  state_->shown.reset();
   invalidateIntrinsicContentSize();
 }
 

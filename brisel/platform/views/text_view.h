@@ -11,6 +11,10 @@
 
 namespace Brisel::Platform {
 
+namespace internal {
+class ShownText;
+}
+
 /// A text of several lines that can be edited. It begins at the top, and wraps at the view's width less the insets;
 /// what is beyond the view's edges is not drawn. Text takes the view's font, colour and alignment where it has none of
 /// its own.
@@ -39,7 +43,7 @@ class UITextView : public UIView {
   const UIEdgeInsets& textContainerInset() const noexcept;
   void setTextContainerInset(const UIEdgeInsets& inset);
 
-  /// That of the text without wrapping; `sizeThatFits` answers how high it is at a width.
+  /// Of the text without wrapping, as `sizeThatFits` answers where there is no width.
   CGSize intrinsicContentSize() const override;
   CGSize sizeThatFits(CGSize size) const override;
   FirstBaseline firstBaseline() const override;
@@ -53,6 +57,7 @@ class UITextView : public UIView {
   struct State;
 
   void contentDidChange();
+  const internal::ShownText& shown() const;
 
   std::unique_ptr<State> state_;
 };

@@ -20,7 +20,6 @@ class UIViewController;
 class UIWindow;
 namespace internal {
 class Surroundings;
-class ViewLayout;
 }
 
 /// The published numbers.
@@ -59,7 +58,7 @@ class UIView : public LayoutItem {
   void removeFromSuperview();
   /// From the hindmost to the foremost.
   const std::vector<std::shared_ptr<UIView>>& subviews() const noexcept { return subviews_; }
-  std::shared_ptr<UIView> superview() const noexcept { return superview_.lock(); }
+  std::shared_ptr<UIView> superview() const noexcept;
   /// The window at the top of the tree, or null. A window is in itself.
   std::shared_ptr<UIWindow> window() const;
   /// `isDescendantOfView:`: a view is one of itself.
@@ -80,6 +79,7 @@ class UIView : public LayoutItem {
   // What is seen.
 
   bool isHidden() const noexcept { return hidden_; }
+  /// It keeps its place all the same.
   void setHidden(bool hidden) noexcept { hidden_ = hidden; }
   /// Null: none.
   const ColorPtr& backgroundColor() const noexcept { return backgroundColor_; }
@@ -97,7 +97,9 @@ class UIView : public LayoutItem {
   /// Has `layoutSubviews` called at the next layout.
   void setNeedsLayout();
   /// Lays out now: solves the constraints of the whole tree, places its views, and calls `layoutSubviews` of this view
-  /// and those below it that need it. May be called from within `layoutSubviews`.
+  /// and those below it that need it; again, while that asks for more, up to 16 times. May be called from within
+  /// `layoutSubviews`: then it begins again once, and does nothing where it is the sixth call within another. What is
+  /// left waits for the next layout.
   void layoutIfNeeded();
   /// Called by layout for a view that needs it: one whose size has changed, or that was told so. Subclasses place here
   /// what constraints do not; they call their base class's first.
@@ -174,19 +176,28 @@ class UIView : public LayoutItem {
 
  private:
   friend class NSLayoutConstraint;
+  friend class UILayoutGuide;
   friend class UIViewController;
   friend class UIWindow;
   friend class internal::Surroundings;
   friend class internal::ViewLayout;
 
-  // To be called when the superview, the controller or what the window was told may have become another: has the view
-  // and all below it take its traits and window, and tells those for whom they are others.
+  UIView& top() noexcept;
+  void detach();
+  void dismantle(std::vector<std::shared_ptr<UIView>>& orphans);
+  void markAbove(bool UIView::*mark) noexcept;
+  void layOutSubtree();
+  /// The rectangle that layout found.
+  void takePlace(const CGRect& frame);
+  /// Called when the superview, the controller or what the window was told may have become another: has the view and
+  /// all below take their traits and window, and tells those for whom they are others.
   void surroundingsDidChange();
 
-  std::weak_ptr<UIView> superview_;
+  UIView* superview_ = nullptr;  // which takes itself out before it goes
   std::vector<std::shared_ptr<UIView>> subviews_;
   std::vector<std::shared_ptr<UILayoutGuide>> layoutGuides_;
   std::vector<std::shared_ptr<NSLayoutConstraint>> constraints_;
+  std::shared_ptr<internal::ViewLayout> layout_;  // of the tree, at its top; null until needed
   std::weak_ptr<UIViewController> viewController_;
   std::weak_ptr<UIWindow> window_;
   std::shared_ptr<const UITraitCollection> traitCollection_;
@@ -199,6 +210,8 @@ class UIView : public LayoutItem {
   bool clipsToBounds_ = false;
   bool translatesAutoresizingMask_ = true;
   bool needsLayout_ = true;
+  bool needsLayoutBelow_ = false;
+  bool isConstrained_ = false;  // constraints, or views that they place, may be here or below
 };
 
 }  // namespace Brisel::Platform

@@ -95,10 +95,9 @@ class Surroundings {
     const auto controller = view.viewController_.lock();
     if (controller) update(*controller, below);
     Traits traits = controller ? controller->traitCollection_ : surrounding(view);
-    const auto superview = view.superview_.lock();
     std::weak_ptr<UIWindow> window;
-    if (superview) {
-      window = superview->window_;
+    if (view.superview_) {
+      window = view.superview_->window_;
     } else if (dynamic_cast<UIWindow*>(&view)) {
       window = std::static_pointer_cast<UIWindow>(view.shared_from_this());
     }
@@ -114,7 +113,7 @@ class Surroundings {
 
   // What comes to a view from above, whatever its controller says.
   static Traits surrounding(const UIView& view) {
-    if (const auto superview = view.superview_.lock()) return superview->traitCollection_;
+    if (view.superview_) return view.superview_->traitCollection_;
     const auto* window = dynamic_cast<const UIWindow*>(&view);
     return window && window->hostTraits_ ? window->hostTraits_ : UITraitCollection::init();
   }

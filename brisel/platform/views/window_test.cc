@@ -41,6 +41,23 @@ TEST_F(Window, IsFilledAtLayoutWhenItsSizeHasChanged) {
   EXPECT_EQ(root->view()->frame(), (CGRect{{0, 0}, {50, 60}}));
 }
 
+TEST_F(Window, LaysOutWhatIsInTheViewThatFillsIt) {
+  const auto label = UIView::initWithFrame();
+  label->setTranslatesAutoresizingMaskIntoConstraints(false);
+  const auto& view = root->view();
+  view->addSubview(label);
+  NSLayoutConstraint::activateConstraints({label->leftAnchor().constraintEqualToAnchor(view->leftAnchor(), 10),
+                                           label->rightAnchor().constraintEqualToAnchor(view->rightAnchor(), -10),
+                                           label->topAnchor().constraintEqualToAnchor(view->topAnchor()),
+                                           label->bottomAnchor().constraintEqualToAnchor(view->bottomAnchor())});
+  window->setRootViewController(root);
+  window->layoutIfNeeded();
+  EXPECT_EQ(label->frame(), (CGRect{{10, 0}, {280, 200}}));
+  window->setFrame({{0, 0}, {50, 60}});
+  window->layoutIfNeeded();
+  EXPECT_EQ(label->frame(), (CGRect{{10, 0}, {30, 60}}));
+}
+
 TEST_F(Window, TakesTheViewOfTheRootBeforeOut) {
   const auto next = UIViewController::init();
   window->setRootViewController(root);
