@@ -213,7 +213,7 @@ TEST_F(Button, HasItsFirstBaselineWhereItDrawsIt) {
   const auto [fraction, offset] = button->firstBaseline();
   EXPECT_EQ(fraction, 0.5);
   EXPECT_EQ(offset, 15 - 10 + 3);
-  for (const CGFloat height : {1.0, 20.0, 61.5, 200.0}) {
+  for (const CGFloat height : {12.0, 20.0, 61.5, 200.0}) {
     button->setFrame({{0, 0}, {100, height}});
     EXPECT_EQ(drawnText(*button).at(0).origin.y, height * fraction + offset);
   }

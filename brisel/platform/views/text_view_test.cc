@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -109,16 +110,16 @@ TEST_F(TextView, AlignsItsTextBetweenItsInsets) {
 TEST_F(TextView, CutsWhatIsBeyondItsEdges) {
   const auto clips = [&] {
     drawnText(*view, {3, 4});
-    std::vector<CGRect> rects;
+    std::vector<UIBezierPath> paths;
     for (const auto& call : recordingEngine().record().calls)
-      if (call.kind == Kind::clipToPath) rects.push_back(call.path.bounds());
-    return rects;
+      if (call.kind == Kind::clipToPath) paths.push_back(call.path);
+    return paths;
   };
   view->setText("aa bb cc dd");
   view->setFrame({{0, 0}, {50, 48}});  // two lines and the upper inset
   EXPECT_TRUE(clips().empty());
   view->setFrame({{0, 0}, {50, 47}});
-  EXPECT_EQ(clips(), (std::vector<CGRect>{{{3, 4}, {50, 47}}}));
+  EXPECT_EQ(clips(), std::vector{UIBezierPath::bezierPathWithRect({{3, 4}, {50, 47}})});
 }
 
 TEST_F(TextView, IsAsHighAsItsTextAtItsWidth) {
