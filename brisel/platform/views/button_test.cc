@@ -234,6 +234,33 @@ TEST_F(Button, IsAsLargeAsItsTitleAndItsInsets) {
   EXPECT_EQ(button->intrinsicContentSize(), (CGSize{46, 44}));
 }
 
+TEST_F(Button, TruncatesTheTailOfATitleThatIsTooWide) {
+  button->setAttributedTitle(attributed("aa bb cc"), UIControlStateNormal);
+  button->setContentEdgeInsets({0, 30, 0, 30});
+  std::u32string shown;
+  for (const DrawnText& piece : drawnText(*button)) shown += piece.text;
+  EXPECT_EQ(shown, U"aa\u2026");  // no space before the ellipsis
+}
+
+TEST_F(Button, IsLaidOutAnewWhenItsTitleOrItsStateChanges) {
+  const auto top = UIView::initWithFrame({{0, 0}, {300, 300}});
+  button->setTranslatesAutoresizingMaskIntoConstraints(false);
+  top->addSubview(button);
+  NSLayoutConstraint::activateConstraints({button->leftAnchor().constraintEqualToAnchor(top->leftAnchor()),
+                                           button->topAnchor().constraintEqualToAnchor(top->topAnchor())});
+  const auto size = [&] {
+    top->layoutIfNeeded();
+    return button->frame().size;
+  };
+  button->setTitle("ab", UIControlStateNormal);
+  EXPECT_EQ(size(), (CGSize{17, 17}));
+  button->setAttributedTitle(attributed("abcd"), UIControlStateSelected);
+  button->setSelected(true);
+  EXPECT_EQ(size(), (CGSize{40, 20}));
+  button->setContentEdgeInsets({1, 2, 3, 4});
+  EXPECT_EQ(size(), (CGSize{46, 24}));
+}
+
 TEST_F(Button, BearsNumbersThatAreNone) {
   button->setTitle("ab", UIControlStateNormal);
   for (const CGFloat odd : {kNaN, kInfinity, -kInfinity, -1.0, 1e300}) {

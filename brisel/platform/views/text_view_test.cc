@@ -147,6 +147,28 @@ TEST_F(TextView, HasItsFirstBaselineBelowItsUpperInsetWhateverItsHeight) {
   EXPECT_EQ(drawnText(*view).at(0).origin.y, 3 + 15);
 }
 
+TEST_F(TextView, IsLaidOutAsHighAsItsTextAtTheWidthThatItIsGiven) {
+  const auto top = UIView::initWithFrame({{0, 0}, {50, 300}});
+  view->setTranslatesAutoresizingMaskIntoConstraints(false);
+  top->addSubview(view);
+  NSLayoutConstraint::activateConstraints({view->leftAnchor().constraintEqualToAnchor(top->leftAnchor()),
+                                           view->rightAnchor().constraintEqualToAnchor(top->rightAnchor()),
+                                           view->topAnchor().constraintEqualToAnchor(top->topAnchor())});
+  const auto height = [&] {
+    top->layoutIfNeeded();
+    return view->frame().size.height;
+  };
+  EXPECT_EQ(height(), 20 + 16);
+  view->setText("aa bb cc");
+  EXPECT_EQ(height(), 40 + 16);
+  view->setFont(fontOfSize(40));
+  EXPECT_EQ(height(), 120 + 16);
+  view->setTextContainerInset({});
+  EXPECT_EQ(height(), 120);
+  view->setAttributedText(nullptr);
+  EXPECT_EQ(height(), 40);
+}
+
 TEST_F(TextView, BearsNumbersThatAreNone) {
   view->setText("aa bb");
   for (const CGFloat odd : {kNaN, kInfinity, -kInfinity, -1.0, 1e300}) {
