@@ -168,7 +168,7 @@ CGFloat TextHeightBounds::leastLines(const Stretch& stretch, const TextSizeRange
 
 CGFloat TextHeightBounds::greatestLines(const Stretch& stretch, const TextSizeRange& range) const {
   if (!std::isfinite(width_) || stretch.first == stretch.endVisible) return 1;
-  const CGFloat clusters = stretch.endVisible - stretch.first;
+  const auto clusters = static_cast<CGFloat>(stretch.endVisible - stretch.first);
   const CGFloat doubt = doubtOfWidth(range);
   if (!(leastAdvance_ >= 0) || !std::isfinite(doubt)) return clusters;
   const CGFloat advance = places_[stretch.endVisible].advance - places_[stretch.first].advance;
