@@ -154,9 +154,10 @@ CGFloat TextHeightBounds::atMost(const TextSizeRange& range, CGFloat paragraphs)
   }
   const CGFloat height = paragraphs * highest + (paragraphs - 1) * (range.greatestLineSpacing + paragraphSpacing_);
   const CGFloat doubt = share(paragraphs * mostLines);
-  if (doubt > 0.01) return kInfinity;  // Beyond this, what is rounded adds up to more than the share.
   const CGFloat most = height * (1 + doubt) + doubt * magnitude(range);
-  return std::isfinite(most) ? most : kInfinity;
+  // Beyond some number of lines, what is rounded adds up to more than the share.
+  if (doubt > 0.01 || std::isnan(most)) return kInfinity;
+  return most;
 }
 
 // Smaller advances never make more lines, and larger ones never fewer: each line begins no earlier, or no later, than
