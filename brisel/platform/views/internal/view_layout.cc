@@ -22,8 +22,10 @@ CGFloat cutLength(CGFloat length) {
   return std::clamp(length, -ConstraintSolver::kLargestConstant, ConstraintSolver::kLargestConstant);
 }
 
-// Numbers for the order of variables and constraints: eight for each item.
-ConstraintSolver::Order orderOf(std::uint64_t number, std::size_t part) { return number * 8 + part; }
+// The order of variables and of required constraints: eight numbers for each view or guide, as they were made; then
+// constraints, as they were activated.
+ConstraintSolver::Order orderOf(std::uint64_t item, std::size_t part) { return item * 8 + part; }
+ConstraintSolver::Order orderOf(std::uint64_t constraint) { return (1ULL << 60U) + constraint; }
 
 template <class Item>
 void removeFrom(std::vector<Item*>& list, Item* item) {
@@ -66,11 +68,6 @@ std::shared_ptr<ViewLayout> ViewLayout::of(UIView& top) {
 }
 
 UIView* ViewLayout::asView(LayoutItem& item) { return dynamic_cast<UIView*>(&item); }
-
-CGRect ViewLayout::frameOf(const LayoutItem& item) {
-  const auto* const guide = dynamic_cast<const UILayoutGuide*>(&item);
-  return guide ? guide->layoutFrame_ : static_cast<const UIView&>(item).frame_;
-}
 
 const LayoutPlace* ViewLayout::placeInHere(const LayoutItem& item) const {
   return item.place_ && item.place_->layout == this ? item.place_.get() : nullptr;
@@ -132,7 +129,8 @@ void ViewLayout::enter(LayoutItem& item) {
   place.contents = {};
   place.measuredWidth = std::numeric_limits<CGFloat>::quiet_NaN();
   place.isContentMarked = place.isContentReported = false;
-  if (UIView* const view = asView(item)) markContent(*view);
+  place.view = asView(item);
+  if (place.view) markContent(*place.view);
   markConstraints(place);
   isStale_ = true;
 }
@@ -367,7 +365,7 @@ void ViewLayout::takeInRow(NSLayoutConstraint& constraint) {
                         : constraint.relation_ == NSLayoutRelation::lessThanOrEqual ? Solver::Relation::atMost
                                                                                     : Solver::Relation::atLeast;
   // Refused where the priority is not above 0: then it asks for nothing.
-  row.handle = solver_.addConstraint(row.terms, form_.constant, relation, priority, orderOf(constraint.number_, 0))
+  row.handle = solver_.addConstraint(row.terms, form_.constant, relation, priority, orderOf(constraint.number_))
                    .value_or(Solver::Constraint{});
 }
 
@@ -409,7 +407,7 @@ void ViewLayout::placeItems() {
     const LayoutPlace& place = *item->place_;
     const CGSize size{std::max(0.0, solver_.value(place.width)), std::max(0.0, solver_.value(place.height))};
     const CGRect frame{{solver_.value(place.x), solver_.value(place.y)}, size};
-    if (UIView* const view = asView(*item)) {
+    if (UIView* const view = place.view) {
       view->takePlace(view == top_ ? CGRect{view->frame_.origin, size} : frame);
     } else {
       static_cast<UILayoutGuide*>(item)->layoutFrame_ = frame;
