@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "brisel/object_interface/type_styles.h"
 #include "brisel/tokens/spacer.h"
 #include "brisel/typography/text_view_styling.h"
 
@@ -144,6 +145,10 @@ std::shared_ptr<UIView> SampleContent::makeStyles() {
     column.add(views_.label(specimen.caption, TypeStyle::finale(), subdued), Spacer::x16().value());
     column.add(views_.label(specimen.text, specimen.style(), base), Spacer::x4().value());
   }
+  column.add(views_.label("Brio, by a legacy label, into one line", TypeStyle::finale(), subdued),
+             Spacer::x16().value());
+  column.add(views_.legacyLabel("The stars above the harbour", VLMBriselTypeStyle::brio(), base),
+             Spacer::x4().value());
   column.end();
   return styles;
 }

@@ -45,6 +45,17 @@ std::shared_ptr<Platform::UILabel> StyledViews::label(std::string_view text, con
   return view;
 }
 
+std::shared_ptr<VLMBriselLegacyLabel> StyledViews::legacyLabel(std::string_view text,
+                                                               const VLMBriselLegacyLabel::Style& style, Role color) {
+  auto view = VLMBriselLegacyLabel::initWithStyle(style);
+  const TypeStyle& value = style->typeStyle();
+  view->setMinimumScaleFactor(value.configuration().minimumScaleFactor().mid());
+  view->setTextColor(color(*colors_));
+  view->setText(std::string(text));
+  labels_.push_back({view, value, color});
+  return view;
+}
+
 std::shared_ptr<PanelView> StyledViews::panel(const std::shared_ptr<Platform::UIView>& content,
                                               const Platform::NSDirectionalEdgeInsets& insets) {
   auto view = PanelView::init();

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "brisel/object_interface/legacy_label.h"
 #include "brisel/platform/views/label.h"
 #include "brisel/platform/views/text_field.h"
 #include "brisel/platform/views/text_view.h"
@@ -18,8 +19,8 @@ namespace Brisel::Gallery {
 
 /// Makes the views of a screen, and tells them of changes.
 ///
-/// Labels and text views follow the text size by their own subscriptions, as the library has them; for all others,
-/// which have none, this one subscribes. Colours and direction are told to all.
+/// Labels and text views follow the text size by their own subscriptions, and older labels by their traits, as the
+/// library has them; for all others, which have neither, this one subscribes. Colours and direction are told to all.
 class StyledViews {
  public:
   /// A colour by its role.
@@ -31,6 +32,9 @@ class StyledViews {
 
   /// A label that wraps.
   std::shared_ptr<Platform::UILabel> label(std::string_view text, const TypeStyle& style, Role color);
+  /// A label of the older kind, of one line into which its text is fitted.
+  std::shared_ptr<VLMBriselLegacyLabel> legacyLabel(std::string_view text, const VLMBriselLegacyLabel::Style& style,
+                                                    Role color);
   /// A field with room round it. Empty where there is no text.
   std::shared_ptr<PanelView> field(std::string_view text, std::string_view placeholder);
   /// A text view with room round it.
