@@ -5,6 +5,7 @@
 
 #include "brisel/platform/content_size_category.h"
 #include "brisel/platform/notification_center.h"
+#include "brisel/typography/dynamic_type_monitor.h"
 
 namespace Brisel::Gallery {
 namespace {
@@ -56,6 +57,7 @@ bool hasTextScalingFactor(std::string_view desktops) noexcept {
 }
 
 void announceTextSize(ContentSizeCategory category) {
+  DynamicTypeMonitor::shared();  // which hears of text sizes from its first use on
   Platform::NSNotificationCenter::defaultCenter().postNotificationName(
       Platform::UIContentSizeCategoryDidChangeNotification, nullptr,
       {{Platform::UIContentSizeCategoryNewValueKey, category.platformCategory()}});

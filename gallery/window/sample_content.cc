@@ -43,7 +43,7 @@ constexpr Specimen kSpecimens[] = {
 
 constexpr const Icon& (*kIcons[])() noexcept = {
     Icon::home,        Icon::search, Icon::heartActive, Icon::shuffle,  Icon::skipBack,     Icon::play,
-    Icon::skipForward, Icon::repeat, Icon::volume,      Icon::listView, Icon::chevronRight, Icon::share,
+    Icon::skipForward, Icon::repeat, Icon::volume,      Icon::listView, Icon::chevronRight,
 };
 
 struct NamedRole {
@@ -66,6 +66,7 @@ SampleContent::SampleContent(StyledViews& views) : views_(views), view_(UIView::
   // A page of a width that can be read, in the middle of what there is.
   const auto page = UIView::initWithFrame();
   addPlaced(*view_, page);
+  const auto room = page->widthAnchor().constraintLessThanOrEqualToAnchor(view_->widthAnchor(), -2 * kMargin);
   const auto wide = page->widthAnchor().constraintEqualToAnchor(view_->widthAnchor(), -2 * kMargin);
   wide->setPriority(Platform::UILayoutPriorityDefaultHigh);
   NSLayoutConstraint::activateConstraints({
@@ -73,6 +74,7 @@ SampleContent::SampleContent(StyledViews& views) : views_(views), view_(UIView::
       view_->bottomAnchor().constraintEqualToAnchor(page->bottomAnchor(), kMargin),
       page->centerXAnchor().constraintEqualToAnchor(view_->centerXAnchor()),
       page->widthAnchor().constraintLessThanOrEqualToConstant(kWidest),
+      room,
       wide,
   });
 
@@ -147,8 +149,7 @@ std::shared_ptr<UIView> SampleContent::makeStyles() {
   }
   column.add(views_.label("Brio, by a legacy label, into one line", TypeStyle::finale(), subdued),
              Spacer::x16().value());
-  column.add(views_.legacyLabel("The stars above the harbour", VLMBriselTypeStyle::brio(), base),
-             Spacer::x4().value());
+  column.add(views_.legacyLabel("The stars above the harbour", VLMBriselTypeStyle::brio(), base), Spacer::x4().value());
   column.end();
   return styles;
 }
@@ -161,9 +162,9 @@ std::shared_ptr<UIView> SampleContent::makeControls() {
   column.add(views_.field("Evening jazz", "Name of the playlist"), Spacer::x12().value());
 
   addHeading(column, "Text view");
-  column.add(
-      views_.textView("Six jazz quavers wove my big, lofty pitch and key.\nמוזיקה, музыка, μουσική, संगीत, موسيقى"),
-      Spacer::x16().value());
+  column.add(views_.textView(
+                 "Six jazz quavers wove my big, lofty pitch and key.\nMusic, музыка, μουσική, संगीत, מוזיקה, موسيقى"),
+             Spacer::x16().value());
 
   addHeading(column, "Buttons");
   const auto buttons = views_.flow(Spacer::x12().value());

@@ -20,10 +20,11 @@ using Platform::UITraitCollection, Platform::UIUserInterfaceLayoutDirection, Pla
 
 namespace {
 
-constexpr std::string_view kHelp = "Left, Right: text size   C: colours   D: direction   Up, Down: scroll   Esc: close";
+constexpr std::string_view kHelp = "Left, Right: text size · C: colours · D: direction · Up, Down: scroll · Esc: close";
 
 const Platform::ColorPtr& ground(const Theme::ColorSet& colors) { return colors.background().base(); }
 const Platform::ColorPtr& raisedGround(const Theme::ColorSet& colors) { return colors.background().elevated().base(); }
+const Platform::ColorPtr& edge(const Theme::ColorSet& colors) { return colors.decorative().subdued(); }
 const Platform::ColorPtr& text(const Theme::ColorSet& colors) { return colors.text().base(); }
 const Platform::ColorPtr& subduedText(const Theme::ColorSet& colors) { return colors.text().subdued(); }
 
@@ -67,8 +68,13 @@ void SampleScreen::build() {
   const auto bar = makeBar(), help = makeHelp();
   scroll_ = ScrollView::initWithContent(content_.view());
   addPlaced(*screen, scroll_);
-  for (const auto& part : {bar, help}) addPlaced(*screen, part);
-  for (const std::shared_ptr<UIView>& part : {bar, std::shared_ptr<UIView>(scroll_), help}) {
+  const auto above = UIView::initWithFrame(), below = UIView::initWithFrame();
+  for (const auto& line : {above, below}) {  // as not all colour sets have another ground for what is raised
+    views_.paint(line, edge);
+    line->heightAnchor().constraintEqualToConstant(1)->setActive(true);
+  }
+  for (const auto& part : {bar, above, below, help}) addPlaced(*screen, part);
+  for (const std::shared_ptr<UIView>& part : {bar, above, std::shared_ptr<UIView>(scroll_), below, help}) {
     NSLayoutConstraint::activateConstraints({
         part->leadingAnchor().constraintEqualToAnchor(screen->leadingAnchor()),
         part->trailingAnchor().constraintEqualToAnchor(screen->trailingAnchor()),
@@ -76,8 +82,10 @@ void SampleScreen::build() {
   }
   NSLayoutConstraint::activateConstraints({
       bar->topAnchor().constraintEqualToAnchor(screen->topAnchor()),
-      scroll_->topAnchor().constraintEqualToAnchor(bar->bottomAnchor()),
-      help->topAnchor().constraintEqualToAnchor(scroll_->bottomAnchor()),
+      above->topAnchor().constraintEqualToAnchor(bar->bottomAnchor()),
+      scroll_->topAnchor().constraintEqualToAnchor(above->bottomAnchor()),
+      below->topAnchor().constraintEqualToAnchor(scroll_->bottomAnchor()),
+      help->topAnchor().constraintEqualToAnchor(below->bottomAnchor()),
       help->bottomAnchor().constraintEqualToAnchor(screen->bottomAnchor()),
   });
 }
@@ -183,8 +191,8 @@ void SampleScreen::describe() {
   const bool isMirrored = direction_ == UIUserInterfaceLayoutDirection::rightToLeft;
   const std::string size = decimal(pointsOfRunningText(category_), 1);
   std::string line(categories()[static_cast<std::size_t>(slider_->step())].name);
-  line += ", running text " + size + " points   " + colorsName_;
-  status_->setText(line + (isMirrored ? "   right to left" : "   left to right"));
+  line += " · running text " + size + " points · " + colorsName_;
+  status_->setText(line + (isMirrored ? " · right to left" : " · left to right"));
   apply(*status_, TypeStyle::mesto(), category_.platformCategory(), false);
   needsDisplay_ = true;
 }

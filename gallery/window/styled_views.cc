@@ -163,9 +163,10 @@ void StyledViews::style(const StatefulButton& button, const UIContentSizeCategor
   button.view->setTitleColor(title, button.state);
   button.view->setColors(isSelected      ? colors_->essential().base()
                          : isHighlighted ? background.tinted().highlight()
-                         : isDisabled    ? nullptr
                                          : background.tinted().base(),
-                         isDisabled || isSelected ? nullptr : colors_->essential().subdued());
+                         isDisabled || isSelected ? nullptr
+                         : isHighlighted          ? colors_->essential().base()
+                                                  : colors_->essential().subdued());
   apply(*button.view, buttonStyle(), category);
 }
 

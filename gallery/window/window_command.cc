@@ -35,8 +35,8 @@ WindowLook::WindowLook(const WindowCommand& command)
 
 std::unique_ptr<SampleScreen> makeScreen(const WindowCommand& command, const WindowLook& look) {
   announceTextSize(look.textSize.value_or(ContentSizeCategory::large));
-  auto screen = std::make_unique<SampleScreen>(Platform::CGSize{command.width, command.height.value_or(0)}, look.colors,
-                                               look.direction);
+  const Platform::CGSize size{command.width, command.height.value_or(kLargestWindowSide)};
+  auto screen = std::make_unique<SampleScreen>(size, look.colors, look.direction);
   if (!command.height) screen->setSize({command.width, std::ceil(screen->wholeHeight())});
   return screen;
 }
