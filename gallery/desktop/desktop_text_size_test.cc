@@ -41,7 +41,7 @@ class DesktopTextSizes : public testing::Test {
  protected:
   DesktopTextSizes() {
     g_test_dbus_up(bus_);
-    Platform::NSNotificationCenter::defaultCenter().addObserverForName(
+    observer_ = Platform::NSNotificationCenter::defaultCenter().addObserverForName(
         Platform::UIContentSizeCategoryDidChangeNotification, nullptr, [this](const Platform::NSNotification& news) {
           const auto* category = news.userInfo.find(Platform::UIContentSizeCategoryNewValueKey);
           ASSERT_NE(category, nullptr);
@@ -49,6 +49,7 @@ class DesktopTextSizes : public testing::Test {
         });
   }
   ~DesktopTextSizes() override {
+    Platform::NSNotificationCenter::defaultCenter().removeObserver(observer_);
     desktop_.reset();
     stopBus();
     g_object_unref(bus_);
@@ -75,6 +76,7 @@ class DesktopTextSizes : public testing::Test {
 
   GTestDBus* const bus_ = g_test_dbus_new(G_TEST_DBUS_NONE);
   bool isUp_ = true;
+  std::shared_ptr<const Platform::NSObject> observer_;
   std::vector<Category> announced_;
   std::unique_ptr<DesktopTextSize> desktop_;
 };

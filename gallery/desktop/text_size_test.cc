@@ -46,7 +46,8 @@ TEST(TextScalingFactor, OfADesktopsOwnStepsGivesTheCategoryThatReadersExpect) {
 
 TEST(TextScalingFactor, OfACategorysOwnRatioGivesThatCategory) {
   for (const Ratio& row : kRatios) {
-    if (row.ratio <= 3) EXPECT_EQ(categoryForTextScalingFactor(row.ratio), row.category) << row.ratio;
+    if (row.ratio > 3) continue;  // which no desktop offers
+    EXPECT_EQ(categoryForTextScalingFactor(row.ratio), row.category) << row.ratio;
   }
 }
 

@@ -32,11 +32,11 @@ double pointsOfRunningText(ContentSizeCategory category) {
   return TypeStyle::ballad().configuration().fontSize().value(category.rawValue());
 }
 
-// One line, made smaller rather than cut: a bar cannot grow.
-void keepOnOneLine(Platform::UILabel& label) {
-  label.setNumberOfLines(1);
+// Two lines at most, made smaller rather than cut: a bar must leave room for what stands beside it.
+void keepLow(Platform::UILabel& label) {
+  label.setNumberOfLines(2);
   label.setAdjustsFontSizeToFitWidth(true);
-  label.setMinimumScaleFactor(0.3);
+  label.setMinimumScaleFactor(0.4);
 }
 
 }  // namespace
@@ -98,7 +98,7 @@ std::shared_ptr<UIView> SampleScreen::makeBar() {
   addFilling(*bar, column, {kAbove, kBeside, kAbove, kBeside});
   slider_ = SliderView::initWithSteps(static_cast<int>(categories().size()));
   status_ = views_.label({}, TypeStyle::mesto(), text);
-  keepOnOneLine(*status_);
+  keepLow(*status_);
   Column parts(*column);
   parts.add(slider_);
   parts.add(status_, Spacer::x8().value());
@@ -110,7 +110,7 @@ std::shared_ptr<UIView> SampleScreen::makeHelp() {
   auto foot = UIView::initWithFrame();
   views_.paint(foot, raisedGround);
   const auto label = views_.label(kHelp, TypeStyle::finale(), subduedText);
-  keepOnOneLine(*label);
+  keepLow(*label);
   constexpr CGFloat kBeside = Spacer::x24().value(), kAbove = Spacer::x8().value();
   addFilling(*foot, label, {kAbove, kBeside, kAbove, kBeside});
   return foot;
