@@ -34,6 +34,11 @@ void FlowView::contentDidChange() {
   setNeedsLayout();
 }
 
+void FlowView::traitCollectionDidChange(const std::shared_ptr<const Platform::UITraitCollection>& previous) {
+  UIView::traitCollectionDidChange(previous);
+  setNeedsLayout();
+}
+
 CGSize FlowView::intrinsicContentSize() const {
   return {Platform::UIViewNoIntrinsicMetric, sizeThatFits(bounds().size).height};
 }

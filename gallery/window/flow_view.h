@@ -19,6 +19,8 @@ class FlowView final : public Platform::UIView {
   Platform::CGSize intrinsicContentSize() const override;
   Platform::CGSize sizeThatFits(Platform::CGSize size) const override;
   void layoutSubviews() override;
+  /// The direction may be another.
+  void traitCollectionDidChange(const std::shared_ptr<const Platform::UITraitCollection>& previous) override;
 
  protected:
   bool hasHeightForWidth() const override { return true; }
