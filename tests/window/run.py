@@ -138,6 +138,7 @@ class LiveWindow(unittest.TestCase):
             fields = pathlib.Path(f"/proc/{window.pid}/stat").read_text().rsplit(")", 1)[1].split()
             return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
+        time.sleep(1)  # what it is told about being opened may take a moment
         before = seconds()
         time.sleep(2)
         self.assertLess(seconds() - before, 0.1)
