@@ -11,7 +11,7 @@ python := /usr/bin/python3
 build = cmake --preset $(1) && cmake --build --preset $(1) -j $(JOBS) $(if $(2),--target $(2))
 ctest = ctest --preset $(1) -j $(JOBS)
 
-.PHONY: help setup gallery test check release pressure asan tsan lint browser tokens fuzz bench coverage install clean
+.PHONY: help setup gallery test check release pressure asan tsan lint browser window tokens fuzz bench coverage install clean
 .NOTPARALLEL:
 
 help:
@@ -39,7 +39,7 @@ test:
 	$(call build,dev)
 	$(call ctest,dev)
 
-check_stages := gallery release pressure asan tsan lint browser tokens
+check_stages := gallery release pressure asan tsan lint browser window tokens
 check:
 	$(install_for) build assets gallery test check
 	@for stage in $(check_stages); do setup/stage.sh $$stage $(MAKE) --no-print-directory $$stage || exit 1; done
@@ -69,6 +69,12 @@ lint:
 browser: gallery
 	$(install_for) build assets gallery check
 	node tests/browser/run.mjs out/gallery
+
+# The live window, on a display that nobody sees.
+window:
+	$(install_for) build assets gallery check
+	$(call build,release)
+	$(python) tests/window/run.py build/release/bin/brisel
 
 # What other tools read of the exported tokens. They need a newer Node than Debian's, which their lock file brings.
 tokens:

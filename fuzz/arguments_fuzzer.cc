@@ -75,6 +75,14 @@ class Reader {
     return "contrast" + given(command.set, "") + command.role + (command.isJson ? "as JSON" : "") +
            std::to_string(command.minimum);
   }
+  std::string operator()(const WindowCommand& command) const {
+    require(command.width >= kLeastWindowWidth && command.width <= kLargestWindowSide);
+    require(!command.height || (*command.height >= kLeastWindowHeight && *command.height <= kLargestWindowSide));
+    require(!command.scale || (*command.scale > 0 && *command.scale <= 16));
+    return "window" + std::to_string(command.width) + std::to_string(command.height.value_or(0)) +
+           std::to_string(command.scale.value_or(0)) + given(command.textSize, "") + given(command.set, "base") +
+           (command.isRightToLeft ? "rtl" : "ltr") + given(command.screenshot, "");
+  }
 
  private:
   // Some argument, or what stands behind its "=". It is not empty.

@@ -1,5 +1,6 @@
 #include "gallery/arguments.h"
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -141,14 +142,52 @@ Command parseContrast(Arguments arguments) {
   return command;
 }
 
+// "960x720", or a width alone.
+void readWindowSize(std::string_view text, WindowCommand& command) {
+  const auto x = std::min(text.find('x'), text.size());
+  const bool hasHeight = x < text.size();
+  const auto width = wholeNumber(text.substr(0, x), kLargestWindowSide).value_or(0);
+  const auto height = hasHeight ? wholeNumber(text.substr(x + 1), kLargestWindowSide).value_or(0) : 0;
+  const bool isWide = width >= kLeastWindowWidth;
+  const bool isHigh = !hasHeight || height >= kLeastWindowHeight;
+  if (!isWide || !isHigh) {
+    throw UsageError("--size takes a width, or a width and a height as in 960x720, from 320x240 to 8192x8192, not \"" +
+                     std::string(text) + "\"");
+  }
+  command.width = static_cast<double>(width);
+  command.height.reset();
+  if (hasHeight) command.height = static_cast<double>(height);
+}
+
+Command parseWindow(Arguments arguments) {
+  WindowCommand command;
+  std::string size, direction = "ltr";
+  double scale = 0;
+  const auto rest = readOptions(arguments, {{"--size", into(size)},
+                                            {"--scale", intoPositive(scale, "--scale", kLargestScale)},
+                                            {"--text-size", into(command.textSize)},
+                                            {"--set", into(command.set)},
+                                            {"--direction", into(direction)},
+                                            {"--screenshot", into(command.screenshot)}});
+  if (!rest) return HelpCommand{"window"};
+  requireNothing("window", *rest);
+  if (!size.empty()) readWindowSize(size, command);
+  if (scale > 0) command.scale = scale;
+  if (direction != "ltr" && direction != "rtl") {
+    throw UsageError("--direction takes ltr or rtl, not \"" + direction + "\"");
+  }
+  command.isRightToLeft = direction == "rtl";
+  return command;
+}
+
 struct Parser {
   std::string_view command;
   Command (*parse)(Arguments arguments);
 };
-constexpr Parser kParsers[] = {{"gallery", parseGallery}, {"text", parseText},        {"icon", parseIcon},
-                               {"icons", parseIcons},     {"compare", parseCompare},  {"scale", parseScale},
-                               {"tokens", parseTokens},   {"contrast", parseContrast}};
-constexpr std::string_view kCommands = "gallery, text, icon, icons, compare, scale, tokens or contrast";
+constexpr Parser kParsers[] = {{"gallery", parseGallery}, {"text", parseText},         {"icon", parseIcon},
+                               {"icons", parseIcons},     {"compare", parseCompare},   {"scale", parseScale},
+                               {"tokens", parseTokens},   {"contrast", parseContrast}, {"window", parseWindow}};
+constexpr std::string_view kCommands = "gallery, text, icon, icons, compare, scale, tokens, contrast or window";
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <limits>
+#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>
@@ -90,8 +91,24 @@ struct ContrastCommand {
   double minimum = 1;  // the least ratio that passes
 };
 
+/// The sizes, in points, that the live window may have.
+constexpr std::uint64_t kLeastWindowWidth = 320;
+constexpr std::uint64_t kLeastWindowHeight = 240;
+constexpr std::uint64_t kLargestWindowSide = 8192;
+
+/// Opens the live window, or draws what it would show.
+struct WindowCommand {
+  double width = 960;                  // points
+  std::optional<double> height = 720;  // points; nothing: as high as what it shows
+  std::optional<double> scale;         // pixels a point; nothing: those of the display
+  std::string textSize;                // empty: that of the desktop
+  std::string set = "base";
+  bool isRightToLeft = false;
+  std::filesystem::path screenshot;  // empty: a window
+};
+
 using Command = std::variant<HelpCommand, VersionCommand, GalleryCommand, TextCommand, IconCommand, IconsCommand,
-                             CompareCommand, ScaleCommand, TokensCommand, ContrastCommand>;
+                             CompareCommand, ScaleCommand, TokensCommand, ContrastCommand, WindowCommand>;
 
 /// Reads the arguments behind the program's name. Throws UsageError.
 Command parseArguments(std::span<const std::string_view> arguments);

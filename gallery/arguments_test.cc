@@ -127,7 +127,7 @@ TEST(Arguments, HelpTellsOfEveryOption) {
   EXPECT_THAT(helpText("scale"), AllOf(HasSubstr("--out"), HasSubstr("--grid"), HasSubstr("--interpolation")));
   for (const auto* command : {"gallery", "tokens"}) EXPECT_THAT(helpText(command), HasSubstr("mount point"));
   EXPECT_THAT(helpText("tokens"), AllOf(HasSubstr("--format"), HasSubstr("--out DIR"), HasSubstr("--out FILE")));
-  for (const auto* command : {"gallery", "text", "icon", "icons", "compare", "scale", "tokens", "contrast"}) {
+  for (const auto* command : {"gallery", "text", "icon", "icons", "compare", "scale", "tokens", "contrast", "window"}) {
     EXPECT_THAT(helpText(""), HasSubstr("brisel " + std::string(command) + " "));
     EXPECT_EQ(std::get<HelpCommand>(parse({command, "--help"})).topic, command);
     EXPECT_EQ(std::get<HelpCommand>(parse({"help", command})).topic, command);
@@ -168,8 +168,49 @@ TEST(Arguments, ReadAContrastCommand) {
               AllOf(HasSubstr("--set"), HasSubstr("--role"), HasSubstr("--json"), HasSubstr("--min")));
 }
 
+TEST(Arguments, ReadAWindowCommand) {
+  const auto command = std::get<WindowCommand>(
+      parse({"window", "--size", "1280x800", "--scale", "2", "--text-size", "accessibilityLarge", "--set=overMedia",
+             "--direction", "rtl", "--screenshot", "x.png"}));
+  EXPECT_EQ(command.width, 1280);
+  EXPECT_EQ(command.height, 800);
+  EXPECT_EQ(command.scale, 2);
+  EXPECT_EQ(command.textSize, "accessibilityLarge");
+  EXPECT_EQ(command.set, "overMedia");
+  EXPECT_TRUE(command.isRightToLeft);
+  EXPECT_EQ(command.screenshot, "x.png");
+}
+
+TEST(Arguments, OpenAWindowInTheDesktopsTextSizeUnlessTold) {
+  const auto command = std::get<WindowCommand>(parse({"window"}));
+  EXPECT_EQ(command.width, 960);
+  EXPECT_EQ(command.height, 720);
+  EXPECT_EQ(command.scale, std::nullopt);
+  EXPECT_EQ(command.textSize, "");
+  EXPECT_EQ(command.set, "base");
+  EXPECT_FALSE(command.isRightToLeft);
+  EXPECT_TRUE(command.screenshot.empty());
+}
+
+TEST(Arguments, TakeAWindowOfAnyHeightAndRefuseSizesThatNoneHas) {
+  const auto whole = std::get<WindowCommand>(parse({"window", "--size", "320"}));
+  EXPECT_EQ(whole.width, 320);
+  EXPECT_EQ(whole.height, std::nullopt);
+  EXPECT_EQ(std::get<WindowCommand>(parse({"window", "--size", "320x240"})).height, 240);
+  EXPECT_EQ(std::get<WindowCommand>(parse({"window", "--size", "8192x8192"})).height, 8192);
+  for (const auto* size : {"319", "319x240", "320x239", "8193", "960x8193", "960x", "x720", "960x720x2", "960 x 720",
+                           "-960x720", "9e2x720", "960X720", "0"}) {
+    EXPECT_THAT(complaint({"window", "--size", size}), HasSubstr("from 320x240 to 8192x8192")) << size;
+  }
+  EXPECT_EQ(complaint({"window", "--direction", "left"}), "--direction takes ltr or rtl, not \"left\"");
+  EXPECT_EQ(complaint({"window", "now"}), "window takes no argument \"now\"");
+  for (const auto* option : {"--size", "--scale", "--text-size", "--set", "--direction", "--screenshot"})
+    EXPECT_THAT(helpText("window"), HasSubstr(option));
+}
+
 TEST(Arguments, SayWhatIsMissing) {
-  EXPECT_EQ(complaint({}), "a command is missing: gallery, text, icon, icons, compare, scale, tokens or contrast");
+  EXPECT_EQ(complaint({}),
+            "a command is missing: gallery, text, icon, icons, compare, scale, tokens, contrast or window");
   EXPECT_EQ(complaint({"gallery"}), "gallery needs --out DIR");
   EXPECT_EQ(complaint({"gallery", "--out"}), "--out needs a value");
   EXPECT_EQ(complaint({"gallery", "--out="}), "--out needs a value that is not empty");
@@ -186,7 +227,7 @@ TEST(Arguments, SayWhatIsMissing) {
 
 TEST(Arguments, SayWhatIsNotKnown) {
   EXPECT_EQ(complaint({"paint"}),
-            "unknown command \"paint\": gallery, text, icon, icons, compare, scale, tokens or contrast");
+            "unknown command \"paint\": gallery, text, icon, icons, compare, scale, tokens, contrast or window");
   EXPECT_EQ(complaint({"gallery", "--where", "x"}), "unknown option --where");
   EXPECT_EQ(complaint({"gallery", "x"}), "gallery takes no argument \"x\"");
   EXPECT_EQ(complaint({"text", "a", "b", "-o", "x"}), "text takes one text; put it in quotes");

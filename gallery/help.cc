@@ -19,6 +19,7 @@ constexpr Topic kTopics[] = {
   brisel scale FILE.png 8 -o FILE.png  enlarge a picture to look at its pixels
   brisel tokens --format FORMAT        export the tokens: dtcg, css or json
   brisel contrast [--min RATIO]        list the contrast within the colour sets
+  brisel window                        show views that follow the text size, live
 
   brisel <command> --help              what a command takes
   brisel --version
@@ -134,6 +135,29 @@ component, as encoded.
                           pairs on standard error
 
 Exit status: 0 done, 1 a pair is below --min, 2 not understood.
+)"},
+    {"window",
+     R"(Usage: brisel window [options]
+
+Opens a window of the library's views: text in several styles and scripts, fields, buttons
+and icons. Whoever changes the text size, the colours or the direction sees all of them
+follow. On GNOME and desktops with its settings, the text size is the desktop's text
+scaling factor, also when that changes.
+
+  Left, Right, or the slider    text size             0   the usual one
+  C, Shift C                    next colour set, the one before
+  D                             from left to right, from right to left
+  Up, Down, Page Up, Page Down, Home, End, wheel      scroll
+  Escape                        close
+
+      --size WIDTHxHEIGHT     in points (960x720); a width alone: as high as what it shows
+      --scale NUMBER          pixels a point (those of the display; 1 for a screenshot)
+      --text-size CATEGORY    instead of the desktop's, and for good: extraSmall … large …
+                              accessibilityExtraExtraExtraLarge, or its platform name
+      --set NAME              a colour set, such as base or tierAurel (base)
+      --direction DIRECTION   ltr or rtl, from left to right or from right to left (ltr)
+      --screenshot FILE       writes what the window would show as a PNG, and opens none. It
+                              needs no display, and does not ask the desktop (large)
 )"},
 };
 

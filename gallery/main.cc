@@ -20,6 +20,8 @@
 #include "gallery/guide/site.h"
 #include "gallery/interruption.h"
 #include "gallery/one_line.h"
+#include "gallery/window/sdl_window.h"
+#include "gallery/window/window_command.h"
 
 namespace {
 
@@ -48,6 +50,10 @@ int run(const IconCommand& command) { return drawIcon(command), done; }
 int run(const IconsCommand& command) { return print(iconList(command)), done; }
 int run(const ScaleCommand& command) { return scalePicture(command), done; }
 int run(const TokensCommand& command) { return print(exportTokens(command)), done; }
+
+int run(const WindowCommand& command) {
+  return command.screenshot.empty() ? showWindow(command) : drawWindow(command), done;
+}
 
 int run(const ContrastCommand& command) {
   const ContrastReport report = contrastReport(command);

@@ -88,6 +88,7 @@ class CommandLine(unittest.TestCase):
         self.assertIn("--grid COLOR", run("scale", "--help").stdout)
         self.assertIn("--format FORMAT", run("tokens", "--help").stdout)
         self.assertIn("the poorer ratio counts", run("contrast", "--help").stdout.replace("\n", " "))
+        self.assertIn("--text-size CATEGORY", run("window", "--help").stdout)
         self.assertEqual(run("--help").returncode, 0)
 
     def test_what_is_not_understood_is_said_in_one_line(self):
@@ -121,6 +122,11 @@ class CommandLine(unittest.TestCase):
             (["tokens", "--format", "DTCG", "-o", picture], '--format takes dtcg, css or json, not "DTCG"'),
             (["tokens", "--format", "dtcg"], "tokens --format dtcg needs -o DIR"),
             (["tokens", "--format", "css", "gray7"], 'tokens takes no argument "gray7"'),
+            (["window", "--size", "100x100", "--screenshot", picture], "--size takes a width"),
+            (["window", "--set", "light", "--screenshot", picture], 'no colour set is called "light"'),
+            (["window", "--set", "light"], 'no colour set is called "light"'),
+            (["window", "--text-size", "huge", "--screenshot", picture], 'no category is called "huge"'),
+            (["window", "--direction", "up"], "--direction takes ltr or rtl"),
         ]:
             with self.subTest(arguments=arguments):
                 self.assert_complaint(run(*arguments), 2, words)
@@ -414,6 +420,44 @@ class CommandLine(unittest.TestCase):
         below = [pair for pair in json.loads(machine.stdout)["pairs"] if pair["ratio"] < 21]
         self.assertTrue(machine.stderr.startswith(f"brisel: {len(below)} of 4200 pairs are below 21:\n"))
         self.assertEqual(len(machine.stderr.splitlines()), 1 + len(below))
+
+    def window(self, *options, **environment):
+        """The bytes of a screenshot, drawn where there is neither a display nor a session."""
+        picture = self.folder / "window.png"
+        bare = {name: value for name, value in os.environ.items()
+                if name not in ("DISPLAY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR")}
+        result = run("window", *options, "--screenshot", picture, env=dict(bare, **environment))
+        self.assertEqual((result.returncode, result.stdout, result.stderr), (0, "", ""))
+        return picture.read_bytes()
+
+    def test_a_screenshot_is_as_large_as_told(self):
+        for options, size in [([], (960, 720)), (["--size", "480x320"], (480, 320)),
+                              (["--size=480x320", "--scale", "2"], (960, 640)),
+                              (["--size", "333x241", "--scale", "1.5"], (500, 362))]:
+            self.window(*options)
+            self.assertEqual(png_size(self.folder / "window.png"), size)
+        heights = []
+        for category in ["extraSmall", "large", "accessibilityExtraLarge"]:
+            self.window("--size", "480", "--text-size", category)
+            heights.append(png_size(self.folder / "window.png")[1])
+        self.assertEqual(heights, sorted(set(heights)))
+
+    def test_a_screenshot_is_what_its_options_say_and_nothing_else(self):
+        usual = self.window()
+        self.assertEqual(self.window("--text-size", "large", "--set", "base", "--direction", "ltr", "--scale", "1"), usual)
+        self.assertEqual(self.window("--text-size", "UIContentSizeCategoryLarge"), usual)
+        self.assertEqual(self.window(XDG_CURRENT_DESKTOP="GNOME", LC_ALL="C.UTF-8"), usual)
+        others = {self.window(*options) for options in [("--text-size", "small"), ("--set", "warning"),
+                                                        ("--direction", "rtl"), ("--set", "tierAurel")]}
+        self.assertEqual(len(others | {usual}), 5)
+
+    def test_a_window_that_cannot_be_shown_or_written_is_a_failure(self):
+        self.assert_complaint(run("window", "--screenshot", self.folder / "none" / "a.png"), 1, "cannot write")
+        self.assert_complaint(run("window", "--size", "8192x8192", "--scale", "16", "--screenshot",
+                                  self.folder / "a.png"), 1, "32767")
+        nowhere = dict(os.environ, SDL_VIDEODRIVER="nowhere")
+        self.assert_complaint(run("window", env=nowhere), 1, "cannot open a window")
+        self.assertEqual(list(self.folder.iterdir()), [])
 
     def test_an_interrupted_style_guide_leaves_nothing_behind(self):
         def heed_interrupts():  # which whoever runs the test in the background may ignore

@@ -15,8 +15,8 @@
 
 #include "gallery/catalogue_names.h"
 #include "gallery/code_names.h"
+#include "gallery/drawing.h"
 #include "gallery/guide/artwork.h"
-#include "gallery/guide/drawing.h"
 #include "gallery/guide/html.h"
 #include "gallery/guide/pages.h"
 #include "gallery/guide/site_files.h"

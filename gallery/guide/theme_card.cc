@@ -9,8 +9,8 @@
 #include "brisel/tokens/spacer.h"
 #include "brisel/typography/type_style.h"
 
+#include "gallery/drawing.h"
 #include "gallery/guide/artwork.h"
-#include "gallery/guide/drawing.h"
 
 namespace Brisel::Gallery {
 namespace {

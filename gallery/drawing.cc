@@ -1,4 +1,4 @@
-#include "gallery/guide/drawing.h"
+#include "gallery/drawing.h"
 
 #include <cmath>
 #include <optional>
