@@ -120,7 +120,6 @@ class TextLayout::Filler {
   }
 
   void measureHeight(TextLine& line, std::uint32_t first, std::uint32_t end) {
-    leading_ = 0;
     std::size_t size = firstSize_;
     std::uint32_t run = 0;
     for (std::uint32_t i = first; i < end; ++i) {
@@ -139,7 +138,7 @@ class TextLayout::Filler {
   void raise(TextLine& line, const FontMetrics& metrics, const TextSizeSpan& size) {
     line.ascent = std::max(line.ascent, metrics.ascender * size.pointSize + size.baselineOffset);
     line.descent = std::max(line.descent, -metrics.descender * size.pointSize - size.baselineOffset);
-    if (options_.usesFontLeading) leading_ = std::max(leading_, metrics.leading * size.pointSize);
+    if (options_.usesFontLeading) line.leading = std::max(line.leading, metrics.leading * size.pointSize);
   }
 
   // What the paragraph asks for beyond the faces' own height is put above the text.
@@ -158,7 +157,7 @@ class TextLayout::Filler {
       if (layout_.lines_.back().endsParagraph) bottom_ += paragraphSpacing_;
     }
     line.baseline = bottom_ + line.ascent;
-    bottom_ = line.baseline + line.descent + leading_;
+    bottom_ = line.baseline + line.descent + line.leading;
     spacing_ = distance(style_->lineSpacing());
     paragraphSpacing_ = distance(style_->paragraphSpacing());
     layout_.size_.width = std::max(layout_.size_.width, line.width);
@@ -213,7 +212,6 @@ class TextLayout::Filler {
   std::size_t paragraph_ = 0;
   std::size_t firstSize_ = 0;  // the size span of the line's first cluster
   CGFloat bottom_ = 0;
-  CGFloat leading_ = 0;
   CGFloat spacing_ = 0;
   CGFloat paragraphSpacing_ = 0;
 };

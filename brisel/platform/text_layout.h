@@ -45,6 +45,7 @@ struct TextLine {
   CGFloat width = 0;                    // without trailing white space
   CGFloat ascent = 0;                   // above the baseline
   CGFloat descent = 0;                  // below the baseline, positive
+  CGFloat leading = 0;                  // below the descent, where the fonts' leading counts
   CGFloat extraPerSpace = 0;            // what justification adds to each space
   bool endsParagraph = false;
 };
