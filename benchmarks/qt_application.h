@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QGuiApplication>
+#include <QApplication>
 
 #include <benchmark/benchmark.h>
 
@@ -8,15 +8,15 @@
 
 namespace Brisel::Benchmarks {
 
-/// The application that Qt's text and painting ask for, without a window. It knows the bundle's fonts alone.
+/// The application that Qt's text, painting and labels ask for, without a window. It knows the bundle's fonts alone.
 inline void qtApplication() {
-  static QGuiApplication* const application = [] {
+  static QApplication* const application = [] {
     fontConfig();  // Before Qt asks for one.
     qputenv("QT_QPA_PLATFORM", "offscreen");
     static int count = 1;
     static char name[] = "benchmarks";
     static char* arguments[] = {name, nullptr};
-    return new QGuiApplication(count, arguments);
+    return new QApplication(count, arguments);
   }();
   benchmark::DoNotOptimize(application);
 }

@@ -1,4 +1,5 @@
-// From nothing to the first colour, as processes: what loading the library costs a program that links it.
+// From nothing to the first colour and to the first styled label, as processes: what loading the library costs a
+// program that links it, and what the first text costs.
 #include <chrono>
 #include <string>
 
@@ -35,5 +36,7 @@ BRISEL_JOB("start_tokens/empty", [](auto& state) { start(state, "start_empty_tok
 BRISEL_JOB("start_foundation/ours", [](auto& state) { start(state, "start_first_color_foundation"); })
     -> UseManualTime();
 BRISEL_JOB("start_foundation/empty", [](auto& state) { start(state, "start_empty_foundation"); }) -> UseManualTime();
+BRISEL_JOB("start_label/ours", [](auto& state) { start(state, "start_first_label"); }) -> UseManualTime();
+BRISEL_JOB("start_label/Pango", [](auto& state) { start(state, "start_first_layout"); }) -> UseManualTime();
 
 }  // namespace

@@ -1,8 +1,6 @@
 // Styles put on the platform's text views, once or from now on.
 #pragma once
 
-#include <string_view>
-
 #include "brisel/platform/content_size_category.h"
 #include "brisel/platform/views/button.h"
 #include "brisel/platform/views/label.h"
@@ -21,8 +19,8 @@ namespace Brisel {
 /// into its lines here; one that does shrink it gets it as it is. This polarity is deliberate.
 void apply(Platform::UILabel& label, const TypeStyle& typeStyle,
            const Platform::UIContentSizeCategory& contentSizeCategory, bool useDynamicTypeMonitor);
-void apply(Platform::UILabel& label, const TypeStyle& typeStyle, std::string_view contentSizeCategory,
-           const void*) = delete;
+void apply(Platform::UILabel& label, const TypeStyle& typeStyle,
+           const Platform::UIContentSizeCategory& contentSizeCategory, const void*) = delete;
 /// Ends the label's subscription; it keeps its styling. (Published on the object interface alone.)
 void disableDynamicTypeMonitor(Platform::UILabel& label);
 
@@ -38,8 +36,8 @@ void applyPlaceholder(Platform::UITextField& textField, const TypeStyle& typeSty
 /// not the notification's.
 void apply(Platform::UITextView& textView, const TypeStyle& typeStyle,
            const Platform::UIContentSizeCategory& contentSizeCategory, bool useDynamicTypeMonitor);
-void apply(Platform::UITextView& textView, const TypeStyle& typeStyle, std::string_view contentSizeCategory,
-           const void*) = delete;
+void apply(Platform::UITextView& textView, const TypeStyle& typeStyle,
+           const Platform::UIContentSizeCategory& contentSizeCategory, const void*) = delete;
 /// Ends the text view's subscription; it keeps its styling.
 void disableDynamicTypeMonitor(Platform::UITextView& textView);
 

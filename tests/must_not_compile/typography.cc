@@ -1,9 +1,12 @@
-// Typefaces, weights and features are neither numbers nor each other; no flag passes for a size.
+// Typefaces, weights and features are neither numbers nor each other; no flag passes for a size, and no text for a
+// flag.
 #include <functional>
 #include <string>
 
+#include "brisel/object_interface/text_views.h"
 #include "brisel/object_interface/type_styles.h"
 #include "brisel/typography/font.h"
+#include "brisel/typography/text_view_styling.h"
 #include "brisel/typography/type_style.h"
 
 int main() {
@@ -14,6 +17,13 @@ int main() {
   (void)std::hash<Brisel::Font>()(font);
   (void)style.withFontSize(3);
   (void)style.withMinimumScaleFactor(0.5F);
+  const auto& category = Brisel::Platform::UIContentSizeCategoryLarge;
+  const auto label = Brisel::Platform::UILabel::initWithFrame();
+  const auto textView = Brisel::Platform::UITextView::initWithFrame();
+  apply(*label, style, category, true);
+  apply(*textView, style, category, true);
+  briselSwift_applyStyle(*label, VLMBriselTypeStyle::ballad(), category, true);
+  briselSwift_applyStyle(*textView, VLMBriselTypeStyle::ballad(), category, true);
 #if CASE == 1  // error: no match for 'operator=='
   (void)(font == weight);
 #endif
@@ -37,5 +47,17 @@ int main() {
 #endif
 #if CASE == 8  // error: 'VLMBriselTypeStyle::VLMBriselTypeStyle\(.*\)' is private
   const VLMBriselTypeStyle object(style);
+#endif
+#if CASE == 9  // error: use of deleted function .*apply.*UILabel
+  apply(*label, style, category, "yes");
+#endif
+#if CASE == 10  // error: use of deleted function .*apply.*UITextView
+  apply(*textView, style, category, "yes");
+#endif
+#if CASE == 11  // error: use of deleted function .*briselSwift_applyStyle.*UILabel
+  briselSwift_applyStyle(*label, VLMBriselTypeStyle::ballad(), category, "yes");
+#endif
+#if CASE == 12  // error: use of deleted function .*briselSwift_applyStyle.*UITextView
+  briselSwift_applyStyle(*textView, VLMBriselTypeStyle::ballad(), category, "yes");
 #endif
 }

@@ -35,8 +35,8 @@ STANDARD_HEADER = re.compile(r"[a-z_0-9]+")
 POSIX_HEADERS = {"dlfcn.h", "fcntl.h", "link.h", "sys/stat.h", "sys/types.h", "sys/wait.h", "unistd.h"}
 # The processor's own instructions, as compilers offer them; behind an #if, with a plain way beside them.
 PROCESSOR_HEADERS = {"emmintrin.h"}
-# What tests ask besides, to fill memory and to end children.
-PROCESS_HEADERS = {"signal.h", "sys/mman.h"}
+# What tests ask besides, to fill and count memory and to end children.
+PROCESS_HEADERS = {"malloc.h", "signal.h", "sys/mman.h"}
 TEST_HEADERS = re.compile(r"(gtest|gmock|rapidcheck)[/.].*")
 
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^">]+)[">]', re.MULTILINE)

@@ -157,8 +157,9 @@ class UIView : public LayoutItem {
   /// What every factory does with the bare object: gives it its frame, and runs `didInitWithFrame`.
   template <class View>
   static std::shared_ptr<View> made(std::shared_ptr<View> view, const CGRect& frame) {
-    view->setFrame(frame);
-    view->didInitWithFrame();
+    UIView& bare = *view;  // As subclasses keep `didInitWithFrame` to themselves.
+    bare.setFrame(frame);
+    bare.didInitWithFrame();
     return view;
   }
   /// The rest of initialisation, where `shared_from_this` works. Subclasses call their base class's first.

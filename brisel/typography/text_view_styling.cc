@@ -1,0 +1,149 @@
+#include "brisel/typography/text_view_styling.h"
+
+#include <memory>
+#include <utility>
+
+#include "brisel/platform/attributed_string.h"
+#include "brisel/platform/font.h"
+#include "brisel/platform/paragraph_style.h"
+#include "brisel/platform/value.h"
+#include "brisel/typography/content_size_category.h"
+#include "brisel/typography/dynamic_type_monitor.h"
+#include "brisel/typography/fitting.h"
+#include "brisel/typography/font.h"
+#include "brisel/typography/style_recorder.h"
+#include "brisel/typography/styled_string.h"
+
+namespace Brisel {
+
+using Platform::Dictionary;
+using Platform::NSMutableParagraphStyle;
+using Platform::UIButton;
+using Platform::UIContentSizeCategory;
+using Platform::UIControlState;
+using Platform::UIFont;
+using Platform::UILabel;
+using Platform::UITextField;
+using Platform::UITextView;
+
+namespace {
+
+// Null for a view that no shared_ptr holds, which the monitor refuses.
+template <class View>
+std::weak_ptr<View> weakly(View& view) {
+  return std::static_pointer_cast<View>(view.weak_from_this().lock());
+}
+
+Dictionary foreground(const Platform::ColorPtr& color) {
+  if (!color) return {};
+  return {{Platform::NSForegroundColorAttributeName, color}};
+}
+
+// --- What the views say already ---
+
+Dictionary baseAttributes(const UILabel& label) {
+  const auto paragraphStyle = NSMutableParagraphStyle::init();
+  paragraphStyle->setAlignment(label.textAlignment());
+  paragraphStyle->setLineBreakMode(label.lineBreakMode());
+  return {{Platform::NSParagraphStyleAttributeName, paragraphStyle}};
+}
+
+Dictionary baseAttributes(const UITextView& textView) {
+  const auto paragraphStyle = NSMutableParagraphStyle::init();
+  paragraphStyle->setAlignment(textView.textAlignment());
+  return foreground(textView.textColor()).with(Platform::NSParagraphStyleAttributeName, paragraphStyle);
+}
+
+void restyle(UITextView& textView, const TypeStyle& typeStyle, const UIContentSizeCategory& contentSizeCategory) {
+  const Dictionary base = baseAttributes(textView);
+  const Dictionary attributes = typeStyle.stringAttributes(contentSizeCategory);
+  const Platform::Value* const font = attributes.find(Platform::NSFontAttributeName);
+  textView.setFont(font ? font->as<UIFont>() : nullptr);
+  if (const auto text = textView.text())
+    textView.setAttributedText(attributedString(*text, typeStyle, contentSizeCategory, base));
+}
+
+}  // namespace
+
+// --- Labels ---
+
+void apply(UILabel& label, const TypeStyle& typeStyle, const UIContentSizeCategory& contentSizeCategory,
+           bool useDynamicTypeMonitor) {
+  if (auto* const recorder = dynamic_cast<StyleRecorder*>(&label)) recorder->recordStyle(typeStyle);
+  if (useDynamicTypeMonitor) {
+    auto update = [weak = weakly(label), typeStyle](const UIContentSizeCategory& category) {
+      // Without the flag: a subscription must not be renewed from within its own notification.
+      if (const auto subscriber = weak.lock()) apply(*subscriber, typeStyle, category, false);
+    };
+    DynamicTypeMonitor::shared()->subscribe(label, std::move(update));
+  }
+
+  const double scale = ContentSizeCategory(contentSizeCategory).rawValue();
+  const TypeStyle::Configuration& configuration = typeStyle.configuration();
+  label.setFont(Font::font(typeStyle.primaryFont(), typeStyle.fallbackFonts(), typeStyle.fontWeight(),
+                           configuration.fontSize().value(scale), configuration.fontFeatures()));
+
+  const auto text = label.text();
+  if (!text) return;
+  // Deliberately this way round: who shrinks his text himself gets it as it is.
+  const double minimumScaleFactor = label.adjustsFontSizeToFitWidth() ? -1.0 : label.minimumScaleFactor();
+  // New and with its fonts substituted already: to copy and to fix it once more would change nothing.
+  label.setAttributedText(attributedString(*text, typeStyle, contentSizeCategory, minimumScaleFactor,
+                                           label.numberOfLines(), label, baseAttributes(label)));
+}
+
+void disableDynamicTypeMonitor(UILabel& label) { DynamicTypeMonitor::shared()->unsubscribe(label); }
+
+// --- Text fields ---
+
+void apply(UITextField& textField, const TypeStyle& typeStyle, const UIContentSizeCategory& contentSizeCategory) {
+  textField.setDefaultTextAttributes(typeStyle.stringAttributes(contentSizeCategory));
+  const auto text = textField.text();
+  if (!text || text->empty()) return;
+  textField.setAttributedText(attributedString(*text, typeStyle, contentSizeCategory));
+}
+
+void applyPlaceholder(UITextField& textField, const TypeStyle& typeStyle,
+                      const UIContentSizeCategory& contentSizeCategory) {
+  const auto placeholder = textField.placeholder();
+  if (!placeholder || placeholder->empty()) return;
+  textField.setAttributedPlaceholder(attributedString(*placeholder, typeStyle, contentSizeCategory));
+}
+
+// --- Text views ---
+
+void apply(UITextView& textView, const TypeStyle& typeStyle, const UIContentSizeCategory& contentSizeCategory,
+           bool useDynamicTypeMonitor) {
+  if (useDynamicTypeMonitor) {
+    auto update = [weak = weakly(textView), typeStyle](const UIContentSizeCategory&) {
+      // Deliberately the monitor's category, and not the one that is handed in, as for labels.
+      if (const auto subscriber = weak.lock())
+        restyle(*subscriber, typeStyle, DynamicTypeMonitor::shared()->preferredContentSizeCategory());
+    };
+    DynamicTypeMonitor::shared()->subscribe(textView, std::move(update));
+  }
+  restyle(textView, typeStyle, contentSizeCategory);
+}
+
+void disableDynamicTypeMonitor(UITextView& textView) { DynamicTypeMonitor::shared()->unsubscribe(textView); }
+
+// --- Buttons ---
+
+void apply(UIButton& button, const TypeStyle& typeStyle, const UIContentSizeCategory& contentSizeCategory) {
+  // The last two are masks of several states; that they are passed as states is deliberate.
+  for (const UIControlState state :
+       {Platform::UIControlStateNormal, Platform::UIControlStateHighlighted, Platform::UIControlStateDisabled,
+        Platform::UIControlStateSelected, Platform::UIControlStateFocused, Platform::UIControlStateApplication,
+        Platform::UIControlStateReserved})
+    apply(button, typeStyle, state, contentSizeCategory);
+}
+
+void apply(UIButton& button, const TypeStyle& typeStyle, UIControlState state,
+           const UIContentSizeCategory& contentSizeCategory) {
+  const auto title = button.titleForState(state);
+  if (!title) return;
+  button.setAttributedTitle(
+      attributedString(*title, typeStyle, contentSizeCategory, foreground(button.titleColorForState(state))), state);
+}
+
+}  // namespace Brisel
