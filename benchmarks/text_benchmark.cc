@@ -2,19 +2,18 @@
 // of Latin, Arabic and Hebrew. Everybody sets it in the bundle's book fonts.
 #include <QFontMetricsF>
 #include <QStringList>
-#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include <hb-ot.h>
 #include <pango/pangocairo.h>
 
 #include "brisel/platform/views/text_drawing.h"
 
 #include "benchmarks/bundle_fonts.h"
+#include "benchmarks/harfbuzz_lines.h"
 #include "benchmarks/job.h"
 #include "benchmarks/qt_application.h"
 
@@ -115,82 +114,11 @@ void pangoReused(benchmark::State& state, std::string_view text) {
   checkPango(state, text, pangoExtents(layout.get(), descriptions[0].get(), text));
 }
 
-// HarfBuzz with the least around it: runs cut where the script's block changes, no bidirectional levels, no fallback,
-// no rules for lines but to break behind spaces.
-class Bare {
- public:
-  CGSize measure(std::u16string_view text) {
-    CGSize size{0, lineHeight()};
-    double width = 0;
-    double wordWidth = 0;
-    for (std::size_t begin = 0; begin < text.size();) {
-      const std::size_t script = scriptAt(text, begin, 0);
-      std::size_t end = begin + 1;
-      while (end < text.size() && scriptAt(text, end, script) == script) ++end;
-      shape(text, begin, end, script);
-      unsigned count = 0;
-      const hb_glyph_info_t* infos = hb_buffer_get_glyph_infos(buffer_, &count);
-      const hb_glyph_position_t* positions = hb_buffer_get_glyph_positions(buffer_, &count);
-      for (unsigned i = 0; i < count; ++i) {
-        const unsigned glyph = script == 0 ? i : count - 1 - i;
-        const double advance = positions[glyph].x_advance * kFontSize / 1000;
-        if (text[infos[glyph].cluster] == u' ') {
-          width += wordWidth;
-          size.width = std::max(size.width, width);
-          width += advance;
-          wordWidth = 0;
-        } else if (width + (wordWidth += advance) > kWidth) {
-          width = 0;
-          size.height += lineHeight();
-        }
-      }
-      begin = end;
-    }
-    size.width = std::max(size.width, width + wordWidth);
-    return size;
-  }
-
- private:
-  // Which of the families has a character; characters of no script go with those before.
-  static std::size_t scriptAt(std::u16string_view text, std::size_t index, std::size_t before) {
-    const char16_t unit = text[index];
-    if (unit >= 0x0600 && unit < 0x0700) return 1;
-    if (unit >= 0x0590 && unit < 0x0600) return 2;
-    return unit == u' ' ? before : 0;
-  }
-
-  static double lineHeight() { return font(kFontSize)->lineHeight(); }
-
-  void shape(std::u16string_view text, std::size_t begin, std::size_t end, std::size_t script) {
-    static constexpr hb_script_t kScripts[] = {HB_SCRIPT_LATIN, HB_SCRIPT_ARABIC, HB_SCRIPT_HEBREW};
-    hb_buffer_clear_contents(buffer_);
-    hb_buffer_add_utf16(buffer_, reinterpret_cast<const std::uint16_t*>(text.data()), static_cast<int>(text.size()),
-                        static_cast<unsigned>(begin), static_cast<int>(end - begin));
-    hb_buffer_set_direction(buffer_, script == 0 ? HB_DIRECTION_LTR : HB_DIRECTION_RTL);
-    hb_buffer_set_script(buffer_, kScripts[script]);
-    hb_shape(fonts_[script], buffer_, nullptr, 0);
-  }
-
-  static hb_font_t* open(const char* family) {
-    const std::string file = std::string(BRISEL_BUNDLE_DIR "/") + family + "-Book.otf";
-    hb_blob_t* blob = hb_blob_create_from_file(file.c_str());
-    hb_face_t* face = hb_face_create(blob, 0);
-    hb_blob_destroy(blob);
-    hb_font_t* font = hb_font_create(face);
-    hb_face_destroy(face);
-    hb_font_set_scale(font, 1000, 1000);
-    return font;
-  }
-
-  hb_buffer_t* const buffer_ = hb_buffer_create();
-  hb_font_t* const fonts_[3] = {open(kFamilies[0]), open(kFamilies[1]), open(kFamilies[2])};
-};
-
 void harfBuzz(benchmark::State& state, std::string_view text) {
-  static Bare& bare = *new Bare;
+  static HarfBuzzLines& lines = *new HarfBuzzLines;
   const auto string = attributed(text);
   CGSize size;
-  for (auto _ : state) benchmark::DoNotOptimize(size = bare.measure(string->utf16()));
+  for (auto _ : state) benchmark::DoNotOptimize(size = lines.measure(string->utf16(), kFontSize, kWidth));
   if (!isAsOurs(text, size.width, size.height)) state.SkipWithError("HarfBuzz measures something else");
 }
 

@@ -4,8 +4,18 @@
 #include <cmath>
 #include <utility>
 
+#include "brisel/platform/internal/text_spans.h"
+#include "brisel/platform/internal/truncation.h"
+
 namespace Brisel::Platform {
+
+using internal::spanAt;
+
 namespace {
+
+// By how many points a text may exceed its limits: what sums of distances differ by when they are taken in other
+// orders.
+constexpr CGFloat kRounding = 1e-6;
 
 CGFloat distance(CGFloat value) { return std::isfinite(value) && value > 0 ? value : 0; }
 
@@ -13,13 +23,6 @@ CGFloat finite(CGFloat value) { return std::isfinite(value) ? value : 0; }
 
 bool wraps(NSLineBreakMode mode) {
   return mode == NSLineBreakMode::byWordWrapping || mode == NSLineBreakMode::byCharWrapping;
-}
-
-// Walks along spans as the text advances.
-template <class Span>
-std::size_t spanAt(std::span<const Span> spans, std::size_t from, std::uint32_t unit) {
-  while (from + 1 < spans.size() && spans[from].end <= unit) ++from;
-  return from;
 }
 
 enum class Side : std::uint8_t { left, center, right };
@@ -50,22 +53,18 @@ class TextLayout::Filler {
         runs_(layout.text_->runs),
         sizes_(layout.sizes_),
         paragraphs_(paragraphs),
-        options_(options) {}
+        options_(options),
+        room_(options.limits ? options.width + kRounding : options.width) {}
 
   void fill() {
-    const auto count = static_cast<std::uint32_t>(clusters_.size());
-    std::vector<Placement> placements;
-    for (std::uint32_t first = 0; first < count;) {
-      if (clusters_[first].isParagraphStart || first == 0) beginParagraph(first);
-      TextLine line = fillLine(first);
-      line.endsParagraph = line.endCluster == count || clusters_[line.endCluster].isParagraphStart;
-      measureHeight(line, first, line.endCluster);
-      add(line, placements, clusters_[first].paragraphIsRightToLeft);
-      first = line.endCluster;
+    std::size_t most = options_.limits ? std::max<std::size_t>(options_.limits->lines, 1) : SIZE_MAX;
+    while (!fillLines(most)) {
+      // What seemed to be one line of many is the last.
+      most = layout_.lines_.size() - 1;
+      startAnew();
     }
-    if (layout_.text_->endsWithLineBreak && count > 0) addEmptyLine(count, placements);
     layout_.size_.height = bottom_;
-    align(placements);
+    align();
   }
 
  private:
@@ -74,16 +73,99 @@ class TextLayout::Filler {
     bool isRightToLeft;
   };
 
+  void startAnew() {
+    layout_.lines_.clear();
+    layout_.omission_.reset();
+    layout_.size_ = {};
+    layout_.isTruncated_ = layout_.tearsWords_ = false;
+    placements_.clear();
+    paragraph_ = firstSize_ = 0;
+    bottom_ = spacing_ = paragraphSpacing_ = 0;
+  }
+
+  // False where the last line that was filled is too low down; at least one never is.
+  bool fillLines(std::size_t most) {
+    const auto count = static_cast<std::uint32_t>(clusters_.size());
+    const bool endsWithLineBreak = layout_.text_->endsWithLineBreak;
+    for (std::uint32_t first = 0; first < count;) {
+      if (clusters_[first].isParagraphStart || first == 0) beginParagraph(first);
+      TextLine line = fillLine(first);
+      const bool isLast = layout_.lines_.size() + 1 == most;
+      if (isLast && (line.endCluster < count || endsWithLineBreak || line.width > room_)) {
+        layout_.isTruncated_ = true;
+        addLastLine(line);
+        return fitsHeight();
+      }
+      line.endsParagraph = line.endCluster == count || clusters_[line.endCluster].isParagraphStart;
+      measureHeight(line, first, line.endCluster);
+      add(line, clusters_[first].paragraphIsRightToLeft);
+      if (!fitsHeight()) return false;
+      first = line.endCluster;
+    }
+    if (!endsWithLineBreak) return true;
+    addEmptyLine(count);
+    return fitsHeight();
+  }
+
+  bool fitsHeight() const {
+    return !options_.limits || layout_.lines_.size() == 1 || bottom_ <= options_.limits->height + kRounding;
+  }
+
+  // The last line that there is room for, of a text that does not end with it.
+  void addLastLine(TextLine line) {
+    std::uint32_t first = line.firstCluster;
+    switch (style_->lineBreakMode()) {
+      case NSLineBreakMode::byWordWrapping:
+      case NSLineBreakMode::byCharWrapping:
+        measureHeight(line, first, line.endCluster);
+        break;
+      case NSLineBreakMode::byClipping:
+        line = fillLine(first, std::numeric_limits<CGFloat>::infinity());
+        line.endsParagraph = true;
+        measureHeight(line, first, line.endCluster);
+        break;
+      case NSLineBreakMode::byTruncatingHead:
+      case NSLineBreakMode::byTruncatingTail:
+      case NSLineBreakMode::byTruncatingMiddle:
+        line = truncated(first);
+        if (line.endVisibleCluster > first) break;
+        // A line that shows the end of the text alone is set like that.
+        first = layout_.omission_->neighbour;
+        while (first > line.firstCluster && !clusters_[first].isParagraphStart) --first;
+        if (first > line.firstCluster) beginParagraph(first);
+        break;
+    }
+    add(line, clusters_[first].paragraphIsRightToLeft);
+  }
+
+  TextLine truncated(std::uint32_t first) {
+    auto [line, omission] =
+        internal::truncate(*layout_.text_, sizes_, first, room_, style_->lineBreakMode(), options_.limits->ellipsis);
+    raise(line, line.firstCluster, line.endVisibleCluster);
+    raise(line, omission.resumingCluster, omission.endCluster);
+    const TextSizeSpan& size = sizes_[spanAt(sizes_, 0, clusters_[omission.neighbour].begin)];
+    raise(line, size.metrics, size);
+    if (omission.ellipsis)
+      for (const ShapedRun& run : omission.ellipsis->runs) raise(line, run.metrics, size);
+    applyRules(line);
+    layout_.omission_ = std::move(omission);
+    return line;
+  }
+
   void beginParagraph(std::uint32_t cluster) {
     paragraph_ = spanAt(paragraphs_, paragraph_, clusters_[cluster].begin);
     style_ = paragraphs_.empty() ? nullptr : paragraphs_[paragraph_].style;
     if (!style_) style_ = NSParagraphStyle::defaultParagraphStyle();
   }
 
-  // Takes clusters as long as they fit; then goes back to the last place where the line may end.
   TextLine fillLine(std::uint32_t first) {
+    return fillLine(
+        first, options_.limits || wraps(style_->lineBreakMode()) ? room_ : std::numeric_limits<CGFloat>::infinity());
+  }
+
+  // Takes clusters as long as they fit; then goes back to the last place where the line may end.
+  TextLine fillLine(std::uint32_t first, CGFloat room) {
     const auto count = static_cast<std::uint32_t>(clusters_.size());
-    const bool mayWrap = wraps(style_->lineBreakMode());
     const bool breaksAnywhere = style_->lineBreakMode() == NSLineBreakMode::byCharWrapping;
     TextLine line;
     line.firstCluster = line.endVisibleCluster = first;
@@ -104,8 +186,9 @@ class TextLayout::Filler {
       }
       size = spanAt<TextSizeSpan>(sizes_, size, cluster.begin);
       const CGFloat advance = cluster.advance * sizes_[size].pointSize + sizes_[size].kern;
-      if (mayWrap && !cluster.isSpace && i > first && width + advance > options_.width) {
+      if (!cluster.isSpace && i > first && width + advance > room) {
         if (lineAtBreak.endCluster > first) return lineAtBreak;
+        layout_.tearsWords_ = true;
         line.endCluster = i;
         return line;
       }
@@ -120,6 +203,12 @@ class TextLayout::Filler {
   }
 
   void measureHeight(TextLine& line, std::uint32_t first, std::uint32_t end) {
+    firstSize_ = raise(line, first, end);
+    applyRules(line);
+  }
+
+  // Makes the line as high as these clusters are, and returns the size span of the last.
+  std::size_t raise(TextLine& line, std::uint32_t first, std::uint32_t end) {
     std::size_t size = firstSize_;
     std::uint32_t run = 0;
     for (std::uint32_t i = first; i < end; ++i) {
@@ -131,8 +220,7 @@ class TextLayout::Filler {
         raise(line, runs_[run].metrics, sizes_[size]);
       }
     }
-    firstSize_ = size;
-    applyRules(line);
+    return size;
   }
 
   void raise(TextLine& line, const FontMetrics& metrics, const TextSizeSpan& size) {
@@ -141,44 +229,51 @@ class TextLayout::Filler {
     if (options_.usesFontLeading) line.leading = std::max(line.leading, metrics.leading * size.pointSize);
   }
 
+  CGFloat styleDistance(CGFloat points) const { return distance(points) * options_.scale; }
+
   // What the paragraph asks for beyond the faces' own height is put above the text.
   void applyRules(TextLine& line) const {
     const CGFloat own = line.ascent + line.descent;
     CGFloat height = own;
     if (const CGFloat multiple = distance(style_->lineHeightMultiple()); multiple > 0) height *= multiple;
-    height = std::max(height, distance(style_->minimumLineHeight()));
-    if (const CGFloat maximum = distance(style_->maximumLineHeight()); maximum > 0) height = std::min(height, maximum);
+    height = std::max(height, styleDistance(style_->minimumLineHeight()));
+    if (const CGFloat maximum = styleDistance(style_->maximumLineHeight()); maximum > 0)
+      height = std::min(height, maximum);
     if (height != own) line.ascent += height - own;
   }
 
-  void add(TextLine& line, std::vector<Placement>& placements, bool isRightToLeft) {
+  void add(const TextLine& given, bool isRightToLeft) {
+    TextLine line = given;
+    // Within limits, nothing is drawn beyond them.
+    line.isCut = options_.limits && line.width > room_;
+    layout_.isTruncated_ |= line.isCut;
     if (!layout_.lines_.empty()) {
       bottom_ += spacing_;
       if (layout_.lines_.back().endsParagraph) bottom_ += paragraphSpacing_;
     }
     line.baseline = bottom_ + line.ascent;
     bottom_ = line.baseline + line.descent + line.leading;
-    spacing_ = distance(style_->lineSpacing());
-    paragraphSpacing_ = distance(style_->paragraphSpacing());
-    layout_.size_.width = std::max(layout_.size_.width, line.width);
+    spacing_ = styleDistance(style_->lineSpacing());
+    paragraphSpacing_ = styleDistance(style_->paragraphSpacing());
+    layout_.size_.width = std::max(layout_.size_.width, line.isCut ? options_.width : line.width);
     layout_.lines_.push_back(line);
-    placements.push_back({style_->alignment(), isRightToLeft});
+    placements_.push_back({style_->alignment(), isRightToLeft});
   }
 
   // The line that a final line ending opens: as high as the one that it closes.
-  void addEmptyLine(std::uint32_t count, std::vector<Placement>& placements) {
+  void addEmptyLine(std::uint32_t count) {
     TextLine line;
     line.firstCluster = line.endCluster = line.endVisibleCluster = count;
     line.endsParagraph = true;
     measureHeight(line, count - 1, count);
-    add(line, placements, clusters_.back().paragraphIsRightToLeft);
+    add(line, clusters_.back().paragraphIsRightToLeft);
   }
 
-  void align(std::span<const Placement> placements) {
+  void align() {
     const CGFloat width = std::isfinite(options_.width) ? options_.width : layout_.size_.width;
-    for (std::size_t i = 0; i < placements.size(); ++i) {
+    for (std::size_t i = 0; i < placements_.size(); ++i) {
       TextLine& line = layout_.lines_[i];
-      const auto [alignment, isRightToLeft] = placements[i];
+      const auto [alignment, isRightToLeft] = placements_[i];
       const CGFloat room = width - line.width;
       if (alignment == NSTextAlignment::justified && !line.endsParagraph && room > 0) {
         const auto* first = clusters_.data() + line.firstCluster;
@@ -189,7 +284,8 @@ class TextLayout::Filler {
           continue;
         }
       }
-      switch (sideOf(alignment, isRightToLeft)) {
+      // Of a line that is cut, its beginning is seen.
+      switch (line.isCut ? sideOf(NSTextAlignment::natural, isRightToLeft) : sideOf(alignment, isRightToLeft)) {
         case Side::left:
           break;
         case Side::center:
@@ -208,6 +304,8 @@ class TextLayout::Filler {
   std::span<const TextSizeSpan> sizes_;
   std::span<const ParagraphSpan> paragraphs_;
   const Options& options_;
+  CGFloat room_;
+  std::vector<Placement> placements_;
   std::shared_ptr<const NSParagraphStyle> style_;
   std::size_t paragraph_ = 0;
   std::size_t firstSize_ = 0;  // the size span of the line's first cluster
@@ -220,112 +318,17 @@ TextLayout::TextLayout(std::shared_ptr<const ShapedText> text, std::span<const T
                        std::span<const ParagraphSpan> paragraphs, const Options& options)
     : text_(std::move(text)), sizes_(sizes.begin(), sizes.end()) {
   if (!text_ || text_->clusters.empty() || sizes_.empty()) return;
-  for (TextSizeSpan& size : sizes_) {
-    size.pointSize = distance(size.pointSize);
-    size.kern = finite(size.kern);
-    size.baselineOffset = finite(size.baselineOffset);
-  }
   Options repaired = options;
   if (!(repaired.width > 0)) repaired.width = 0;
+  repaired.scale = distance(repaired.scale);
+  const CGFloat scale = repaired.scale;
+  for (TextSizeSpan& size : sizes_) {
+    size.pointSize = distance(size.pointSize) * scale;
+    size.kern = finite(size.kern) * scale;
+    size.baselineOffset = finite(size.baselineOffset) * scale;
+  }
+  room_ = repaired.width;
   Filler(*this, paragraphs, repaired).fill();
-}
-
-namespace {
-
-// A part of a line that is drawn in one go: one run, one size, one paint.
-struct Segment {
-  std::uint32_t firstCluster;
-  std::uint32_t endCluster;
-  std::uint32_t run;
-  std::size_t size;
-  std::size_t paint;
-  std::uint8_t level;
-};
-
-// `size` and `paint` say where the spans of the line before ended, and then where those of this line do.
-std::vector<Segment> segmentsOf(const TextLine& line, const ShapedText& text, std::span<const TextSizeSpan> sizes,
-                                std::span<const PaintSpan> paints, std::size_t& size, std::size_t& paint) {
-  std::vector<Segment> segments;
-  for (std::uint32_t i = line.firstCluster; i < line.endVisibleCluster; ++i) {
-    const ShapedCluster& cluster = text.clusters[i];
-    size = spanAt(sizes, size, cluster.begin);
-    while (paint < paints.size() && paints[paint].end <= cluster.begin) ++paint;
-    const bool continues = !segments.empty() && segments.back().run == cluster.run && segments.back().size == size &&
-                           segments.back().paint == paint;
-    if (continues) {
-      segments.back().endCluster = i + 1;
-    } else {
-      segments.push_back({i, i + 1, cluster.run, size, paint, text.runs[cluster.run].level});
-    }
-  }
-  return segments;
-}
-
-// From the order of the text to that of the eye: rule L2 of the Unicode Bidirectional Algorithm (UAX #9).
-void reorder(std::vector<Segment>& segments) {
-  std::uint8_t highest = 0;
-  for (const Segment& segment : segments) highest = std::max(highest, segment.level);
-  for (int level = highest; level > 0; --level) {
-    const auto isDeep = [level](const Segment& segment) { return segment.level >= level; };
-    for (auto first = segments.begin(); first != segments.end();) {
-      first = std::find_if(first, segments.end(), isDeep);
-      const auto end = std::find_if_not(first, segments.end(), isDeep);
-      std::reverse(first, end);
-      first = end;
-    }
-  }
-}
-
-// Places a segment's glyphs from `x` on, and moves `x` behind them.
-void place(const Segment& segment, const TextLine& line, const ShapedText& text, const TextSizeSpan& size,
-           CGFloat baseline, CGFloat& x, std::vector<PositionedGlyph>& out) {
-  const ShapedRun& run = text.runs[segment.run];
-  const bool isReversed = run.level % 2 == 1;
-  const std::uint32_t count = segment.endCluster - segment.firstCluster;
-  const auto isBefore = [&](const ShapedGlyph& glyph) {
-    return isReversed ? glyph.cluster >= segment.endCluster : glyph.cluster < segment.firstCluster;
-  };
-  auto glyph = std::partition_point(run.glyphs.begin(), run.glyphs.end(), isBefore);
-  for (std::uint32_t i = 0; i < count; ++i) {
-    const std::uint32_t index = isReversed ? segment.endCluster - 1 - i : segment.firstCluster + i;
-    const ShapedCluster& cluster = text.clusters[index];
-    const CGFloat gap = size.kern + (cluster.isSpace ? line.extraPerSpace : 0);
-    CGFloat pen = isReversed ? x + gap : x;
-    for (; glyph != run.glyphs.end() && glyph->cluster == index; ++glyph) {
-      out.push_back(
-          {glyph->id,
-           {pen + glyph->xOffset * size.pointSize, baseline - size.baselineOffset - glyph->yOffset * size.pointSize}});
-      pen += glyph->advance * size.pointSize;
-    }
-    x += cluster.advance * size.pointSize + gap;
-  }
-}
-
-}  // namespace
-
-void TextLayout::draw(Canvas& canvas, CGPoint at, std::span<const PaintSpan> paints) const {
-  static constexpr UIColor kBlack = UIColor::grey(0, 1);
-  std::vector<PositionedGlyph> glyphs;
-  std::size_t lastSize = 0;
-  std::size_t lastPaint = 0;
-  for (const TextLine& line : lines_) {
-    std::vector<Segment> segments = segmentsOf(line, *text_, sizes_, paints, lastSize, lastPaint);
-    reorder(segments);
-    CGFloat x = at.x + line.x;
-    for (const Segment& segment : segments) {
-      const TextSizeSpan& size = sizes_[segment.size];
-      const PaintSpan* paint = segment.paint < paints.size() ? &paints[segment.paint] : nullptr;
-      const CGFloat left = x;
-      glyphs.clear();
-      place(segment, line, *text_, size, at.y + line.baseline, x, glyphs);
-      if (paint && paint->background) {
-        const CGRect behind{{left, at.y + line.baseline - line.ascent}, {x - left, line.ascent + line.descent}};
-        canvas.fillRect(behind, *paint->background);
-      }
-      const Face& face = *text_->runs[segment.run].face;
-      canvas.drawGlyphs(face, size.pointSize, glyphs, paint && paint->foreground ? *paint->foreground : kBlack);
-    }
-  }
 }
 
 }  // namespace Brisel::Platform

@@ -1,9 +1,12 @@
 // Shaped text set into lines: the one measure behind bounding rectangles, labels, drawing and fitting.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -48,18 +51,44 @@ struct TextLine {
   CGFloat leading = 0;                  // below the descent, where the fonts' leading counts
   CGFloat extraPerSpace = 0;            // what justification adds to each space
   bool endsParagraph = false;
+  bool isCut = false;  // wider than there is room, and drawn only as far as that
+};
+
+/// Where the last line leaves text out, and what stands there instead.
+struct TextOmission {
+  std::uint32_t resumingCluster = 0;           // from which on the line shows text again …
+  std::uint32_t endCluster = 0;                // … and up to which
+  std::uint32_t neighbour = 0;                 // the cluster whose size and colours the ellipsis takes
+  std::shared_ptr<const ShapedText> ellipsis;  // null: none
+  CGFloat width = 0;                           // of the ellipsis, points
+  std::uint8_t level = 0;                      // the bidirectional embedding level of the ellipsis
 };
 
 /// Lines of a shaped text at given sizes and a given width. Immutable; may be shared between threads.
 ///
-/// Lines are filled greedily. A word that is wider than the line is torn between its clusters; the clipping and
-/// truncating modes do not wrap. Within a line every cluster adds (advance × size + kern), in the order of the text, so
-/// that a width is the same wherever it is measured. Heights are sums of the faces' own heights, nothing is rounded.
+/// Lines are filled greedily. A word that is wider than the line is torn between its clusters; without limits, the
+/// clipping and truncating modes do not wrap. Within a line every cluster adds (advance × size + kern), in the order of
+/// the text, so that a width is the same wherever it is measured. Heights are sums of the faces' own heights, nothing
+/// is rounded.
 class TextLayout {
  public:
+  /// How much of a text is shown. Every line-break mode wraps then; text beyond the last line is left out there, as the
+  /// mode of that line's paragraph says: behind its last word or character, cut at the edge, or replaced by an ellipsis
+  /// where the head, the middle or the tail of what is left of the text would stand. What is too wide or too high by no
+  /// more than rounding fits.
+  struct Limits {
+    std::size_t lines = std::numeric_limits<std::size_t>::max();  // 0 counts as 1
+    /// Points; as many whole lines as fit, but at least one.
+    CGFloat height = std::numeric_limits<CGFloat>::infinity();
+    /// Shapes an ellipsis like the text at a code unit; may be empty, or answer null, for no ellipsis.
+    std::function<std::shared_ptr<const ShapedText>(std::uint32_t unit)> ellipsis;
+  };
+
   struct Options {
     CGFloat width = std::numeric_limits<CGFloat>::infinity();  // points; what is not above 0 counts as no room at all
     bool usesFontLeading = true;
+    CGFloat scale = 1;  // by which all sizes and distances of the text are multiplied
+    std::optional<Limits> limits = std::nullopt;
   };
 
   /// `sizes` and `paragraphs` ascend and end with the text. Sizes that are negative or not finite count as 0.
@@ -69,6 +98,12 @@ class TextLayout {
   /// The width of the widest line and the height of all; nothing for an empty text.
   CGSize size() const noexcept { return size_; }
   std::span<const TextLine> lines() const noexcept { return lines_; }
+  /// Whether text is left out or cut off.
+  bool isTruncated() const noexcept { return isTruncated_; }
+  /// Whether a line ends within a word, for want of room.
+  bool tearsWords() const noexcept { return tearsWords_; }
+  /// What the last line leaves out by truncating; null where it does not.
+  const TextOmission* omission() const noexcept { return omission_ ? &*omission_ : nullptr; }
   /// The first line's baseline, from the top.
   CGFloat firstBaseline() const noexcept { return lines_.empty() ? 0 : lines_.front().baseline; }
 
@@ -83,7 +118,11 @@ class TextLayout {
   std::shared_ptr<const ShapedText> text_;
   std::vector<TextSizeSpan> sizes_;
   std::vector<TextLine> lines_;
+  std::optional<TextOmission> omission_;
   CGSize size_;
+  CGFloat room_ = 0;  // what cut lines are cut to
+  bool isTruncated_ = false;
+  bool tearsWords_ = false;
 };
 
 }  // namespace Brisel::Platform

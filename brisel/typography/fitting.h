@@ -23,7 +23,11 @@ struct ScaledResult {
 /// `scaledToFit(size:numberOfLines:minScale:)`: the text, in the attributes of its first character alone, at the first
 /// size, going down from its own by whole points, at which it is no higher than `size` and than `numberOfLines` lines,
 /// wrapped at the width of `size`; or at the first size that is no larger than `minScale` of its own. Line spacing
-/// shrinks with the size; letter spacing is multiplied by the scale of every step in turn, deliberately.
+/// shrinks with the size; letter spacing, be it an integer or a double, is multiplied by the scale of every step in
+/// turn, deliberately. A height that is not a number limits nothing, a width that is not one leaves no room.
+///
+/// It ends for any size: 65,536 points are the most that is taken from a font, and nothing is from one of more than
+/// 2⁵³ points, which one point does not change.
 ///
 /// The string is handed back as it is where `numberOfLines` is below 1 (and is said to fit), where the width is below
 /// 1 point, and where the first character has no font (and is said not to). An empty string is a programming error.

@@ -45,7 +45,7 @@ inline std::shared_ptr<const Platform::NSParagraphStyle> anyParagraphStyle() {
   style->setAlignment(static_cast<Platform::NSTextAlignment>(*rc::gen::inRange(0, 5)));
   style->setLineBreakMode(static_cast<Platform::NSLineBreakMode>(*rc::gen::inRange(0, 6)));
   style->setBaseWritingDirection(static_cast<Platform::WritingDirection>(*rc::gen::inRange(0, 3)));
-  style->setLineSpacing(rarely(rc::gen::element(1.0, 3.3, 20.0, -4.0, std::numeric_limits<double>::infinity())));
+  style->setLineSpacing(rarely(rc::gen::element(1.0, 3.3, 20.0, -4.0, 1e300)));
   style->setLineHeightMultiple(rarely(rc::gen::element(0.5, 1.1, 2.0, -1.0)));
   style->setMinimumLineHeight(rarely(rc::gen::element(7.0, 25.5, 80.0)));
   style->setMaximumLineHeight(rarely(rc::gen::element(1.0, 12.25, 30.0)));

@@ -116,7 +116,7 @@ void apply(UITextView& textView, const TypeStyle& typeStyle, const UIContentSize
            bool useDynamicTypeMonitor) {
   if (useDynamicTypeMonitor) {
     auto update = [weak = weakly(textView), typeStyle](const UIContentSizeCategory&) {
-      // Deliberately the monitor's category, and not the one that is handed in, as for labels.
+      // Deliberately unlike labels, which use the category that they are handed.
       if (const auto subscriber = weak.lock())
         restyle(*subscriber, typeStyle, DynamicTypeMonitor::shared()->preferredContentSizeCategory());
     };

@@ -37,13 +37,13 @@ double cleaned(double value) {
 
 // Variables and constraints
 
-ConstraintSolver::Variable ConstraintSolver::addVariable(double rest) {
+ConstraintSolver::Variable ConstraintSolver::addVariable(double rest, Order order) {
   if (!isWithin(rest, kLargestConstant)) rest = 0;
   const Slot slot = newSlot();
   Residual& stay = residuals_[slot];
   stay.terms.insert(slot, 1);
   stay.constant = stay.nextConstant = -rest;
-  stay.rank = kStay + stay.age;
+  stay.rank = kStay + (order == kAsAdded ? stay.age : order);
   stay.up = stay.down = 1;
   stay.isStay = true;
   stay.place = Place::parametric;
@@ -53,12 +53,11 @@ ConstraintSolver::Variable ConstraintSolver::addVariable(double rest) {
 
 bool ConstraintSolver::removeVariable(Variable variable) {
   if (!isKnown(variable.slot, variable.age, true)) return false;
-  for (Slot slot = 0; slot < residuals_.size(); ++slot) {
+  for (Slot slot = 0; residuals_[variable.slot].uses > 0; ++slot) {
     const Residual& residual = residuals_[slot];
-    if (!residual.isStay && residual.terms[variable.slot] != 0) removeConstraint({slot, residual.age});
+    if (residual.age != 0 && !residual.isStay && residual.terms[variable.slot] != 0) forget(slot);
   }
-  residuals_[variable.slot].age = 0;
-  removed_.push_back(variable.slot);
+  forget(variable.slot);
   return true;
 }
 
@@ -70,7 +69,7 @@ bool ConstraintSolver::setRest(Variable variable, double rest) {
 
 std::optional<ConstraintSolver::Constraint> ConstraintSolver::addConstraint(std::span<const Term> terms,
                                                                             double constant, Relation relation,
-                                                                            float priority) {
+                                                                            float priority, Order order) {
   if (!(priority > 0 && priority <= kRequired) || !isWithin(constant, kLargestConstant)) return std::nullopt;
   SparseVector sum;
   for (const auto& [variable, coefficient] : terms) {
@@ -84,10 +83,13 @@ std::optional<ConstraintSolver::Constraint> ConstraintSolver::addConstraint(std:
 
   const Slot slot = newSlot();
   Residual& residual = residuals_[slot];
+  for (const auto& [stay, coefficient] : sum) ++residuals_[stay].uses;
   residual.terms = std::move(sum);
   residual.constant = residual.nextConstant = constant;
   // Floats above zero are in the order of their bits.
-  residual.rank = priority == kRequired ? residual.age : kOptional + (~std::bit_cast<std::uint32_t>(priority));
+  residual.rank = priority != kRequired ? kOptional + (~std::bit_cast<std::uint32_t>(priority))
+                  : order == kAsAdded   ? residual.age
+                                        : order;
   residual.up = relation == Relation::atLeast ? 0 : 1;
   residual.down = relation == Relation::atMost ? 0 : 1;
   added_.push_back(slot);
@@ -96,9 +98,16 @@ std::optional<ConstraintSolver::Constraint> ConstraintSolver::addConstraint(std:
 
 bool ConstraintSolver::removeConstraint(Constraint constraint) {
   if (!isKnown(constraint.slot, constraint.age, false)) return false;
-  residuals_[constraint.slot].age = 0;
-  removed_.push_back(constraint.slot);
+  forget(constraint.slot);
   return true;
+}
+
+void ConstraintSolver::forget(Slot slot) {
+  Residual& residual = residuals_[slot];
+  if (!residual.isStay)
+    for (const auto& [stay, coefficient] : residual.terms) --residuals_[stay].uses;
+  residual.age = 0;
+  removed_.push_back(slot);
 }
 
 bool ConstraintSolver::setConstant(Constraint constraint, double constant) {
@@ -122,6 +131,7 @@ double ConstraintSolver::violation(Constraint constraint) const {
 
 void ConstraintSolver::edit(Slot slot, double constant) {
   Residual& residual = residuals_[slot];
+  if (residual.nextConstant == constant) return;
   if (residual.nextConstant == residual.constant) edited_.push_back(slot);
   residual.nextConstant = constant;
 }
@@ -162,7 +172,8 @@ const std::vector<ConstraintSolver::Constraint>& ConstraintSolver::solve() {
     const Constraint constraint{slot, residual.age};
     if (violation(constraint) > kGivesWay) givingWay_.push_back(constraint);
   }
-  std::sort(givingWay_.begin(), givingWay_.end(), [](const auto& a, const auto& b) { return a.age < b.age; });
+  std::sort(givingWay_.begin(), givingWay_.end(),
+            [this](const auto& a, const auto& b) { return due(a.slot) < due(b.slot); });
   return givingWay_;
 }
 

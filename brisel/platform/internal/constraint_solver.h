@@ -18,12 +18,13 @@ namespace Brisel::Platform::internal {
 ///
 /// A constraint holds a sum of coefficient × variable + constant equal to zero, at least zero or at most zero; what is
 /// missing is its violation. The solution is the one that
-///   1. holds the required constraints. Where they cannot all hold, the later-added one gives way, as little as it may;
+///   1. holds the required constraints. Where they cannot all hold, the later one gives way, as little as it may;
 ///   2. then, for each distinct priority from the highest down, has the least sum of violations at that priority: one
 ///      501 beats any number of 500s;
-///   3. then has the first-added variable nearest to its rest value, then the second, and so on.
-/// It always exists and is unique. So it depends on what is there and in which order that was added, and not on what
-/// else was there before, nor on how often it was solved.
+///   3. then has the first variable nearest to its rest value, then the second, and so on.
+/// First and later are as the caller numbers them, else as they were added. The solution always exists and is unique.
+/// So it depends on what is there and in which order, and not on what else was there before, nor on how often it was
+/// solved.
 ///
 /// Changes take effect at the next `solve`, which starts from the last solution. Differences below 1e-9 are noise;
 /// values that close to a multiple of 1/1024 are that multiple. For one thread at a time.
@@ -52,9 +53,15 @@ class ConstraintSolver {
   static constexpr double kSmallestCoefficient = 1e-6;  // besides 0
   static constexpr double kLargestConstant = 1e9;       // of rest values too
 
+  /// Where a variable stands among the variables, and a required constraint among the required ones: the lower number
+  /// is the first. Below 2^61. Those of one system are all numbered by the caller, each number being given once, or
+  /// all as they are added.
+  using Order = std::uint64_t;
+  static constexpr Order kAsAdded = 0;
+
   /// A variable that takes its rest value where nothing else is asked of it. A rest value that is not finite or too
   /// large counts as 0.
-  Variable addVariable(double rest = 0);
+  Variable addVariable(double rest = 0, Order order = kAsAdded);
   /// Removes a variable and the constraints that mention it. False where it is unknown.
   bool removeVariable(Variable variable);
   /// False, and nothing changes, where the variable is unknown, or the value not finite or too large.
@@ -63,14 +70,14 @@ class ConstraintSolver {
   /// Terms of one variable are added up; no terms at all are allowed. Nothing where a variable is unknown, a number not
   /// finite, too large or too small, or the priority not above 0 and at most 1000.
   std::optional<Constraint> addConstraint(std::span<const Term> terms, double constant, Relation relation,
-                                          float priority = kRequired);
+                                          float priority = kRequired, Order order = kAsAdded);
   /// False where it is unknown.
   bool removeConstraint(Constraint constraint);
   /// False, and nothing changes, where the constraint is unknown, or the constant not finite or too large. The frequent
   /// edit: solving costs little more than what moves.
   bool setConstant(Constraint constraint, double constant);
 
-  /// Solves, and returns the required constraints that give way, the oldest first; the list is good until the next
+  /// Solves, and returns the required constraints that give way, the first one first; the list is good until the next
   /// call. The number of steps is bounded whatever the numbers are. Where nothing has changed, nothing is done.
   const std::vector<Constraint>& solve();
 
@@ -95,6 +102,7 @@ class ConstraintSolver {
     double up = 0;    // what a residual above zero costs per point, at its rank: 0 or 1
     double down = 0;  // below zero
     bool isStay = false;
+    std::uint32_t uses = 0;  // of a stay: how many constraints mention its variable
 
     Place place = Place::absent;
     double value = 0;            // basic: at this vertex; parametric: 0
@@ -116,6 +124,7 @@ class ConstraintSolver {
   bool isKnown(std::uint32_t slot, std::uint64_t age, bool isStay) const;
   Slot newSlot();
   void edit(Slot slot, double constant);
+  void forget(Slot slot);
   Due due(Slot slot) const { return {residuals_[slot].rank, residuals_[slot].age, slot}; }
 
   void takeOutRemoved();

@@ -18,9 +18,10 @@ class RecordingFace final : public Face {
 
 class RecordingTypeface final : public Typeface {
  public:
-  RecordingTypeface(const RecordingEngine& maker, const std::string& name)
-      : Typeface(maker, name, RecordingEngine::kMetrics),
-        face_(std::make_shared<const RecordingFace>(maker, name)),
+  RecordingTypeface(const RecordingEngine& maker, const TypefaceRequest& request)
+      : Typeface(maker, request.name, RecordingEngine::kMetrics),
+        face_(std::make_shared<const RecordingFace>(maker, request.name)),
+        cascade_(request.cascade),
         state_(maker.state_) {}
 
   const std::shared_ptr<const RecordingFace>& face() const noexcept { return face_; }
@@ -28,10 +29,14 @@ class RecordingTypeface final : public Typeface {
  private:
   bool onHasCharacter(char32_t character) const override {
     const std::lock_guard lock(state_->mutex);
-    return !state_->missing.contains(character);
+    if (!state_->missing.contains(character)) return true;
+    const std::string& substitute = state_->substitute;
+    return !substitute.empty() &&
+           (name() == substitute || std::find(cascade_.begin(), cascade_.end(), substitute) != cascade_.end());
   }
 
   std::shared_ptr<const RecordingFace> face_;
+  std::vector<std::string> cascade_;
   std::shared_ptr<RecordingEngine::State> state_;
 };
 
@@ -111,9 +116,15 @@ void RecordingEngine::forget() {
   state_->record = {};
 }
 
-void RecordingEngine::setMissingCharacters(std::u32string_view characters) {
+void RecordingEngine::setMissingCharacters(std::u32string_view characters, std::string_view substitute) {
   const std::lock_guard lock(state_->mutex);
   state_->missing = {characters.begin(), characters.end()};
+  state_->substitute = substitute;
+}
+
+void RecordingEngine::setScalesLinearly(bool scales) {
+  const std::lock_guard lock(state_->mutex);
+  state_->scalesLinearly = scales;
 }
 
 void RecordingEngine::setRegistrationResult(Registration result) {
@@ -144,17 +155,20 @@ void RecordingEngine::onSetUsesHostFonts(bool uses) {
 std::shared_ptr<const Typeface> RecordingEngine::onTypeface(const TypefaceRequest& request) {
   const std::lock_guard lock(state_->mutex);
   state_->record.typefaces.push_back(request);
-  return std::make_shared<const RecordingTypeface>(*this, request.name);
+  for (const auto& [known, typeface] : typefaces_)
+    if (known == request) return typeface;
+  return typefaces_.emplace_back(request, std::make_shared<const RecordingTypeface>(*this, request)).second;
 }
 
 std::shared_ptr<const ShapedText> RecordingEngine::onShape(const ShapeRequest& request) {
+  auto shaped = std::make_shared<ShapedText>();
   {
     const std::lock_guard lock(state_->mutex);
     state_->record.shapedTexts.emplace_back(request.text);
+    shaped->scalesLinearly = state_->scalesLinearly;
   }
   const std::u16string_view text = request.text;
   const bool isRightToLeft = request.direction == WritingDirection::rightToLeft;
-  auto shaped = std::make_shared<ShapedText>();
   shaped->length = static_cast<std::uint32_t>(text.size());
   shaped->endsWithLineBreak = text.back() == u'\n';
 

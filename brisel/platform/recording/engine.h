@@ -6,6 +6,8 @@
 #include <set>
 #include <span>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "brisel/platform/engine.h"
@@ -83,8 +85,10 @@ class RecordingEngine final : public Engine {
   Record record() const;
   void forget();
 
-  /// From now on no typeface has these characters.
-  void setMissingCharacters(std::u32string_view characters);
+  /// From now on no face has these characters, or, where a name is given, the face of that name alone.
+  void setMissingCharacters(std::u32string_view characters, std::string_view substitute = {});
+  /// Whether what is shaped from now on says that it holds at every size; true at first.
+  void setScalesLinearly(bool scales);
   /// What registration answers from now on, instead of "registered" the first time and "already registered" later.
   void setRegistrationResult(Registration result);
 
@@ -109,10 +113,13 @@ class RecordingEngine final : public Engine {
     mutable std::mutex mutex;
     Record record;
     std::set<char32_t> missing;
+    std::string substitute;  // the face that has the missing characters
+    bool scalesLinearly = true;
     bool hasRegistrationResult = false;
     Registration registrationResult = Registration::registered;
   };
   std::shared_ptr<State> state_ = std::make_shared<State>();
+  std::vector<std::pair<TypefaceRequest, std::shared_ptr<const Typeface>>> typefaces_;  // those that were asked for
 };
 
 }  // namespace Brisel::Platform

@@ -14,19 +14,22 @@
 namespace Brisel::Platform {
 
 /// A text that is read, in one line or several. It is drawn in the middle of the label's height; what does not fit is
-/// cut or truncated with an ellipsis, by the line-break mode.
+/// cut or truncated with an ellipsis, by the line-break mode of the last line's paragraph. All modes wrap above that.
 ///
 /// Either text or attributed text is set; the other follows. Text without attributes of its own is set in the label's
-/// font, colour, alignment and line-break mode.
+/// font, colour, alignment and line-break mode; an attributed text changes none of these. Nothing is laid out before a
+/// size is asked for or the label is drawn.
 class UILabel : public UIView {
  public:
   static std::shared_ptr<UILabel> initWithFrame(const CGRect& frame = {});
+  ~UILabel() override;
 
   /// The characters of what is shown; nothing where neither text nor attributed text has been set.
   std::optional<std::string> text() const;
   virtual void setText(const std::optional<std::string>& text);
   /// Null where there is no text. A text set without attributes answers with those that the label gives it.
   std::shared_ptr<const NSAttributedString> attributedText() const;
+  /// Copied: what the caller does to it later does not show.
   virtual void setAttributedText(const std::shared_ptr<const NSAttributedString>& text);
 
   /// Null: the port's substitute at 17 points. Setting font, colour, alignment or line-break mode sets that of the
@@ -46,7 +49,9 @@ class UILabel : public UIView {
   /// The most lines that are shown, 1 at first; 0 (and less): as many as it takes.
   std::int64_t numberOfLines() const noexcept;
   void setNumberOfLines(std::int64_t lines);
-  /// Whether text that is too wide is drawn smaller, down to `minimumScaleFactor` of its size.
+  /// Whether text that is too wide is drawn smaller, down to `minimumScaleFactor` of its size, with all its distances.
+  /// One line shrinks to just the label's width; several to the largest size, found by halving, at which the label
+  /// shows all of the text without tearing a word. What is too wide or high even then is truncated.
   bool adjustsFontSizeToFitWidth() const noexcept;
   void setAdjustsFontSizeToFitWidth(bool adjusts);
   /// 0 at first: as small as it must be. Values outside 0 … 1 are kept, and count as the nearer of the two.
@@ -56,18 +61,22 @@ class UILabel : public UIView {
   CGFloat preferredMaxLayoutWidth() const noexcept;
   void setPreferredMaxLayoutWidth(CGFloat width);
 
+  /// Of the text at its own size, rounded up to whole pixels of the screen; nothing where there is no text.
   CGSize intrinsicContentSize() const override;
+  /// `sizeThatFits:`: as large as the text at the width, but in no more than `numberOfLines`. One line takes its own
+  /// width, and so do several where the width is not above 0. The height does not count.
   CGSize sizeThatFits(CGSize size) const override;
+  /// Without text, that of a line in the label's font.
   FirstBaseline firstBaseline() const override;
 
  protected:
   UILabel();
-  ~UILabel() override;
   void drawContent(Canvas& canvas, CGPoint at) const override;
   bool hasHeightForWidth() const override;
 
  private:
   struct State;
+  class Typesetter;
   std::unique_ptr<State> state_;
 };
 

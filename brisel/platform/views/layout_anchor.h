@@ -12,6 +12,10 @@ namespace Brisel::Platform {
 class LayoutItem;
 class NSLayoutConstraint;
 class UIView;
+namespace internal {
+struct LayoutPlace;
+class ViewLayout;
+}  // namespace internal
 
 /// What of an item a constraint means. Leading and trailing follow the direction of the view that holds the constraint.
 /// The first baseline is that of the item's text as it is drawn; of an item without text, its bottom.
@@ -97,6 +101,8 @@ extern template class NSLayoutAnchor<NSLayoutDimension>;
 /// A rectangle that constraints place: a view or a layout guide.
 class LayoutItem : public NSObject {
  public:
+  ~LayoutItem() override;
+
   NSLayoutXAxisAnchor leadingAnchor() const noexcept;
   NSLayoutXAxisAnchor trailingAnchor() const noexcept;
   NSLayoutXAxisAnchor leftAnchor() const noexcept;
@@ -114,7 +120,22 @@ class LayoutItem : public NSObject {
   virtual std::shared_ptr<const UIView> layoutView() const = 0;
 
  protected:
-  LayoutItem() = default;
+  LayoutItem();
+
+ private:
+  friend class NSLayoutConstraint;
+  friend class UILayoutGuide;
+  friend class UIView;
+  friend class internal::ViewLayout;
+
+  template <class Anchor>
+  Anchor anchor(NSLayoutAttribute attribute) const noexcept;
+  internal::LayoutPlace& place();
+  /// For the order of what layout compares: of views and guides as they are made, of constraints as they are activated.
+  static std::uint64_t nextNumber() noexcept;
+
+  std::uint64_t number_ = nextNumber();
+  std::unique_ptr<internal::LayoutPlace> place_;  // what layout knows of it; null: nothing
 };
 
 }  // namespace Brisel::Platform

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <memory>
@@ -25,13 +26,17 @@ enum class NSLayoutRelation : std::int8_t { lessThanOrEqual = -1, equal = 0, gre
 /// A relation between two attributes of views or guides, or between one and a number:
 /// first attribute (=, ≤, ≥) second attribute × multiplier + constant. Made by anchors, or from its parts.
 ///
-/// The nearest view above both items holds an active constraint; the items are held weakly. Removing a view from its
-/// superview deactivates the constraints that tie it or what is below it to what is outside.
+/// The nearest view above both items holds an active constraint (one of them may be that view; a guide's is the one
+/// that owns it); the items are held weakly, and with one of them goes the constraint. Removing a view from its
+/// superview deactivates the constraints that tie it or what is below it to what is outside. Positions are measured in
+/// the holder, from the edge where its text begins where a leading or trailing edge is meant, else from its left and
+/// its top.
 class NSLayoutConstraint final : public NSObject {
  public:
   /// `constraintWithItem:attribute:relatedBy:toItem:attribute:multiplier:constant:`. Without a second item (null, or
-  /// `notAnAttribute`) the first attribute is compared with the constant. A missing first item, and attributes that
-  /// cannot be compared (a size with an edge, a left with a leading edge, x with y), are programming errors.
+  /// `notAnAttribute`) the first attribute, a size, is compared with the constant. A missing first item, and attributes
+  /// that cannot be compared (a size with an edge, a left with a leading edge, x with y, a place with a number), are
+  /// programming errors. In layout, a multiplier that is not a number counts as 0, and all are cut to 10,000.
   static std::shared_ptr<NSLayoutConstraint> constraintWithItem(const std::shared_ptr<LayoutItem>& firstItem,
                                                                 NSLayoutAttribute firstAttribute,
                                                                 NSLayoutRelation relation,
@@ -64,20 +69,36 @@ class NSLayoutConstraint final : public NSObject {
 
   /// Whether it takes part in layout. To activate a constraint whose items have no view above them in common is a
   /// programming error, as is one whose item has been freed.
-  bool isActive() const noexcept;
+  bool isActive() const noexcept { return holder_ != nullptr; }
   void setActive(bool active);
 
  private:
+  friend class UILayoutGuide;
+  friend class UIView;
+  friend class internal::ViewLayout;
   NSLayoutConstraint() = default;
 
+  void activate();
+  void deactivate();
+  /// Calls `visit` with every item on whose place the meaning depends: from the items up to the holder, with it.
+  template <class Visit>
+  void forEachPlace(Visit visit) const;
+
   std::weak_ptr<LayoutItem> firstItem_, secondItem_;
-  std::weak_ptr<UIView> holder_;  // while active
   CGFloat multiplier_ = 1;
   CGFloat constant_ = 0;
   UILayoutPriority priority_ = UILayoutPriorityRequired;
   NSLayoutAttribute firstAttribute_ = NSLayoutAttribute::notAnAttribute;
   NSLayoutAttribute secondAttribute_ = NSLayoutAttribute::notAnAttribute;
   NSLayoutRelation relation_ = NSLayoutRelation::equal;
+
+  // While active. Items and holder deactivate it before they go.
+  UIView* holder_ = nullptr;
+  LayoutItem* first_ = nullptr;
+  LayoutItem* second_ = nullptr;  // null: none
+  std::uint64_t number_ = 0;
+  internal::ViewLayout* layout_ = nullptr;  // that has it; null: none yet
+  std::size_t row_ = 0;                     // where
 };
 
 }  // namespace Brisel::Platform

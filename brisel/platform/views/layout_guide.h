@@ -11,19 +11,22 @@ namespace Brisel::Platform {
 class UILayoutGuide final : public LayoutItem {
  public:
   static std::shared_ptr<UILayoutGuide> init();
+  ~UILayoutGuide() override;
 
   /// The view that it belongs to; null until it is added to one.
-  std::shared_ptr<UIView> owningView() const noexcept { return owningView_.lock(); }
+  std::shared_ptr<UIView> owningView() const noexcept;
   /// In the coordinates of the owning view, as of the last layout.
   const CGRect& layoutFrame() const noexcept { return layoutFrame_; }
 
   std::shared_ptr<const UIView> layoutView() const override;
 
  private:
+  friend class NSLayoutConstraint;
   friend class UIView;
+  friend class internal::ViewLayout;
   UILayoutGuide() = default;
 
-  std::weak_ptr<UIView> owningView_;
+  UIView* owner_ = nullptr;  // which takes itself out before it goes
   CGRect layoutFrame_;
 };
 

@@ -2,8 +2,7 @@
 
 #include <utility>
 
-#include "brisel/platform/font.h"
-#include "brisel/platform/layout_direction.h"
+#include "brisel/platform/internal/text_spans.h"
 #include "brisel/platform/port.h"
 
 namespace Brisel::Platform {
@@ -24,11 +23,16 @@ std::shared_ptr<const T> object(const Dictionary& attributes, std::string_view n
 
 }  // namespace
 
-TextSpans::TextSpans(const NSAttributedString& text) {
+TextSpans::TextSpans(const NSAttributedString& text, const TextDefaults& defaults) {
+  const std::size_t count = text.attributeRuns().size();
+  sizes.reserve(count);
+  paragraphs.reserve(count);
+  paints.reserve(count);
   for (const AttributeRun& run : text.attributeRuns()) {
     const Dictionary& attributes = run.attributes;
     const auto end = static_cast<std::uint32_t>(run.range.end());
-    const auto font = object<UIFont>(attributes, NSFontAttributeName);
+    auto font = object<UIFont>(attributes, NSFontAttributeName);
+    if (!font) font = defaults.font;
     auto typeface = font ? font->typeface() : engine().typeface({});
     const CGFloat pointSize = font ? font->pointSize() : kDefaultPointSize;
     const CGFloat kern = number(attributes, NSKernAttributeName);
@@ -43,19 +47,32 @@ TextSpans::TextSpans(const NSAttributedString& text) {
     } else {
       typefaces.push_back({end, std::move(typeface), pointSize, kern == 0});
     }
-    paragraphs.push_back({end, object<NSParagraphStyle>(attributes, NSParagraphStyleAttributeName)});
-    paints.push_back({end, object<UIColor>(attributes, NSForegroundColorAttributeName),
-                      object<UIColor>(attributes, NSBackgroundColorAttributeName)});
+    auto paragraphStyle = object<NSParagraphStyle>(attributes, NSParagraphStyleAttributeName);
+    paragraphs.push_back({end, paragraphStyle ? std::move(paragraphStyle) : defaults.paragraphStyle});
+    auto color = object<UIColor>(attributes, NSForegroundColorAttributeName);
+    paints.push_back(
+        {end, color ? std::move(color) : defaults.color, object<UIColor>(attributes, NSBackgroundColorAttributeName)});
   }
   if (!paragraphs.empty() && paragraphs.front().style) direction = paragraphs.front().style->baseWritingDirection();
 }
 
-std::shared_ptr<const ShapedText> shape(const NSAttributedString& text, const TextSpans& spans) {
+std::shared_ptr<const ShapedText> shape(const NSAttributedString& text, const TextSpans& spans,
+                                        UIUserInterfaceLayoutDirection fallback) {
   ShapeRequest request;
   request.text = text.utf16();
   request.typefaces = spans.typefaces;
   request.direction = spans.direction;
-  request.naturalFallbackIsRightToLeft = userInterfaceLayoutDirection() == UIUserInterfaceLayoutDirection::rightToLeft;
+  request.naturalFallbackIsRightToLeft = fallback == UIUserInterfaceLayoutDirection::rightToLeft;
+  return engine().shape(request);
+}
+
+std::shared_ptr<const ShapedText> shapeEllipsis(const TextSpans& spans, std::uint32_t unit) {
+  if (spans.typefaces.empty()) return nullptr;
+  TypefaceSpan span = spans.typefaces[internal::spanAt<TypefaceSpan>(spans.typefaces, 0, unit)];
+  ShapeRequest request;
+  request.text = span.typeface->hasCharacter(U'\u2026') ? u"\u2026" : u"...";
+  span.end = static_cast<std::uint32_t>(request.text.size());
+  request.typefaces = {&span, 1};
   return engine().shape(request);
 }
 

@@ -1,20 +1,30 @@
 // Attributed strings measured and drawn: from attributes to shaped text, lines and pixels.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 
 #include "brisel/platform/attributed_string.h"
 #include "brisel/platform/engine.h"
+#include "brisel/platform/font.h"
+#include "brisel/platform/layout_direction.h"
 #include "brisel/platform/text_layout.h"
 
 namespace Brisel::Platform {
 
-/// What an attributed string asks of shaping, layout and painting, span by span. Text without a font is set in the
-/// port's substitute at 12 points. The paragraph style at a paragraph's first character holds for all of it; the base
-/// direction at the text's first character holds for the text.
+/// What text is set in where its attributes do not say. Null: the port's substitute at 12 points, black, the default
+/// paragraph style.
+struct TextDefaults {
+  std::shared_ptr<const UIFont> font;
+  ColorPtr color;
+  std::shared_ptr<const NSParagraphStyle> paragraphStyle;
+};
+
+/// What an attributed string asks of shaping, layout and painting, span by span. The paragraph style at a paragraph's
+/// first character holds for all of it; the base direction at the text's first character holds for the text.
 struct TextSpans {
-  explicit TextSpans(const NSAttributedString& text);
+  explicit TextSpans(const NSAttributedString& text, const TextDefaults& defaults = {});
 
   std::vector<TypefaceSpan> typefaces;
   std::vector<TextSizeSpan> sizes;
@@ -24,8 +34,14 @@ struct TextSpans {
 };
 
 /// Shapes a text. The result serves all sizes as long as it scales linearly (a change of size within the text parts
-/// runs), all colours, and all kerning but the change between none and some, which parts ligatures.
-std::shared_ptr<const ShapedText> shape(const NSAttributedString& text, const TextSpans& spans);
+/// runs), all colours, and all kerning but the change between none and some, which parts ligatures. Paragraphs without
+/// a letter that tells their direction run in the given one.
+std::shared_ptr<const ShapedText> shape(const NSAttributedString& text, const TextSpans& spans,
+                                        UIUserInterfaceLayoutDirection fallback = userInterfaceLayoutDirection());
+
+/// The sign of omission, set like the text at a code unit: an ellipsis, or three full stops where the typeface has
+/// none.
+std::shared_ptr<const ShapedText> shapeEllipsis(const TextSpans& spans, std::uint32_t unit);
 
 /// A text set into lines, with all that is needed to draw it.
 class TextDrawing {

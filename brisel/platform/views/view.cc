@@ -5,16 +5,14 @@
 #include <utility>
 
 #include "brisel/platform/fatal_error.h"
+#include "brisel/platform/views/internal/view_layout.h"
 #include "brisel/platform/views/layout_guide.h"
-#include "brisel/platform/views/view_controller.h"
 #include "brisel/platform/views/window.h"
 
 namespace Brisel::Platform {
 namespace {
 
 CGFloat finite(CGFloat distance) noexcept { return std::isfinite(distance) ? distance : 0; }
-
-std::size_t indexOf(UILayoutConstraintAxis axis) noexcept { return static_cast<std::size_t>(axis); }
 
 const std::shared_ptr<const UITraitCollection>& nothingSpecified() {
   static const auto* const traits = new std::shared_ptr<const UITraitCollection>(UITraitCollection::init());
@@ -29,39 +27,100 @@ std::shared_ptr<UIView> UIView::initWithFrame(const CGRect& frame) {
 
 UIView::UIView() : traitCollection_(nothingSpecified()) {}
 
-UIView::~UIView() = default;
+// Takes trees apart level by level: of deep ones, destructors that call each other would fill the stack.
+UIView::~UIView() {
+  std::vector<std::shared_ptr<UIView>> orphans;
+  dismantle(orphans);
+  while (!orphans.empty()) {
+    const auto view = std::move(orphans.back());
+    orphans.pop_back();
+    if (view.use_count() == 1) {
+      view->dismantle(orphans);
+    } else {
+      view->surroundingsDidChange();
+    }
+  }
+}
+
+void UIView::dismantle(std::vector<std::shared_ptr<UIView>>& orphans) {
+  internal::ViewLayout::forget(*this);
+  if (layout_) std::exchange(layout_, nullptr)->end();
+  for (const auto& guide : layoutGuides_) {
+    internal::ViewLayout::forget(*guide);
+    guide->owner_ = nullptr;
+  }
+  layoutGuides_.clear();
+  for (auto& view : subviews_) {
+    view->superview_ = nullptr;
+    orphans.push_back(std::move(view));
+  }
+  subviews_.clear();
+}
 
 void UIView::didInitWithFrame() {}
 
 void UIView::addSubview(const std::shared_ptr<UIView>& view) {
-  if (!view || isDescendantOfView(*view)) fatalError("A view can be added neither to itself nor below itself");
-  view->removeFromSuperview();
-  view->superview_ = std::static_pointer_cast<UIView>(shared_from_this());
-  subviews_.push_back(view);
+  if (!view || view.get() == this || (!view->subviews_.empty() && isDescendantOfView(*view)))
+    fatalError("A view can be added neither to itself nor below itself");
+  const auto added = view;  // What was handed in may be a place in the list that it is taken from.
+  if (added->superview_ == this) {
+    std::rotate(std::find(subviews_.begin(), subviews_.end(), added), subviews_.end() - 1, subviews_.end());
+    return;
+  }
+  if (added->superview_) added->detach();
+  added->superview_ = this;
+  subviews_.push_back(added);
+  if (added->needsLayout_ || added->needsLayoutBelow_) added->markAbove(&UIView::needsLayoutBelow_);
+  if (added->isConstrained_) {
+    added->markAbove(&UIView::isConstrained_);
+    if (added->layout_) std::exchange(added->layout_, nullptr)->end();
+    if (const auto& layout = top().layout_) layout->addTree(*added);
+  }
   setNeedsLayout();
+  added->surroundingsDidChange();
 }
 
 void UIView::removeFromSuperview() {
-  const auto superview = superview_.lock();
-  if (!superview) return;
+  if (!superview_) return;
   const auto self = shared_from_this();  // The superview may have been the only owner.
-  auto& siblings = superview->subviews_;
+  detach();
+  surroundingsDidChange();
+}
+
+void UIView::detach() {
+  if (place_)
+    for (auto i = place_->constraints.size(); i-- > 0;)
+      if (place_->constraints[i]->holder_ != this) place_->constraints[i]->deactivate();
+  if (isConstrained_)
+    if (const auto& layout = top().layout_) layout->removeTree(*this);
+  auto& siblings = superview_->subviews_;
   siblings.erase(std::find_if(siblings.begin(), siblings.end(), [&](const auto& view) { return view.get() == this; }));
-  superview_.reset();
-  superview->setNeedsLayout();
+  superview_->setNeedsLayout();
+  superview_ = nullptr;
+}
+
+std::shared_ptr<UIView> UIView::superview() const noexcept {
+  return superview_ ? std::static_pointer_cast<UIView>(superview_->weak_from_this().lock()) : nullptr;
+}
+
+UIView& UIView::top() noexcept {
+  UIView* top = this;
+  while (top->superview_) top = top->superview_;
+  return *top;
 }
 
 std::shared_ptr<UIWindow> UIView::window() const {
-  auto top = std::const_pointer_cast<NSObject>(shared_from_this());
-  while (const auto next = static_cast<const UIView&>(*top).superview()) top = next;
-  return std::dynamic_pointer_cast<UIWindow>(top);
+  const UIView* top = this;
+  while (top->superview_) top = top->superview_;
+  // A view is never made constant.
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
+  return std::dynamic_pointer_cast<UIWindow>(const_cast<UIView*>(top)->weak_from_this().lock());
 }
 
 bool UIView::isDescendantOfView(const UIView& view) const noexcept {
-  if (this == &view) return true;
-  for (auto above = superview(); above; above = above->superview())
-    if (above.get() == &view) return true;
-  return false;
+  const UIView* at = this;
+  while (at && at != &view) at = at->superview_;
+  return at != nullptr;
 }
 
 void UIView::setFrame(const CGRect& frame) {
@@ -69,14 +128,20 @@ void UIView::setFrame(const CGRect& frame) {
                        {finite(frame.size.width), finite(frame.size.height)}};
   if (checked.size != frame_.size) setNeedsLayout();
   frame_ = checked;
+  if (place_) internal::ViewLayout::frameWasSet(*this);
+}
+
+void UIView::takePlace(const CGRect& frame) {
+  if (frame.size != frame_.size) setNeedsLayout();
+  frame_ = frame;
 }
 
 CGPoint UIView::convertPointToView(CGPoint point, const UIView& view) const noexcept {
   const auto toTop = [](const UIView& from) {
-    CGPoint origin = from.frame_.origin;
-    for (auto above = from.superview(); above; above = above->superview()) {
-      origin.x += above->frame_.origin.x;
-      origin.y += above->frame_.origin.y;
+    CGPoint origin;
+    for (const UIView* at = &from; at; at = at->superview_) {
+      origin.x += at->frame_.origin.x;
+      origin.y += at->frame_.origin.y;
     }
     return origin;
   };
@@ -88,72 +153,34 @@ CGRect UIView::convertRectToView(const CGRect& rect, const UIView& view) const n
   return {convertPointToView(rect.origin, view), rect.size};
 }
 
+// Without recursion, as trees may be deep.
 void UIView::drawHierarchy(Canvas& canvas, CGPoint at) const {
-  if (hidden_) return;
-  const CGRect rect{at, frame_.size};
-  if (backgroundColor_) canvas.fillRect(rect, *backgroundColor_);
-  drawContent(canvas, at);
-  if (clipsToBounds_) {
-    canvas.save();
-    canvas.clipToPath(UIBezierPath::bezierPathWithRect(rect));
+  struct Step {
+    const UIView* view = nullptr;  // null: the end of one that clips
+    CGPoint at;
+  };
+  std::vector<Step> steps = {{this, at}};
+  while (!steps.empty()) {
+    const auto [view, corner] = steps.back();
+    steps.pop_back();
+    if (!view) canvas.restore();
+    if (!view || view->hidden_) continue;
+    const CGRect rect{corner, view->frame_.size};
+    if (view->backgroundColor_) canvas.fillRect(rect, *view->backgroundColor_);
+    view->drawContent(canvas, corner);
+    if (view->clipsToBounds_ && !view->subviews_.empty()) {
+      canvas.save();
+      canvas.clipToPath(UIBezierPath::bezierPathWithRect(rect));
+      steps.push_back({});
+    }
+    for (auto below = view->subviews_.rbegin(); below != view->subviews_.rend(); ++below) {
+      const CGPoint origin = (*below)->frame_.origin;
+      steps.push_back({below->get(), {corner.x + origin.x, corner.y + origin.y}});
+    }
   }
-  for (const auto& view : subviews_)
-    view->drawHierarchy(canvas, {at.x + view->frame_.origin.x, at.y + view->frame_.origin.y});
-  if (clipsToBounds_) canvas.restore();
 }
 
 void UIView::drawContent(Canvas&, CGPoint) const {}
-
-void UIView::setNeedsLayout() { needsLayout_ = true; }
-
-void UIView::layoutIfNeeded() {
-  if (std::exchange(needsLayout_, false)) layoutSubviews();
-  const auto views = subviews_;
-  for (const auto& view : views) view->layoutIfNeeded();
-}
-
-void UIView::layoutSubviews() {}
-
-void UIView::setTranslatesAutoresizingMaskIntoConstraints(bool translates) { translatesAutoresizingMask_ = translates; }
-
-UILayoutPriority UIView::contentHuggingPriorityForAxis(UILayoutConstraintAxis axis) const noexcept {
-  return hugging_[indexOf(axis)];
-}
-
-void UIView::setContentHuggingPriority(UILayoutPriority priority, UILayoutConstraintAxis axis) {
-  hugging_[indexOf(axis)] = priority;
-}
-
-UILayoutPriority UIView::contentCompressionResistancePriorityForAxis(UILayoutConstraintAxis axis) const noexcept {
-  return compressionResistance_[indexOf(axis)];
-}
-
-void UIView::setContentCompressionResistancePriority(UILayoutPriority priority, UILayoutConstraintAxis axis) {
-  compressionResistance_[indexOf(axis)] = priority;
-}
-
-CGSize UIView::intrinsicContentSize() const { return {UIViewNoIntrinsicMetric, UIViewNoIntrinsicMetric}; }
-
-void UIView::invalidateIntrinsicContentSize() {}
-
-CGSize UIView::sizeThatFits(CGSize) const { return frame_.size; }
-
-void UIView::sizeToFit() { setFrame({frame_.origin, sizeThatFits(frame_.size)}); }
-
-FirstBaseline UIView::firstBaseline() const { return {}; }
-
-bool UIView::hasHeightForWidth() const { return false; }
-
-CGSize UIView::systemLayoutSizeFittingSize(CGSize) { return frame_.size; }
-
-void UIView::traitCollectionDidChange(const std::shared_ptr<const UITraitCollection>&) {}
-
-void UIView::didMoveToWindow() {}
-
-void UIView::setSemanticContentAttribute(UISemanticContentAttribute attribute) {
-  semanticContentAttribute_ = attribute;
-  setNeedsLayout();
-}
 
 UIUserInterfaceLayoutDirection UIView::effectiveUserInterfaceLayoutDirection() const noexcept {
   switch (semanticContentAttribute_) {

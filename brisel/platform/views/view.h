@@ -18,9 +18,6 @@ namespace Brisel::Platform {
 class UILayoutGuide;
 class UIViewController;
 class UIWindow;
-namespace internal {
-class ViewLayout;
-}
 
 /// The published numbers.
 enum class UILayoutConstraintAxis : std::uint8_t { horizontal = 0, vertical = 1 };
@@ -58,7 +55,7 @@ class UIView : public LayoutItem {
   void removeFromSuperview();
   /// From the hindmost to the foremost.
   const std::vector<std::shared_ptr<UIView>>& subviews() const noexcept { return subviews_; }
-  std::shared_ptr<UIView> superview() const noexcept { return superview_.lock(); }
+  std::shared_ptr<UIView> superview() const noexcept;
   /// The window at the top of the tree, or null. A window is in itself.
   std::shared_ptr<UIWindow> window() const;
   /// `isDescendantOfView:`: a view is one of itself.
@@ -79,6 +76,7 @@ class UIView : public LayoutItem {
   // What is seen.
 
   bool isHidden() const noexcept { return hidden_; }
+  /// It keeps its place all the same.
   void setHidden(bool hidden) noexcept { hidden_ = hidden; }
   /// Null: none.
   const ColorPtr& backgroundColor() const noexcept { return backgroundColor_; }
@@ -96,7 +94,9 @@ class UIView : public LayoutItem {
   /// Has `layoutSubviews` called at the next layout.
   void setNeedsLayout();
   /// Lays out now: solves the constraints of the whole tree, places its views, and calls `layoutSubviews` of this view
-  /// and those below it that need it. May be called from within `layoutSubviews`.
+  /// and those below it that need it; again, while that asks for more, up to 16 times. May be called from within
+  /// `layoutSubviews`: then it begins again once, and does nothing where it is the sixth call within another. What is
+  /// left waits for the next layout.
   void layoutIfNeeded();
   /// Called by layout for a view that needs it: one whose size has changed, or that was told so. Subclasses place here
   /// what constraints do not; they call their base class's first.
@@ -174,14 +174,27 @@ class UIView : public LayoutItem {
 
  private:
   friend class NSLayoutConstraint;
+  friend class UILayoutGuide;
   friend class UIViewController;
   friend class UIWindow;
   friend class internal::ViewLayout;
 
-  std::weak_ptr<UIView> superview_;
+  UIView& top() noexcept;
+  void detach();
+  void dismantle(std::vector<std::shared_ptr<UIView>>& orphans);
+  void markAbove(bool UIView::*mark) noexcept;
+  void layOutSubtree();
+  /// The rectangle that layout found.
+  void takePlace(const CGRect& frame);
+  /// Called after the view was added to a superview or taken from one: it may have other traits now, and another
+  /// window.
+  void surroundingsDidChange();
+
+  UIView* superview_ = nullptr;  // which takes itself out before it goes
   std::vector<std::shared_ptr<UIView>> subviews_;
   std::vector<std::shared_ptr<UILayoutGuide>> layoutGuides_;
   std::vector<std::shared_ptr<NSLayoutConstraint>> constraints_;
+  std::shared_ptr<internal::ViewLayout> layout_;  // of the tree, at its top; null until needed
   std::weak_ptr<UIViewController> viewController_;
   std::shared_ptr<const UITraitCollection> traitCollection_;
   ColorPtr backgroundColor_;
@@ -193,6 +206,8 @@ class UIView : public LayoutItem {
   bool clipsToBounds_ = false;
   bool translatesAutoresizingMask_ = true;
   bool needsLayout_ = true;
+  bool needsLayoutBelow_ = false;
+  bool isConstrained_ = false;  // constraints, or views that they place, may be here or below
 };
 
 }  // namespace Brisel::Platform

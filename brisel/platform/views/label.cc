@@ -1,0 +1,369 @@
+#include "brisel/platform/views/label.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <utility>
+
+#include "brisel/platform/font_descriptor.h"
+#include "brisel/platform/screen.h"
+#include "brisel/platform/views/text_drawing.h"
+
+namespace Brisel::Platform {
+namespace {
+
+constexpr CGFloat kDefaultPointSize = 17;
+constexpr CGFloat kInfinity = std::numeric_limits<CGFloat>::infinity();
+
+// How often the range of scales is halved in search of the one at which several lines fit.
+constexpr int kHalvings = 12;
+
+// A text as it was shaped, with what it is drawn in.
+struct Shaping {
+  std::shared_ptr<const NSAttributedString> text;
+  TextSpans spans;
+  UIUserInterfaceLayoutDirection fallback;
+  std::shared_ptr<const ShapedText> shaped;
+};
+
+// Whether what `from` was shaped into is what `to` would be: sizes and colours do not matter.
+bool shapesAlike(const Shaping& from, const Shaping& to) {
+  if (from.spans.direction != to.spans.direction || from.fallback != to.fallback) return false;
+  const bool anySize = from.shaped->scalesLinearly;
+  const auto isAlike = [anySize](const TypefaceSpan& a, const TypefaceSpan& b) {
+    return a.end == b.end && a.typeface == b.typeface && a.usesLigatures == b.usesLigatures &&
+           (anySize || a.pointSize == b.pointSize);
+  };
+  return std::equal(from.spans.typefaces.begin(), from.spans.typefaces.end(), to.spans.typefaces.begin(),
+                    to.spans.typefaces.end(), isAlike) &&
+         from.text->utf16() == to.text->utf16();
+}
+
+// Up to whole pixels, so that a frame on the pixel grid has room for it. What rounding has left above one does not
+// count.
+CGFloat roundedUp(CGFloat points) {
+  constexpr CGFloat kRounding = 1e-6;
+  const CGFloat scale = UIScreen::mainScreen().scale();
+  const CGFloat rounded = std::ceil(points * scale - kRounding) / scale;
+  return std::isfinite(rounded) ? rounded : points;
+}
+
+CGSize roundedUp(CGSize size) { return {roundedUp(size.width), roundedUp(size.height)}; }
+
+// A factor from 0 to 1.
+CGFloat fraction(CGFloat factor) { return factor > 0 ? std::min(factor, 1.0) : 0; }
+
+}  // namespace
+
+struct UILabel::State {
+  // What was set.
+  std::shared_ptr<const NSAttributedString> text;
+  bool isPlain = true;  // the text has no attributes but the label's
+  std::shared_ptr<const UIFont> font;
+  ColorPtr textColor;
+  NSTextAlignment textAlignment = NSTextAlignment::natural;
+  NSLineBreakMode lineBreakMode = NSLineBreakMode::byTruncatingTail;
+  std::int64_t numberOfLines = 1;
+  bool adjustsFontSizeToFitWidth = false;
+  CGFloat minimumScaleFactor = 0;
+  CGFloat preferredMaxLayoutWidth = 0;
+
+  // Which of its attributes the label has changed since an attributed text was set. They are put into it when it is
+  // next looked at, since it is mostly replaced before.
+  bool fontIsNewer = false;
+  bool colorIsNewer = false;
+  bool alignmentIsNewer = false;
+  bool lineBreakModeIsNewer = false;
+
+  // What was made of it. A shaping that is stale may still lend its glyphs to the next.
+  std::optional<Shaping> shaping;
+  bool shapingIsStale = false;
+  std::optional<CGSize> intrinsicSize;  // not rounded
+  std::shared_ptr<const UIFont> substituteFont;
+  std::shared_ptr<const NSParagraphStyle> paragraphStyle;
+  struct Drawn {
+    CGSize bounds;
+    TextLayout layout;
+  };
+  std::optional<Drawn> drawn;
+
+  void forgetLayout() {
+    intrinsicSize.reset();
+    drawn.reset();
+  }
+
+  void forgetText() {
+    forgetLayout();
+    shapingIsStale = true;
+  }
+
+  bool hasNewerAttributes() const { return fontIsNewer || colorIsNewer || alignmentIsNewer || lineBreakModeIsNewer; }
+
+  void setText(std::shared_ptr<const NSAttributedString> given, bool plain) {
+    text = std::move(given);
+    isPlain = plain;
+    fontIsNewer = colorIsNewer = alignmentIsNewer = lineBreakModeIsNewer = false;
+    forgetText();
+  }
+
+  const std::shared_ptr<const UIFont>& ownFont() {
+    if (font) return font;
+    if (!substituteFont) {
+      substituteFont = UIFont::fontWithDescriptor(UIFontDescriptor::fontDescriptorWithName("", kDefaultPointSize),
+                                                  kDefaultPointSize);
+    }
+    return substituteFont;
+  }
+
+  const std::shared_ptr<const NSParagraphStyle>& ownParagraphStyle() {
+    if (!paragraphStyle) {
+      const auto style = NSMutableParagraphStyle::init();
+      style->setAlignment(textAlignment);
+      style->setLineBreakMode(lineBreakMode);
+      paragraphStyle = style;
+    }
+    return paragraphStyle;
+  }
+
+  // The text with the attributes that were set for all of it since.
+  const std::shared_ptr<const NSAttributedString>& currentText() {
+    if (!text || isPlain || !hasNewerAttributes()) return text;
+    const auto changed = text->mutableCopy();
+    const NSRange all{0, changed->length()};
+    if (fontIsNewer) changed->addAttribute(NSFontAttributeName, Value(ownFont()), all);
+    if (colorIsNewer && textColor) changed->addAttribute(NSForegroundColorAttributeName, Value(textColor), all);
+    if (colorIsNewer && !textColor) changed->removeAttribute(NSForegroundColorAttributeName, all);
+    if (alignmentIsNewer || lineBreakModeIsNewer) {
+      changed->enumerateAttributesInRange(all, [&](NSRange range, const Dictionary& attributes) {
+        const Value* value = attributes.find(NSParagraphStyleAttributeName);
+        const auto old = value ? value->as<NSParagraphStyle>() : nullptr;
+        const auto style = (old ? *old : *ownParagraphStyle()).mutableCopy();
+        if (alignmentIsNewer) style->setAlignment(textAlignment);
+        if (lineBreakModeIsNewer) style->setLineBreakMode(lineBreakMode);
+        changed->addAttribute(NSParagraphStyleAttributeName, Value(style), range);
+      });
+    }
+    setText(changed->copy(), false);
+    return text;
+  }
+
+  std::size_t mostLines() const {
+    return numberOfLines > 0 ? static_cast<std::size_t>(numberOfLines) : std::numeric_limits<std::size_t>::max();
+  }
+};
+
+std::shared_ptr<UILabel> UILabel::initWithFrame(const CGRect& frame) {
+  return made(std::shared_ptr<UILabel>(new UILabel), frame);
+}
+
+UILabel::UILabel() : state_(std::make_unique<State>()) {}
+
+UILabel::~UILabel() = default;
+
+std::optional<std::string> UILabel::text() const {
+  if (!state_->text) return std::nullopt;
+  return state_->text->string();
+}
+
+void UILabel::setText(const std::optional<std::string>& text) {
+  state_->setText(text ? NSAttributedString::initWithString(*text) : nullptr, true);
+  invalidateIntrinsicContentSize();
+}
+
+std::shared_ptr<const NSAttributedString> UILabel::attributedText() const {
+  State& state = *state_;
+  if (!state.text || !state.isPlain) return state.currentText();
+  Dictionary attributes{{NSFontAttributeName, state.ownFont()},
+                        {NSParagraphStyleAttributeName, state.ownParagraphStyle()}};
+  if (state.textColor) attributes = attributes.with(NSForegroundColorAttributeName, state.textColor);
+  return NSAttributedString::initWithString(state.text->string(), attributes);
+}
+
+void UILabel::setAttributedText(const std::shared_ptr<const NSAttributedString>& text) {
+  state_->setText(text ? text->copy() : nullptr, false);
+  invalidateIntrinsicContentSize();
+}
+
+const std::shared_ptr<const UIFont>& UILabel::font() const noexcept { return state_->font; }
+
+void UILabel::setFont(const std::shared_ptr<const UIFont>& font) {
+  state_->font = font;
+  state_->fontIsNewer = true;
+  state_->forgetText();
+  invalidateIntrinsicContentSize();
+}
+
+const ColorPtr& UILabel::textColor() const noexcept { return state_->textColor; }
+
+void UILabel::setTextColor(const ColorPtr& color) {
+  state_->textColor = color;
+  state_->colorIsNewer = true;
+  state_->shapingIsStale = true;
+}
+
+NSTextAlignment UILabel::textAlignment() const noexcept { return state_->textAlignment; }
+
+void UILabel::setTextAlignment(NSTextAlignment alignment) {
+  state_->textAlignment = alignment;
+  state_->alignmentIsNewer = true;
+  state_->paragraphStyle = nullptr;
+  state_->forgetText();
+}
+
+NSLineBreakMode UILabel::lineBreakMode() const noexcept { return state_->lineBreakMode; }
+
+void UILabel::setLineBreakMode(NSLineBreakMode mode) {
+  state_->lineBreakMode = mode;
+  state_->lineBreakModeIsNewer = true;
+  state_->paragraphStyle = nullptr;
+  state_->forgetText();
+  invalidateIntrinsicContentSize();
+}
+
+std::int64_t UILabel::numberOfLines() const noexcept { return state_->numberOfLines; }
+
+void UILabel::setNumberOfLines(std::int64_t lines) {
+  if (std::exchange(state_->numberOfLines, lines) == lines) return;
+  state_->forgetLayout();
+  invalidateIntrinsicContentSize();
+}
+
+bool UILabel::adjustsFontSizeToFitWidth() const noexcept { return state_->adjustsFontSizeToFitWidth; }
+
+void UILabel::setAdjustsFontSizeToFitWidth(bool adjusts) {
+  state_->adjustsFontSizeToFitWidth = adjusts;
+  state_->drawn.reset();
+}
+
+CGFloat UILabel::minimumScaleFactor() const noexcept { return state_->minimumScaleFactor; }
+
+void UILabel::setMinimumScaleFactor(CGFloat factor) {
+  state_->minimumScaleFactor = factor;
+  state_->drawn.reset();
+}
+
+CGFloat UILabel::preferredMaxLayoutWidth() const noexcept { return state_->preferredMaxLayoutWidth; }
+
+void UILabel::setPreferredMaxLayoutWidth(CGFloat width) {
+  if (std::exchange(state_->preferredMaxLayoutWidth, width) == width) return;
+  state_->intrinsicSize.reset();
+  invalidateIntrinsicContentSize();
+}
+
+// Lays a label's text out, and keeps what is worth keeping.
+class UILabel::Typesetter {
+ public:
+  explicit Typesetter(const UILabel& label) : state_(*label.state_), shaping_(shaping(label)) {}
+
+  TextLayout layOut(CGFloat width, CGFloat height = kInfinity, CGFloat scale = 1) const {
+    const TextSpans& spans = shaping_.spans;
+    TextLayout::Options options{.width = width, .scale = scale};
+    options.limits.emplace();
+    options.limits->lines = state_.mostLines();
+    options.limits->height = height;
+    if (scale == 1 || shaping_.shaped->scalesLinearly) {
+      options.limits->ellipsis = [&spans](std::uint32_t unit) { return shapeEllipsis(spans, unit); };
+      return TextLayout(shaping_.shaped, spans.sizes, spans.paragraphs, options);
+    }
+    TextSpans scaled = spans;
+    for (TypefaceSpan& span : scaled.typefaces) span.pointSize *= scale;
+    options.limits->ellipsis = [&scaled](std::uint32_t unit) { return shapeEllipsis(scaled, unit); };
+    const auto shaped = shape(*shaping_.text, scaled, shaping_.fallback);
+    return TextLayout(shaped, spans.sizes, spans.paragraphs, options);
+  }
+
+  const TextLayout& layOutToDraw(CGSize bounds) const {
+    if (!state_.drawn || state_.drawn->bounds != bounds)
+      state_.drawn.emplace(State::Drawn{
+          bounds, state_.adjustsFontSizeToFitWidth ? shrunk(bounds) : layOut(bounds.width, bounds.height)});
+    return state_.drawn->layout;
+  }
+
+  void draw(Canvas& canvas, CGPoint at, const TextLayout& layout) const {
+    layout.draw(canvas, at, shaping_.spans.paints);
+  }
+
+ private:
+  static const Shaping& shaping(const UILabel& label) {
+    State& state = *label.state_;
+    const auto& text = state.currentText();
+    const auto fallback = label.effectiveUserInterfaceLayoutDirection();
+    std::optional<Shaping>& kept = state.shaping;
+    if (kept && !state.shapingIsStale && kept->fallback == fallback) return *kept;
+    const TextDefaults defaults{state.ownFont(), state.textColor, state.ownParagraphStyle()};
+    Shaping next{text, TextSpans(*text, defaults), fallback, nullptr};
+    next.shaped = kept && shapesAlike(*kept, next) ? kept->shaped : shape(*text, next.spans, fallback);
+    kept = std::move(next);
+    state.shapingIsStale = false;
+    state.drawn.reset();
+    return *kept;
+  }
+
+  // As large as it can be, at most as large as it is.
+  TextLayout shrunk(CGSize bounds) const {
+    CGFloat fits = fraction(state_.minimumScaleFactor);
+    if (state_.numberOfLines == 1) {
+      const CGFloat width = layOut(kInfinity).size().width;
+      const CGFloat ratio = width > bounds.width ? bounds.width / width : 1;
+      return layOut(bounds.width, bounds.height, std::max(fits, ratio));
+    }
+    const auto shows = [](const TextLayout& layout) { return !layout.isTruncated() && !layout.tearsWords(); };
+    TextLayout whole = layOut(bounds.width, bounds.height);
+    if (shows(whole)) return whole;
+    CGFloat tooLarge = 1;
+    for (int i = 0; i < kHalvings; ++i) {
+      const CGFloat middle = (fits + tooLarge) / 2;
+      (shows(layOut(bounds.width, bounds.height, middle)) ? fits : tooLarge) = middle;
+    }
+    return layOut(bounds.width, bounds.height, fits);
+  }
+
+  State& state_;
+  const Shaping& shaping_;
+};
+
+CGSize UILabel::intrinsicContentSize() const {
+  State& state = *state_;
+  if (!state.text || state.text->length() == 0) return {0, 0};
+  if (!state.intrinsicSize) {
+    const bool hasWidth = state.numberOfLines != 1 && state.preferredMaxLayoutWidth > 0;
+    state.intrinsicSize = Typesetter(*this).layOut(hasWidth ? state.preferredMaxLayoutWidth : kInfinity).size();
+  }
+  return roundedUp(*state.intrinsicSize);
+}
+
+CGSize UILabel::sizeThatFits(CGSize size) const {
+  const State& state = *state_;
+  if (!state.text || state.text->length() == 0) return {0, 0};
+  const bool hasWidth = state.numberOfLines != 1 && size.width > 0;
+  return roundedUp(Typesetter(*this).layOut(hasWidth ? size.width : kInfinity).size());
+}
+
+FirstBaseline UILabel::firstBaseline() const {
+  State& state = *state_;
+  if (!state.text || state.text->length() == 0) {
+    const UIFont& font = *state.ownFont();
+    return {0.5, font.ascender() - font.lineHeight() / 2};
+  }
+  const CGSize size = bounds().size;
+  const Typesetter typesetter(*this);
+  if (size.width > 0 && size.height > 0) {
+    const TextLayout& layout = typesetter.layOutToDraw(size);
+    return {0.5, layout.firstBaseline() - layout.size().height / 2};
+  }
+  const TextLayout layout = typesetter.layOut(size.width > 0 ? size.width : kInfinity);
+  return {0.5, layout.firstBaseline() - layout.size().height / 2};
+}
+
+bool UILabel::hasHeightForWidth() const { return state_->numberOfLines != 1; }
+
+void UILabel::drawContent(Canvas& canvas, CGPoint at) const {
+  const CGSize size = bounds().size;
+  if (!state_->text || state_->text->length() == 0 || !(size.width > 0 && size.height > 0)) return;
+  const Typesetter typesetter(*this);
+  const TextLayout& layout = typesetter.layOutToDraw(size);
+  typesetter.draw(canvas, {at.x, at.y + (size.height - layout.size().height) / 2}, layout);
+}
+
+}  // namespace Brisel::Platform
