@@ -250,6 +250,7 @@ ViewPtr textViewScreen(CGFloat width, ContentSizeCategory category) {
   field->setPlaceholder("Find in this album");
   column.add(fieldBox(field), Spacer::x16().value());
   apply(*field, TypeStyle::ballad(), size);
+  field->setTextColor(colors().text().base());
   applyPlaceholder(*field, TypeStyle::ballad(), size);
 
   const auto play = button("Play", Theme::dark().brightAccent());
