@@ -5,7 +5,8 @@
 namespace Brisel::Platform {
 
 std::shared_ptr<const UITraitCollection> UITraitCollection::init() {
-  return std::shared_ptr<const UITraitCollection>(new UITraitCollection);
+  static const auto* const nothing = new std::shared_ptr<const UITraitCollection>(new UITraitCollection);
+  return *nothing;
 }
 
 std::shared_ptr<const UITraitCollection> UITraitCollection::traitCollectionWithPreferredContentSizeCategory(

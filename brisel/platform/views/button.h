@@ -11,6 +11,10 @@
 
 namespace Brisel::Platform {
 
+namespace internal {
+class ShownText;
+}
+
 /// What a control is in: a set of flags, and two masks of flags that are not the platform's. The published numbers.
 enum UIControlState : std::uint32_t {
   UIControlStateNormal = 0,
@@ -22,11 +26,14 @@ enum UIControlState : std::uint32_t {
   UIControlStateReserved = 0xFF000000U,
 };
 
-/// A button with a title for each state. Asked for a state it answers only what was set for that state; what it draws
-/// falls back to what was set for the normal one. An attributed title goes before a plain one of the same state.
+/// A button with a title for each state. Asked for a state, it answers only what was set for exactly that value, of all
+/// those that 32 bits can hold. What it draws, in one line in its middle, falls back to what was set for the normal
+/// one: the title, and apart from it the colour. An attributed title goes before a plain one of the same state. A title
+/// without a font is set in the port's substitute at 17 points, one without a colour in the title colour, else black.
 class UIButton : public UIView {
  public:
   static std::shared_ptr<UIButton> initWithFrame(const CGRect& frame = {});
+  ~UIButton() override;
 
   /// `titleForState:`
   std::optional<std::string> titleForState(UIControlState state) const;
@@ -49,10 +56,10 @@ class UIButton : public UIView {
   bool isFocused() const noexcept { return (state_ & UIControlStateFocused) != 0; }
   void setFocused(bool focused);
 
-  /// What is drawn now; null where neither the state nor the normal one has a title.
+  /// The title that is drawn now, a plain one in its colour; null where neither the state nor the normal one has one.
   std::shared_ptr<const NSAttributedString> currentAttributedTitle() const;
 
-  /// Room round the title, in points; none at first.
+  /// Room round the title, in points; none at first. Distances that are not finite are kept, and count as 0.
   const UIEdgeInsets& contentEdgeInsets() const noexcept { return contentEdgeInsets_; }
   void setContentEdgeInsets(const UIEdgeInsets& insets);
 
@@ -62,13 +69,15 @@ class UIButton : public UIView {
 
  protected:
   UIButton();
-  ~UIButton() override;
   void drawContent(Canvas& canvas, CGPoint at) const override;
 
  private:
   struct Titles;
 
   void setFlag(UIControlState flag, bool set);
+  void contentDidChange();
+  ColorPtr currentTitleColor() const;
+  const internal::ShownText* shown() const;
 
   std::unique_ptr<Titles> titles_;
   UIEdgeInsets contentEdgeInsets_;

@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "brisel/platform/attributed_string.h"
 #include "brisel/platform/font.h"
@@ -11,10 +12,17 @@
 
 namespace Brisel::Platform {
 
-/// A line of text that can be edited, and a placeholder that is shown while it is empty.
+namespace internal {
+class ShownText;
+}
+
+/// A line of text that can be edited, and a placeholder that is shown while it is empty. It is drawn in the middle of
+/// the field's height, and its tail is truncated where it is too wide. What it shows takes the default text attributes
+/// where it has none of its own.
 class UITextField : public UIView {
  public:
   static std::shared_ptr<UITextField> initWithFrame(const CGRect& frame = {});
+  ~UITextField() override;
 
   /// The characters of what is entered; nothing until text has been set.
   std::optional<std::string> text() const;
@@ -24,16 +32,17 @@ class UITextField : public UIView {
   void setAttributedText(const std::shared_ptr<const NSAttributedString>& text);
 
   std::optional<std::string> placeholder() const;
-  /// In the default font, in a weaker colour than text.
+  /// In the default text attributes, whatever becomes of them, but in a weaker colour.
   void setPlaceholder(const std::optional<std::string>& placeholder);
   const std::shared_ptr<const NSAttributedString>& attributedPlaceholder() const noexcept;
   void setAttributedPlaceholder(const std::shared_ptr<const NSAttributedString>& placeholder);
 
-  /// The attributes of text without its own; setting them sets those of all of the text there is.
+  /// None at first. Setting them sets those of the whole text, which keeps none of its own.
   const Dictionary& defaultTextAttributes() const noexcept;
   void setDefaultTextAttributes(const Dictionary& attributes);
 
-  /// The font, colour and alignment of the default attributes. Null: the port's substitute at 17 points; black.
+  /// The font, colour and alignment of the default attributes; setting one sets that of the whole text too. Null: the
+  /// port's substitute at 17 points; black.
   std::shared_ptr<const UIFont> font() const;
   void setFont(const std::shared_ptr<const UIFont>& font);
   ColorPtr textColor() const;
@@ -47,11 +56,16 @@ class UITextField : public UIView {
 
  protected:
   UITextField();
-  ~UITextField() override;
   void drawContent(Canvas& canvas, CGPoint at) const override;
 
  private:
   struct State;
+
+  void setDefault(std::string_view name, const Value& value);
+  void setDefaults(Dictionary attributes, std::shared_ptr<const NSAttributedString> text);
+  void contentDidChange();
+  const internal::ShownText& shown() const;
+
   std::unique_ptr<State> state_;
 };
 

@@ -11,10 +11,17 @@
 
 namespace Brisel::Platform {
 
-/// A text of several lines that can be edited. It begins at the top, and wraps at the view's width less the insets.
+namespace internal {
+class ShownText;
+}
+
+/// A text of several lines that can be edited. It begins at the top, and wraps at the view's width less the insets;
+/// what is beyond the view's edges is not drawn. Text takes the view's font, colour and alignment where it has none of
+/// its own.
 class UITextView : public UIView {
  public:
   static std::shared_ptr<UITextView> initWithFrame(const CGRect& frame = {});
+  ~UITextView() override;
 
   std::optional<std::string> text() const;
   /// Takes the view's font, colour and alignment.
@@ -31,22 +38,27 @@ class UITextView : public UIView {
   NSTextAlignment textAlignment() const noexcept;
   void setTextAlignment(NSTextAlignment alignment);
 
-  /// The room round the text: 8 points above and below at first.
+  /// The room round the text, in points: 8 above and below at first. Distances that are not finite are kept, and count
+  /// as 0.
   const UIEdgeInsets& textContainerInset() const noexcept;
   void setTextContainerInset(const UIEdgeInsets& inset);
 
+  /// Of the text without wrapping, as `sizeThatFits` answers where there is no width.
   CGSize intrinsicContentSize() const override;
   CGSize sizeThatFits(CGSize size) const override;
   FirstBaseline firstBaseline() const override;
 
  protected:
   UITextView();
-  ~UITextView() override;
   void drawContent(Canvas& canvas, CGPoint at) const override;
   bool hasHeightForWidth() const override;
 
  private:
   struct State;
+
+  void contentDidChange();
+  const internal::ShownText& shown() const;
+
   std::unique_ptr<State> state_;
 };
 

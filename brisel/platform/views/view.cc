@@ -14,18 +14,13 @@ namespace {
 
 CGFloat finite(CGFloat distance) noexcept { return std::isfinite(distance) ? distance : 0; }
 
-const std::shared_ptr<const UITraitCollection>& nothingSpecified() {
-  static const auto* const traits = new std::shared_ptr<const UITraitCollection>(UITraitCollection::init());
-  return *traits;
-}
-
 }  // namespace
 
 std::shared_ptr<UIView> UIView::initWithFrame(const CGRect& frame) {
   return made(std::shared_ptr<UIView>(new UIView), frame);
 }
 
-UIView::UIView() : traitCollection_(nothingSpecified()) {}
+UIView::UIView() : traitCollection_(UITraitCollection::init()) {}
 
 // Takes trees apart level by level: of deep ones, destructors that call each other would fill the stack.
 UIView::~UIView() {
@@ -109,13 +104,7 @@ UIView& UIView::top() noexcept {
   return *top;
 }
 
-std::shared_ptr<UIWindow> UIView::window() const {
-  const UIView* top = this;
-  while (top->superview_) top = top->superview_;
-  // A view is never made constant.
-  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast)
-  return std::dynamic_pointer_cast<UIWindow>(const_cast<UIView*>(top)->weak_from_this().lock());
-}
+std::shared_ptr<UIWindow> UIView::window() const { return window_.lock(); }
 
 bool UIView::isDescendantOfView(const UIView& view) const noexcept {
   const UIView* at = this;

@@ -18,6 +18,9 @@ namespace Brisel::Platform {
 class UILayoutGuide;
 class UIViewController;
 class UIWindow;
+namespace internal {
+class Surroundings;
+}
 
 /// The published numbers.
 enum class UILayoutConstraintAxis : std::uint8_t { horizontal = 0, vertical = 1 };
@@ -157,9 +160,8 @@ class UIView : public LayoutItem {
   /// What every factory does with the bare object: gives it its frame, and runs `didInitWithFrame`.
   template <class View>
   static std::shared_ptr<View> made(std::shared_ptr<View> view, const CGRect& frame) {
-    UIView& bare = *view;  // As subclasses keep `didInitWithFrame` to themselves.
-    bare.setFrame(frame);
-    bare.didInitWithFrame();
+    view->setFrame(frame);
+    static_cast<UIView&>(*view).didInitWithFrame();  // protected in the class itself
     return view;
   }
   /// The rest of initialisation, where `shared_from_this` works. Subclasses call their base class's first.
@@ -177,6 +179,7 @@ class UIView : public LayoutItem {
   friend class UILayoutGuide;
   friend class UIViewController;
   friend class UIWindow;
+  friend class internal::Surroundings;
   friend class internal::ViewLayout;
 
   UIView& top() noexcept;
@@ -186,8 +189,8 @@ class UIView : public LayoutItem {
   void layOutSubtree();
   /// The rectangle that layout found.
   void takePlace(const CGRect& frame);
-  /// Called after the view was added to a superview or taken from one: it may have other traits now, and another
-  /// window.
+  /// Called when the superview, the controller or what the window was told may have become another: has the view and
+  /// all below take their traits and window, and tells those for whom they are others.
   void surroundingsDidChange();
 
   UIView* superview_ = nullptr;  // which takes itself out before it goes
@@ -196,6 +199,7 @@ class UIView : public LayoutItem {
   std::vector<std::shared_ptr<NSLayoutConstraint>> constraints_;
   std::shared_ptr<internal::ViewLayout> layout_;  // of the tree, at its top; null until needed
   std::weak_ptr<UIViewController> viewController_;
+  std::weak_ptr<UIWindow> window_;
   std::shared_ptr<const UITraitCollection> traitCollection_;
   ColorPtr backgroundColor_;
   CGRect frame_;

@@ -10,6 +10,9 @@
 namespace Brisel::Platform {
 
 class UIView;
+namespace internal {
+class Surroundings;
+}
 
 /// Owns a view and child controllers, and hands the traits of its surroundings on to them, with changes for some. For
 /// the main thread only.
@@ -24,14 +27,15 @@ class UIViewController : public NSObject {
 
   std::shared_ptr<UIViewController> parentViewController() const noexcept { return parent_.lock(); }
   const std::vector<std::shared_ptr<UIViewController>>& childViewControllers() const noexcept { return children_; }
-  /// `addChildViewController:`: takes it from its parent before. To add a controller to itself or to one below it, or
-  /// none, is a programming error. Its view is for the caller to place.
+  /// `addChildViewController:`: takes it from its parent before; one that is a child already stays as it is. To add a
+  /// controller to itself or to one below it, or none, is a programming error. Its view is for the caller to place.
   void addChildViewController(const std::shared_ptr<UIViewController>& child);
+  /// Takes its parent's override from it.
   void removeFromParentViewController();
 
-  /// Never null: what its surroundings give it (its parent's traits, those of the window for one without a parent) with
-  /// the parent's override on top.
-  std::shared_ptr<const UITraitCollection> traitCollection() const;
+  /// Never null: what its surroundings give it (its parent's traits; those that come to its view from above for one
+  /// without a parent) with the parent's override on top.
+  const std::shared_ptr<const UITraitCollection>& traitCollection() const noexcept { return traitCollection_; }
   /// `setOverrideTraitCollection:forChildViewController:`: what of the child's traits is to be other than here; null:
   /// nothing. Ignored where it is no child.
   void setOverrideTraitCollection(const std::shared_ptr<const UITraitCollection>& traits,
@@ -39,20 +43,25 @@ class UIViewController : public NSObject {
   /// `overrideTraitCollectionForChildViewController:`: null where there is none.
   std::shared_ptr<const UITraitCollection> overrideTraitCollectionForChildViewController(
       const UIViewController& child) const;
-  /// `traitCollectionDidChange:`
+  /// `traitCollectionDidChange:`: called when `traitCollection` has become another, before the view is told. Subclasses
+  /// call their base class's first.
   virtual void traitCollectionDidChange(const std::shared_ptr<const UITraitCollection>& previous);
 
  protected:
   UIViewController();
 
-  /// Makes the view: a plain one, unless a subclass makes another.
+  /// Makes the view: a plain one, unless a subclass makes another. Never to answer null.
   virtual std::shared_ptr<UIView> loadView();
   /// Called once, when the view has been made.
   virtual void viewDidLoad();
 
  private:
-  friend class UIView;
-  friend class UIWindow;
+  friend class internal::Surroundings;
+
+  std::shared_ptr<UIViewController> self();
+  bool isBelow(const UIViewController& controller) const noexcept;
+  void leaveParent();
+  void surroundingsDidChange();
 
   std::shared_ptr<UIView> view_;
   std::weak_ptr<UIViewController> parent_;

@@ -1,11 +1,43 @@
 #include "brisel/platform/views/window.h"
 
+#include <utility>
+
+#include "brisel/platform/views/view_controller.h"
+
 namespace Brisel::Platform {
 
 std::shared_ptr<UIWindow> UIWindow::initWithFrame(const CGRect& frame) {
   return made(std::shared_ptr<UIWindow>(new UIWindow), frame);
 }
 
-void UIWindow::layoutSubviews() { UIView::layoutSubviews(); }
+void UIWindow::didInitWithFrame() {
+  UIView::didInitWithFrame();
+  surroundingsDidChange();  // A window is in itself.
+}
+
+void UIWindow::setTraitCollection(const std::shared_ptr<const UITraitCollection>& traits) {
+  hostTraits_ = traits;
+  surroundingsDidChange();
+}
+
+void UIWindow::setRootViewController(const std::shared_ptr<UIViewController>& given) {
+  const auto controller = given;  // What is called below may change what was given.
+  if (controller == rootViewController_) return;
+  const auto before = std::exchange(rootViewController_, controller);
+  if (before && before->isViewLoaded() && before->view()->superview().get() == this)
+    before->view()->removeFromSuperview();
+  if (!controller) return;
+  const auto view = controller->view();
+  if (rootViewController_ != controller) return;  // Another one was set by what was called.
+  view->setFrame(bounds());
+  addSubview(view);
+}
+
+void UIWindow::layoutSubviews() {
+  UIView::layoutSubviews();
+  if (!rootViewController_ || !rootViewController_->isViewLoaded()) return;
+  const auto view = rootViewController_->view();
+  if (view->superview().get() == this) view->setFrame(bounds());
+}
 
 }  // namespace Brisel::Platform

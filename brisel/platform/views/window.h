@@ -15,13 +15,18 @@ class UIWindow final : public UIView {
   /// specified.
   void setTraitCollection(const std::shared_ptr<const UITraitCollection>& traits);
 
-  /// The controller whose view fills the window; null: none. The one before is taken out.
+  /// The controller whose view fills the window, from the next layout on; null: none. The view of the one before is
+  /// taken out.
   const std::shared_ptr<UIViewController>& rootViewController() const noexcept { return rootViewController_; }
   void setRootViewController(const std::shared_ptr<UIViewController>& controller);
 
   void layoutSubviews() override;
 
+ protected:
+  void didInitWithFrame() override;
+
  private:
+  friend class internal::Surroundings;
   UIWindow() = default;
 
   std::shared_ptr<const UITraitCollection> hostTraits_;
