@@ -23,8 +23,8 @@ struct Title {
   std::string_view script, language, text;
 };
 constexpr Title kTitles[] = {
-    {"Latin", "en", "The Longest Night of the Year"},  {"Arabic", "ar", "أطول ليلة في السنة كلها"},
-    {"Hebrew", "he", "הלילה הארוך ביותר בכל השנה"},    {"Cyrillic", "ru", "Самая длинная ночь в этом году"},
+    {"Latin", "en", "The Longest Night of the Year"}, {"Arabic", "ar", "أطول ليلة في السنة كلها"},
+    {"Hebrew", "he", "הלילה הארוך ביותר בכל השנה"},   {"Cyrillic", "ru", "Самая длинная ночь в этом году"},
     {"Greek", "el", "Η πιο μεγάλη νύχτα του χρόνου"}, {"Devanagari", "hi", "साल की सबसे लंबी रात का संगीत"},
 };
 
@@ -79,9 +79,8 @@ class TextViewPage {
                             std::string_view image, const Calls& calls) {
     std::string code;
     for (const std::string_view call : calls) code += fillTemplate(siteFile("shape_code.html"), {{"code", call}});
-    return fillTemplate(
-        siteFile("text_view_specimen.html"),
-        {{"title", title}, {"language", language}, {"text", text}, {"image", image}, {"code", code}});
+    return fillTemplate(siteFile("text_view_specimen.html"),
+                        {{"title", title}, {"language", language}, {"text", text}, {"image", image}, {"code", code}});
   }
 
   void specimen(std::string_view name, std::string_view title, std::string_view text, const Make& make,
@@ -109,7 +108,8 @@ class TextViewPage {
     specimen("label-shrinking", "One line, shrinking by itself down to half", kSentence, shrinkingLabel, calls);
     specimen("label-right-to-left", "From right to left", kArabicSentence, rightToLeftLabel, calls, "ar");
     end("label", "Label",
-        "Its font and its text are set in the style. Alignment and line breaking stay as they are. With the flag, it is "
+        "Its font and its text are set in the style. Alignment and line breaking stay as they are. With the flag, it "
+        "is "
         "set anew at each change of the text size.");
     name("label", "UILabel",
          {"Brisel::apply", "briselSwift_applyStyle", "apply(typeStyle:contentSizeCategory:useDynamicTypeMonitor:)",
@@ -174,7 +174,8 @@ class TextViewPage {
         "does not follow the text size by itself.");
     name("button", "UIButton",
          {"Brisel::apply", "briselSwift_applyStyle", "apply(typeStyle:with:)", "apply(typeStyle:for:with:)",
-          "briselSwift_applyStyle:withContentSizeCategory:", "briselSwift_applyStyle:forState:withContentSizeCategory:"});
+          "briselSwift_applyStyle:withContentSizeCategory:",
+          "briselSwift_applyStyle:forState:withContentSizeCategory:"});
   }
 
   void legacyLabels() {
@@ -188,15 +189,15 @@ class TextViewPage {
              },
              {"label->setMaxContentSizeCategory(UIContentSizeCategoryExtraExtraExtraLarge)"});
     const auto fixed = legacyLabel(false, unlimited, ContentSizeCategory::accessibilityExtraLarge);
-    specimens_ +=
-        figure("Always as large as large", "en", kSentence,
-               pictures_.addView(path("legacy-label-fixed"), fixed).attributes(), {"label->setUsingDynamicType(false)"});
+    specimens_ += figure("Always as large as large", "en", kSentence,
+                         pictures_.addView(path("legacy-label-fixed"), fixed).attributes(),
+                         {"label->setUsingDynamicType(false)"});
     end("legacy-label", "Legacy label",
         "A label that keeps its style, and applies it anew whenever style, text, size or traits change. It follows its "
         "own traits and not the monitor.");
     name("legacy-label", "UILabel",
-         {"VLMBriselLegacyLabel::initWithStyle", "VLMBriselLegacyLabel::initWithFrame", "initWithFrame:andStyle:",
-          "VLMBriselLegacyLabel::setStyle", "VLMBriselLegacyLabel::setSwiftStyle",
+         {"VLMBriselLegacyLabel::initWithStyle", "VLMBriselLegacyLabel::initWithFrame",
+          "initWithFrame:andStyle:", "VLMBriselLegacyLabel::setStyle", "VLMBriselLegacyLabel::setSwiftStyle",
           "VLMBriselLegacyLabel::setUsingDynamicType", "VLMBriselLegacyLabel::isUsingDynamicType",
           "VLMBriselLegacyLabel::setMaxContentSizeCategory", "VLMBriselLegacyLabel::accessibilityScale",
           "VLMBriselLegacyLabel::updateStyle", "VLMBriselLegacyLabel::firstAscenderAnchor",
@@ -207,8 +208,8 @@ class TextViewPage {
   // One title in one or two lines, with what came of it.
   std::string box(std::string_view styleName, const TypeStyle& style, const Title& title, std::int64_t lines) {
     std::vector<std::string> outcomes;
-    const std::string name = "fitted-" + std::string(styleName) + "-" + std::string(title.language) + "-" +
-                             std::to_string(lines);
+    const std::string name =
+        "fitted-" + std::string(styleName) + "-" + std::string(title.language) + "-" + std::to_string(lines);
     const std::string image = following(name, [&](ContentSizeCategory category) {
       FittedTitle fitted = fittedTitle(title.text, style, lines, category);
       outcomes.push_back(outcome(fitted));
@@ -224,9 +225,9 @@ class TextViewPage {
   std::string fitted(const TypeStyle& style, std::string_view styleName) {
     std::string titles;
     for (const Title& title : kTitles) {
-      titles += fillTemplate(siteFile("text_view_title.html"),
-                             {{"script", title.script},
-                              {"boxes", box(styleName, style, title, 1) + box(styleName, style, title, 2)}});
+      titles += fillTemplate(
+          siteFile("text_view_title.html"),
+          {{"script", title.script}, {"boxes", box(styleName, style, title, 1) + box(styleName, style, title, 2)}});
     }
     const auto& factors = style.configuration().minimumScaleFactor();
     std::vector<std::string> least;
@@ -251,10 +252,10 @@ class TextViewPage {
          {"Brisel::brisel_systemLayoutSizeFitting", "brisel_systemLayoutSizeFittingSize",
           "briselSwift_systemLayoutSizeFittingSize",
           "brisel_systemLayoutSizeFitting(_:withHorizontalFittingPriority:verticalFittingPriority:)"});
-    name("differences", "UILabel",
-         {"Brisel::disableDynamicTypeMonitor", "briselSwift_disableDynamicTypeMorning"});
-    name("differences", "UITextView",
-         {"Brisel::disableDynamicTypeMonitor", "briselSwift_disableDynamicTypeMonitor"});
+    name("differences", "UILabel", {"Brisel::disableDynamicTypeMonitor", "briselSwift_disableDynamicTypeMorning"});
+    name("differences", "UITextView", {"Brisel::disableDynamicTypeMonitor", "briselSwift_disableDynamicTypeMonitor"});
+    name("differences", "UIViewController",
+         {"Brisel::briselSwift_setMaxPreferredContentSizeCategory", "brisel_setMaxPreferredContentSizeCategory"});
   }
 
   std::string change(std::string_view fragment, std::string_view title, std::string_view text,
@@ -273,9 +274,9 @@ class TextViewPage {
     };
     const auto followingPair = [&](std::string_view name, std::string_view when, Styling styling) {
       const std::string stem(name);
-      return pair(when, following(stem + "-label", [&](auto category) { return afterChange(styling, category).label; }),
-                  following(stem + "-text-view",
-                            [&](auto category) { return afterChange(styling, category).textView; }));
+      return pair(
+          when, following(stem + "-label", [&](auto category) { return afterChange(styling, category).label; }),
+          following(stem + "-text-view", [&](auto category) { return afterChange(styling, category).textView; }));
     };
     const auto largest = ContentSizeCategory::accessibilityExtraLarge;
     const LabelAndTextView once = afterChange(Styling::once, largest);
@@ -286,12 +287,13 @@ class TextViewPage {
            change("applied-once", "Without the flag, neither does",
                   "They stay as they were set, whatever the text size becomes.",
                   pair("", picture("once-label", once.label), picture("once-text-view", once.textView))) +
-           change("restyled", "The flag’s style comes back",
-                  "Set in Ballad with the flag and then in Ballad Bold without it, both are bold until the next change. "
-                  "The subscription still holds Ballad. This is deliberate.",
-                  pair(", before", picture("restyled-label-before", restyled.label),
-                       picture("restyled-text-view-before", restyled.textView)) +
-                      followingPair("restyled", ", after", Styling::restyled));
+           change(
+               "restyled", "The flag’s style comes back",
+               "Set in Ballad with the flag and then in Ballad Bold without it, both are bold until the next change. "
+               "The subscription still holds Ballad. This is deliberate.",
+               pair(", before", picture("restyled-label-before", restyled.label),
+                    picture("restyled-text-view-before", restyled.textView)) +
+                   followingPair("restyled", ", after", Styling::restyled));
   }
 
   PictureBook& pictures_;

@@ -33,8 +33,8 @@ ViewPtr ground(CGFloat width) {
 }
 
 // Nothing but this view.
-ViewColumn holding(const ViewPtr& view) {
-  ViewColumn column(ground(kSpecimenWidth), 0);
+ViewColumn holding(const ViewPtr& view, CGFloat margin = 0) {
+  ViewColumn column(ground(kSpecimenWidth), margin);
   column.add(view);
   return column;
 }
@@ -193,7 +193,7 @@ ViewPtr legacyLabel(bool isUsingDynamicType, const Platform::UIContentSizeCatego
   view->setNumberOfLines(0);
   view->setUsingDynamicType(isUsingDynamicType);
   view->setMaxContentSizeCategory(maxContentSizeCategory);
-  ViewColumn column(window, 0);
+  ViewColumn column(window);
   column.add(view);
   view->setText(std::string(kSentence));
   return column.laidOut();
@@ -204,7 +204,7 @@ FittedTitle fittedTitle(std::string_view title, const TypeStyle& style, std::int
   const auto view = label(title, numberOfLines);
   view->setBackgroundColor(colors().background().tinted().base());  // shows how much room there is
   view->setMinimumScaleFactor(style.configuration().minimumScaleFactor().value(category.rawValue()));
-  const ViewColumn column = holding(view);
+  const ViewColumn column = holding(view, Spacer::x8().value());  // some glyphs reach out of their line
   apply(*view, style, category.platformCategory(), false);
 
   FittedTitle fitted;
@@ -230,7 +230,7 @@ LabelAndTextView afterChange(Styling styling, ContentSizeCategory category) {
 
 ViewPtr textViewScreen(CGFloat width, ContentSizeCategory category) {
   const auto& size = category.platformCategory();
-  ViewColumn column(ground(width), 0);
+  ViewColumn column(ground(width));
 
   const auto title = label("The Longest Night of the Year", 2);
   title->setMinimumScaleFactor(TypeStyle::bass().configuration().minimumScaleFactor().value(category.rawValue()));

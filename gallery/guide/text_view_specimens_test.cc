@@ -32,8 +32,8 @@ double balladIn(ContentSizeCategory category) {
 }
 
 TEST(TextViewSpecimens, AreAsWideAsSaidAndGrowWithTheTextSize) {
-  for (auto* const make : {wrappedLabel, truncatedLabel, rightToLeftLabel, filledTextField, emptyTextField,
-                           paragraphTextView}) {
+  for (auto* const make :
+       {wrappedLabel, truncatedLabel, rightToLeftLabel, filledTextField, emptyTextField, paragraphTextView}) {
     const Platform::CGSize small = make(kLarge)->frame().size, large = make(kLargest)->frame().size;
     EXPECT_EQ(small.width, kSpecimenWidth);
     EXPECT_EQ(large.width, kSpecimenWidth);
@@ -63,7 +63,8 @@ TEST(TextViewSpecimens, ATitleIsFittedByWholePointsAsFarAsTheStyleAllows) {
   EXPECT_TRUE(fitting.fits);
 
   // 56 × 0.3 is 16.8; the last step may end below it.
-  const FittedTitle tooLong = fittedTitle("A very, very, very, very long night on the pier", TypeStyle::bass(), 1, kLarge);
+  const FittedTitle tooLong =
+      fittedTitle("A very, very, very, very long night on the pier", TypeStyle::bass(), 1, kLarge);
   EXPECT_EQ(tooLong.pointsAfter, 16);
   EXPECT_FALSE(tooLong.fits);
 

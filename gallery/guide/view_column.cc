@@ -9,16 +9,16 @@ namespace Brisel::Gallery {
 
 using Platform::CGFloat, Platform::NSLayoutConstraint, Platform::UIView;
 
-ViewColumn::ViewColumn(ViewPtr ground, CGFloat inset) : ground_(std::move(ground)), inset_(inset) {}
+ViewColumn::ViewColumn(ViewPtr ground, CGFloat margin) : ground_(std::move(ground)), margin_(margin) {}
 
 void ViewColumn::add(const ViewPtr& view, CGFloat gap) {
   ground_->addSubview(view);
   view->setTranslatesAutoresizingMaskIntoConstraints(false);
   NSLayoutConstraint::activateConstraints(
-      {view->leadingAnchor().constraintEqualToAnchor(ground_->leadingAnchor(), inset_),
-       view->trailingAnchor().constraintEqualToAnchor(ground_->trailingAnchor(), -inset_),
+      {view->leadingAnchor().constraintEqualToAnchor(ground_->leadingAnchor()),
+       view->trailingAnchor().constraintEqualToAnchor(ground_->trailingAnchor()),
        last_ ? view->topAnchor().constraintEqualToAnchor(last_->bottomAnchor(), gap)
-             : view->topAnchor().constraintEqualToAnchor(ground_->topAnchor(), inset_)});
+             : view->topAnchor().constraintEqualToAnchor(ground_->topAnchor(), margin_)});
   last_ = view;
 }
 
@@ -26,7 +26,7 @@ ViewPtr ViewColumn::laidOut() const {
   ground_->layoutIfNeeded();
   const Platform::CGRect& last = last_->frame();
   Platform::CGRect frame = ground_->frame();
-  frame.size.height = std::ceil(last.origin.y + last.size.height + inset_);
+  frame.size.height = std::ceil(last.origin.y + last.size.height + margin_);
   ground_->setFrame(frame);
   ground_->layoutIfNeeded();
   return ground_;

@@ -16,10 +16,10 @@ using ViewPtr = std::shared_ptr<Platform::UIView>;
 /// content make it.
 class ViewColumn {
  public:
-  /// `ground` is as wide as its frame says; `inset` points are left free at its edges.
-  ViewColumn(ViewPtr ground, Platform::CGFloat inset);
+  /// `ground` is as wide as its frame says; `margin` points are left free at its top and bottom.
+  explicit ViewColumn(ViewPtr ground, Platform::CGFloat margin = 0);
 
-  /// Adds a view `gap` points below the one before; the first one stands at the top.
+  /// Adds a view `gap` points below the one before; for the first one, the margin is the gap.
   void add(const ViewPtr& view, Platform::CGFloat gap = 0);
 
   /// Lays out, and gives the ground the height of what stands on it, in whole points.
@@ -27,7 +27,7 @@ class ViewColumn {
 
  private:
   ViewPtr ground_, last_;
-  Platform::CGFloat inset_;
+  Platform::CGFloat margin_;
 };
 
 /// A box in a colour round a view.

@@ -5,7 +5,7 @@ import { readFileSync } from "node:fs";
 import { join } from "node:path";
 import { clipboard, copied, site, test } from "./harness.mjs";
 
-// The columns of a picture that show anything but its ground, from the first to the last.
+// From which column to which a picture shows light text.
 const inked = (page, source) => page.evaluate(async (data) => {
   const image = new Image();
   image.src = `data:image/png;base64,${data}`;
@@ -13,9 +13,9 @@ const inked = (page, source) => page.evaluate(async (data) => {
   const { naturalWidth: width, naturalHeight: height } = image;
   const context = Object.assign(document.createElement("canvas"), { width, height }).getContext("2d");
   context.drawImage(image, 0, 0);
-  const pixels = new Uint32Array(context.getImageData(0, 0, width, height).data.buffer);
+  const { data: pixels } = context.getImageData(0, 0, width, height);
   const columns = [...Array(width).keys()].filter((x) =>
-    [...Array(height).keys()].some((y) => pixels[y * width + x] !== pixels[0]));
+    [...Array(height).keys()].some((y) => pixels[4 * (y * width + x)] > 128));
   return { width, first: columns[0], last: columns.at(-1) };
 }, readFileSync(join(site, source), "base64"));
 
