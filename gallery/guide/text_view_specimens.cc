@@ -223,7 +223,7 @@ LabelAndTextView beforeChange(Styling styling) { return finished(styledPair(styl
 LabelAndTextView afterChange(Styling styling, ContentSizeCategory category) {
   const StyledPair pair = styledPair(styling);
   postPreferredCategory(category);
-  const LabelAndTextView views = finished(pair);
+  LabelAndTextView views = finished(pair);
   postPreferredCategory(kDefault);
   return views;
 }
