@@ -40,12 +40,23 @@ bool cutsPair(std::u16string_view text, std::size_t position) {
 
 }  // namespace
 
-NSAttributedString::NSAttributedString(std::u16string text, std::vector<AttributeRun> runs)
-    : text_(internal::toUtf8(text)), utf16_(std::move(text)), runs_(std::move(runs)) {}
+NSAttributedString::NSAttributedString(std::shared_ptr<const Characters> characters, std::vector<AttributeRun> runs)
+    : characters_(std::move(characters)), runs_(std::move(runs)) {}
+
+std::shared_ptr<const NSAttributedString::Characters> NSAttributedString::charactersOf(std::string_view text) {
+  return std::make_shared<const Characters>(Characters{internal::wellFormed(text), internal::toUtf16(text)});
+}
+
+std::shared_ptr<const NSAttributedString::Characters> NSAttributedString::charactersOf(std::u16string text) {
+  std::string utf8 = internal::toUtf8(text);
+  return std::make_shared<const Characters>(Characters{std::move(utf8), std::move(text)});
+}
 
 std::shared_ptr<const NSAttributedString> NSAttributedString::initWithString(std::string_view text,
                                                                              const Dictionary& attributes) {
-  return NSMutableAttributedString::initWithString(text, attributes)->copy();
+  auto characters = charactersOf(text);
+  std::vector<AttributeRun> runs = oneRun(characters->utf16.size(), attributes);
+  return std::shared_ptr<const NSAttributedString>(new NSAttributedString(std::move(characters), std::move(runs)));
 }
 
 const Dictionary& NSAttributedString::attributesAtIndex(std::size_t index, NSRange* effectiveRange) const {
@@ -65,21 +76,21 @@ std::shared_ptr<const NSAttributedString> NSAttributedString::attributedSubstrin
   range = checked(range);
   std::vector<AttributeRun> runs;
   appendRuns(runs, runs_, range);
-  return std::shared_ptr<const NSAttributedString>(
-      new NSAttributedString(utf16_.substr(range.location, range.length), std::move(runs)));
+  return std::shared_ptr<const NSAttributedString>(new NSAttributedString(
+      charactersOf(std::u16string(utf16().substr(range.location, range.length))), std::move(runs)));
 }
 
 std::shared_ptr<NSMutableAttributedString> NSAttributedString::mutableCopy() const {
-  return std::shared_ptr<NSMutableAttributedString>(new NSMutableAttributedString(utf16_, runs_));
+  return std::shared_ptr<NSMutableAttributedString>(new NSMutableAttributedString(characters_, runs_));
 }
 
 std::shared_ptr<const NSAttributedString> NSAttributedString::copy() const {
-  return std::shared_ptr<const NSAttributedString>(new NSAttributedString(utf16_, runs_));
+  return std::shared_ptr<const NSAttributedString>(new NSAttributedString(characters_, runs_));
 }
 
 bool NSAttributedString::isEqual(const NSObject& other) const {
   const auto* string = dynamic_cast<const NSAttributedString*>(&other);
-  return string && text_ == string->text_ &&
+  return string && this->string() == string->string() &&
          std::equal(runs_.begin(), runs_.end(), string->runs_.begin(), string->runs_.end(),
                     [](const AttributeRun& a, const AttributeRun& b) {
                       return a.range == b.range && a.attributes == b.attributes;
@@ -88,7 +99,7 @@ bool NSAttributedString::isEqual(const NSObject& other) const {
 
 std::size_t NSAttributedString::objectHash() const {
   internal::Hasher hasher;
-  hasher(text_, runs_.size());
+  hasher(string(), runs_.size());
   return hasher.finish();
 }
 
@@ -96,10 +107,10 @@ NSRange NSAttributedString::checked(NSRange range) const {
   if (range.location > length() || range.length > length() - range.location)
     fatalError("A range lies beyond an attributed string");
   std::size_t end = range.end();
-  if (cutsPair(utf16_, range.location)) --range.location;
+  if (cutsPair(utf16(), range.location)) --range.location;
   if (range.length == 0)
     end = range.location;
-  else if (cutsPair(utf16_, end))
+  else if (cutsPair(utf16(), end))
     ++end;
   return {range.location, end - range.location};
 }
@@ -114,9 +125,10 @@ std::vector<AttributeRun> NSAttributedString::runsIn(NSRange range) const {
 
 std::shared_ptr<NSMutableAttributedString> NSMutableAttributedString::initWithString(std::string_view text,
                                                                                      const Dictionary& attributes) {
-  std::u16string units = internal::toUtf16(text);
-  std::vector<AttributeRun> runs = oneRun(units.size(), attributes);
-  return std::shared_ptr<NSMutableAttributedString>(new NSMutableAttributedString(std::move(units), std::move(runs)));
+  auto characters = charactersOf(text);
+  std::vector<AttributeRun> runs = oneRun(characters->utf16.size(), attributes);
+  return std::shared_ptr<NSMutableAttributedString>(
+      new NSMutableAttributedString(std::move(characters), std::move(runs)));
 }
 
 void NSMutableAttributedString::replaceCharactersInRange(NSRange range, std::string_view text) {
@@ -141,8 +153,9 @@ void NSMutableAttributedString::replace(NSRange range, std::u16string_view text,
   appendRuns(result, runs_, {0, range.location});
   for (const AttributeRun& run : runs) appendRun(result, run.range.length, run.attributes);
   appendRuns(result, runs_, {range.end(), length() - range.end()});
-  utf16_.replace(range.location, range.length, text);
-  text_ = internal::toUtf8(utf16_);
+  std::u16string units(utf16());
+  units.replace(range.location, range.length, text);
+  characters_ = charactersOf(std::move(units));
   runs_ = std::move(result);
 }
 

@@ -49,9 +49,9 @@ class NSAttributedString : public NSObject {
   static std::shared_ptr<const NSAttributedString> initWithString(std::string_view text,
                                                                   const Dictionary& attributes = {});
 
-  const std::string& string() const noexcept { return text_; }
-  std::u16string_view utf16() const noexcept { return utf16_; }
-  std::size_t length() const noexcept { return utf16_.size(); }
+  const std::string& string() const noexcept { return characters_->utf8; }
+  std::u16string_view utf16() const noexcept { return characters_->utf16; }
+  std::size_t length() const noexcept { return characters_->utf16.size(); }
 
   /// All attributes in order: the runs are never empty and cover the text.
   std::span<const AttributeRun> attributeRuns() const noexcept { return runs_; }
@@ -80,15 +80,22 @@ class NSAttributedString : public NSObject {
   std::size_t objectHash() const override;
 
  protected:
-  NSAttributedString(std::u16string text, std::vector<AttributeRun> runs);
+  /// The same text twice. Immutable, so that copies share it.
+  struct Characters {
+    std::string utf8;
+    std::u16string utf16;
+  };
+
+  NSAttributedString(std::shared_ptr<const Characters> characters, std::vector<AttributeRun> runs);
+  static std::shared_ptr<const Characters> charactersOf(std::string_view text);
+  static std::shared_ptr<const Characters> charactersOf(std::u16string text);
 
   /// The range, checked against the text, with whole pairs.
   NSRange checked(NSRange range) const;
   /// The runs of a part, cut to it, at their places in the whole.
   std::vector<AttributeRun> runsIn(NSRange range) const;
 
-  std::string text_;
-  std::u16string utf16_;  // the same text
+  std::shared_ptr<const Characters> characters_;
   std::vector<AttributeRun> runs_;
 };
 
@@ -111,6 +118,11 @@ class NSMutableAttributedString final : public NSAttributedString {
   /// `setAttributes:range:`: these and no others.
   void setAttributes(const Dictionary& attributes, NSRange range);
   void removeAttribute(std::string_view name, NSRange range);
+
+  /// `fixAttributesInRange:`: where neither a font nor its cascade has a character, sets the font of a face that has
+  /// it, with all that the old one asked for besides its name. Combining marks and the like go with their base; what
+  /// nobody has keeps its font, and so does text without one. Needs a port.
+  void fixAttributesInRange(NSRange range);
 
  private:
   friend class NSAttributedString;

@@ -16,6 +16,18 @@ CGFloat pixels(CGFloat points, CGFloat scale) {
   return std::ceil(points * scale - kRounding);
 }
 
+// Whether the typefaces are the engine's, and stand in the order of a well-formed text, up to its end.
+bool isUsable(const ShapeRequest& request, const Engine& engine) {
+  std::uint32_t end = 0;
+  bool usable = !request.text.empty() && !request.typefaces.empty() && internal::isWellFormed(request.text);
+  for (const TypefaceSpan& span : request.typefaces) {
+    usable =
+        usable && span.typeface && span.typeface->maker() == &engine && span.end > end && std::isfinite(span.pointSize);
+    end = span.end;
+  }
+  return usable && end == request.text.size();
+}
+
 }  // namespace
 
 PortObject::~PortObject() = default;
@@ -35,17 +47,26 @@ std::shared_ptr<const Typeface> Engine::typeface(const TypefaceRequest& request)
 }
 
 std::shared_ptr<const ShapedText> Engine::shape(const ShapeRequest& request) {
-  std::uint32_t end = 0;
-  bool usable = !request.text.empty() && !request.typefaces.empty() && internal::isWellFormed(request.text);
-  for (const TypefaceSpan& span : request.typefaces) {
-    usable =
-        usable && span.typeface && span.typeface->maker() == this && span.end > end && std::isfinite(span.pointSize);
-    end = span.end;
-  }
-  if (!usable || end != request.text.size()) return std::make_shared<const ShapedText>();
+  if (!isUsable(request, *this)) return std::make_shared<const ShapedText>();
   auto text = onShape(request);
   if (!text) fatalError("A port shaped a text into nothing");
   return text;
+}
+
+std::vector<FaceSubstitution> Engine::substitutions(const ShapeRequest& request) {
+  return isUsable(request, *this) ? onSubstitutions(request) : std::vector<FaceSubstitution>();
+}
+
+// Of a port that knows no fonts but those it is asked for.
+std::vector<FaceSubstitution> Engine::onSubstitutions(const ShapeRequest&) { return {}; }
+
+bool Typeface::onHasCharacters(std::u16string_view text) const {
+  const auto needsGlyph = [](char32_t c) { return c >= U' ' && (c < 0x7F || c >= 0xA0); };
+  for (std::size_t i = 0; i < text.size();) {
+    const char32_t character = internal::nextCharacter(text, i);
+    if (needsGlyph(character) && !onHasCharacter(character)) return false;
+  }
+  return true;
 }
 
 std::unique_ptr<Canvas> Engine::makeCanvas(CGSize size, CGFloat scale, bool isOpaque) {

@@ -52,11 +52,14 @@ class Typeface : public PortObject {
   const FontMetrics& metrics() const noexcept { return metrics_; }
   /// Whether the primary face or one of its cascade has a glyph for the character (the host's fonts do not count).
   bool hasCharacter(char32_t character) const { return onHasCharacter(character); }
+  /// Whether that holds for every character of a well-formed text that needs a glyph, as controls do not. Asked often.
+  bool hasCharacters(std::u16string_view text) const { return onHasCharacters(text); }
 
  protected:
   Typeface(const Engine& maker, std::string name, const FontMetrics& metrics)
       : PortObject(maker), name_(std::move(name)), metrics_(metrics) {}
   virtual bool onHasCharacter(char32_t character) const = 0;
+  virtual bool onHasCharacters(std::u16string_view text) const;
 
  private:
   std::string name_;
@@ -77,6 +80,14 @@ struct ShapeRequest {
   std::span<const TypefaceSpan> typefaces;  // ascending; the last ends with the text
   WritingDirection direction = WritingDirection::natural;
   bool naturalFallbackIsRightToLeft = false;  // for paragraphs without a strong character
+};
+
+/// A stretch of a text for which there is a better face than those of its typeface.
+struct FaceSubstitution {
+  std::uint32_t begin = 0;  // UTF-16 code units
+  std::uint32_t end = 0;
+  std::string name;  // PostScript name, which `typeface` knows
+  friend bool operator==(const FaceSubstitution&, const FaceSubstitution&) = default;
 };
 
 /// What came of reading a PNG file: a picture, or why there is none.
@@ -123,6 +134,11 @@ class Engine {
   /// Never null; an unusable request gives an empty text.
   std::shared_ptr<const ShapedText> shape(const ShapeRequest& request);
 
+  /// Faces for what neither a text's typefaces nor their cascades have, in the order of the text: of all registered
+  /// faces that have it, else of the host's, the one nearest in weight. Combining marks, joiners and selectors go with
+  /// the character that they belong to. What nobody has is left out. None for an unusable request.
+  std::vector<FaceSubstitution> substitutions(const ShapeRequest& request);
+
   /// A canvas of `size` points, at `scale` pixels a point, its pixel size rounded up: transparent, or black for ever
   /// opaque. Null where a side is not above 0 or above 32,767 pixels, where the whole is above 2^27 pixels, and where
   /// there is no memory for it.
@@ -147,6 +163,7 @@ class Engine {
   virtual void onSetUsesHostFonts(bool uses) = 0;
   virtual std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& request) = 0;
   virtual std::shared_ptr<const ShapedText> onShape(const ShapeRequest& request) = 0;
+  virtual std::vector<FaceSubstitution> onSubstitutions(const ShapeRequest& request);
   virtual std::unique_ptr<Canvas> onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale, bool isOpaque) = 0;
   virtual std::vector<std::uint8_t> onEncodePng(const Bitmap& bitmap) = 0;
   virtual PngPicture onDecodePng(std::span<const std::uint8_t> file) = 0;

@@ -64,6 +64,18 @@ struct TextOmission {
   std::uint8_t level = 0;                      // the bidirectional embedding level of the ellipsis
 };
 
+/// How much of a text is shown. Every line-break mode wraps then; text beyond the last line is left out there, as the
+/// mode of that line's paragraph says: behind its last word or character, cut at the edge, or replaced by an ellipsis
+/// where the head, the middle or the tail of what is left of the text would stand. What is too wide or too high by no
+/// more than rounding fits.
+struct TextLimits {
+  std::size_t lines = std::numeric_limits<std::size_t>::max();  // 0 counts as 1
+  /// Points; as many whole lines as fit, but at least one.
+  CGFloat height = std::numeric_limits<CGFloat>::infinity();
+  /// Shapes an ellipsis like the text at a code unit; may be empty, or answer null, for no ellipsis.
+  std::function<std::shared_ptr<const ShapedText>(std::uint32_t unit)> ellipsis;
+};
+
 /// Lines of a shaped text at given sizes and a given width. Immutable; may be shared between threads.
 ///
 /// Lines are filled greedily. A word that is wider than the line is torn between its clusters; without limits, the
@@ -72,23 +84,11 @@ struct TextOmission {
 /// is rounded.
 class TextLayout {
  public:
-  /// How much of a text is shown. Every line-break mode wraps then; text beyond the last line is left out there, as the
-  /// mode of that line's paragraph says: behind its last word or character, cut at the edge, or replaced by an ellipsis
-  /// where the head, the middle or the tail of what is left of the text would stand. What is too wide or too high by no
-  /// more than rounding fits.
-  struct Limits {
-    std::size_t lines = std::numeric_limits<std::size_t>::max();  // 0 counts as 1
-    /// Points; as many whole lines as fit, but at least one.
-    CGFloat height = std::numeric_limits<CGFloat>::infinity();
-    /// Shapes an ellipsis like the text at a code unit; may be empty, or answer null, for no ellipsis.
-    std::function<std::shared_ptr<const ShapedText>(std::uint32_t unit)> ellipsis;
-  };
-
   struct Options {
     CGFloat width = std::numeric_limits<CGFloat>::infinity();  // points; what is not above 0 counts as no room at all
     bool usesFontLeading = true;
     CGFloat scale = 1;  // by which all sizes and distances of the text are multiplied
-    std::optional<Limits> limits = std::nullopt;
+    std::optional<TextLimits> limits = std::nullopt;
   };
 
   /// `sizes` and `paragraphs` ascend and end with the text. Sizes that are negative or not finite count as 0.

@@ -95,12 +95,12 @@ TEST_F(TextTruncationTest, EveryModeWrapsWithinLimits) {
 TEST_F(TextTruncationTest, TheTailGivesWayToAnEllipsis) {
   EXPECT_THAT(drawn(u"abcdef", Mode::byTruncatingTail, 40, 1), ElementsAre("abc…"));
   EXPECT_THAT(drawn(u"abcdef", Mode::byTruncatingTail, 49, 1), ElementsAre("abc…"));
-  EXPECT_THAT(drawn(u"aa bb cc dd", Mode::byTruncatingTail, 50, 2), ElementsAre("aa bb", "cc d…"));
+  EXPECT_THAT(drawn(u"aa bb cc dd ee", Mode::byTruncatingTail, 50, 2), ElementsAre("aa bb", "cc d…"));
 }
 
 TEST_F(TextTruncationTest, TheHeadGivesWayToAnEllipsis) {
   EXPECT_THAT(drawn(u"abcdef", Mode::byTruncatingHead, 40, 1), ElementsAre("…def"));
-  EXPECT_THAT(drawn(u"aa bb cc dd", Mode::byTruncatingHead, 50, 2), ElementsAre("aa bb", "…c dd"));
+  EXPECT_THAT(drawn(u"aa bb cc dd ee", Mode::byTruncatingHead, 50, 2), ElementsAre("aa bb", "…d ee"));
 }
 
 TEST_F(TextTruncationTest, TheMiddleGivesWayToAnEllipsis) {

@@ -68,7 +68,18 @@ struct DictionaryStorage final : ValueStorage {
   std::vector<std::size_t> slots;  // an open table of places in `entries`; empty while these are few
 };
 
+bool hasRepeatedKey(const std::vector<DictionaryEntry>& entries) {
+  for (std::size_t i = 1; i < entries.size(); ++i)
+    for (std::size_t j = 0; j < i; ++j)
+      if (entries[i].key == entries[j].key) return true;
+  return false;
+}
+
 DictionaryStorage::DictionaryStorage(std::vector<DictionaryEntry> given) {
+  if (given.size() <= kSearchedInLine && !hasRepeatedKey(given)) {
+    entries = std::move(given);
+    return;
+  }
   if (given.size() > kSearchedInLine) {
     std::size_t size = 4 * kSearchedInLine;
     while (size < 2 * given.size()) size *= 2;

@@ -16,7 +16,9 @@ std::shared_ptr<Platform::NSMutableAttributedString> attributedString(
   const Platform::CGSize box = brisel_systemLayoutSizeFitting(target, Platform::UILayoutFittingExpandedSize);
   ScaledResult result = scaledToFit(styled, box, maxNumberOfLines, (1 - minimumScaleFactor) * kGentlePart + 1);
   if (!result.scaledStringFits) result = scaledToFit(styled, box, maxNumberOfLines, minimumScaleFactor);
-  return result.attributedString->mutableCopy();
+  const auto fitted = result.attributedString->mutableCopy();
+  fitted->fixAttributesInRange({0, fitted->length()});
+  return fitted;
 }
 
 }  // namespace Brisel

@@ -97,6 +97,17 @@ TEST_F(FittedString, ComputesTheFirstMinimumInTheWrittenOrder) {
   EXPECT_EQ(pointSize(*fitted("aa", 80, 0.25, *box)), 46);
 }
 
+TEST_F(FittedString, HasOtherFontsForCharactersThatItsOwnLacks) {
+  // Set in the first character's font, the text is fixed anew.
+  recordingEngine().setMissingCharacters(U"b", "Other");
+  const auto box = Box::withSize({60, 100});
+  const auto string = fitted("aaaa bbbb", 20, 0.5, *box);
+  const auto other = string->attribute(NSFontAttributeName, 5)->as<UIFont>();
+  EXPECT_EQ(other->fontName(), "Other");
+  EXPECT_EQ(other->pointSize(), 13);
+  EXPECT_EQ(pointSize(*string), 13);
+}
+
 TEST_F(FittedString, MayBeChangedByTheCaller) {
   const auto box = Box::withSize({60, 100});
   const auto string = fitted("aaaa bbbb", 20, 0.5, *box);

@@ -50,5 +50,14 @@ TEST_F(StyledString, IsNewEachTimeAndMayBeChanged) {
   EXPECT_FALSE(one->isEqual(*other));
 }
 
+TEST_F(StyledString, HasOtherFontsForCharactersThatItsOwnLacks) {
+  recordingEngine().setMissingCharacters(U"lo", "Other");
+  const auto string = attributedString("Hello", TypeStyle::viola(), UIContentSizeCategoryLarge);
+  const auto font = [&](std::size_t index) { return string->attribute(NSFontAttributeName, index)->as<UIFont>(); };
+  EXPECT_EQ(font(0), TypeStyle::viola().font(UIContentSizeCategoryLarge));
+  EXPECT_EQ(font(2)->fontName(), "Other");
+  EXPECT_EQ(font(4)->pointSize(), font(0)->pointSize());
+}
+
 }  // namespace
 }  // namespace Brisel

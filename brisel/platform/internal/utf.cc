@@ -36,9 +36,9 @@ void appendUtf8(std::string& out, char32_t c) {
   }
 }
 
-// Eight bytes at a time: names and keys are ASCII, and every one of them is looked at.
 bool isSurrogate(char32_t c) { return c >= 0xD800 && c < 0xE000; }
 
+// Eight bytes at a time: names and keys are ASCII, and every one of them is looked at.
 bool isAscii(std::string_view text) noexcept {
   constexpr std::uint64_t kHighBits = 0x8080'8080'8080'8080;
   std::uint64_t seen = 0;
@@ -105,6 +105,7 @@ bool isWellFormed(std::u16string_view text) noexcept {
 }
 
 std::u16string toUtf16(std::string_view text) {
+  if (isAscii(text)) return std::u16string(text.begin(), text.end());
   std::u16string out;
   out.reserve(text.size());
   for (std::size_t i = 0; i < text.size();) appendUtf16(out, nextCharacter(text, i));

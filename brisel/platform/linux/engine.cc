@@ -78,16 +78,42 @@ std::shared_ptr<const Typeface> LinuxEngine::makeTypeface(const TypefaceRequest&
 
 std::shared_ptr<const FontFace> LinuxEngine::primaryFace(const std::string& name) {
   if (auto face = registry_.find(name)) return face;
+  if (auto face = hostFaceNamed(name)) return face;
   const int weight = weightOfName(name);
   if (auto face = registry_.substitute(weight)) return face;
-  if (usesHostFonts_.load(std::memory_order_relaxed)) {
-    if (auto face = hostFonts_.textFace(weight)) return face;
+  if (HostFonts* const host = hostFonts()) {
+    if (auto face = host->textFace(weight)) return face;
   }
   return FontFace::empty(*this);
 }
 
 std::shared_ptr<const ShapedText> LinuxEngine::onShape(const ShapeRequest& request) {
-  return shaper_.shape(request, usesHostFonts_.load(std::memory_order_relaxed) ? &hostFonts_ : nullptr);
+  return shaper_.shape(request, hostFonts());
+}
+
+// Null while they are not to be used.
+HostFonts* LinuxEngine::hostFonts() { return usesHostFonts_.load(std::memory_order_relaxed) ? &hostFonts_ : nullptr; }
+
+std::shared_ptr<const FontFace> LinuxEngine::hostFaceNamed(const std::string& name) {
+  if (!hostFonts()) return nullptr;
+  const std::lock_guard lock(mutex_);
+  const auto known = namedHostFaces_.find(name);
+  return known == namedHostFaces_.end() ? nullptr : known->second;
+}
+
+std::vector<FaceSubstitution> LinuxEngine::onSubstitutions(const ShapeRequest& request) {
+  std::vector<FaceSubstitution> result;
+  bool namesHostFaces = false;
+  for (const FaceForText& part : shaper_.facesForLacking(request, registry_, hostFonts())) {
+    const std::string& name = part.face->postscriptName();
+    if (!registry_.find(name)) {
+      const std::lock_guard lock(mutex_);
+      namesHostFaces |= namedHostFaces_.try_emplace(name, part.face).second;
+    }
+    result.push_back({part.begin, part.end, name});
+  }
+  if (namesHostFaces) forgetTypefaces();  // A name that had a substitute now has its own face.
+  return result;
 }
 
 std::unique_ptr<Canvas> LinuxEngine::onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale, bool isOpaque) {

@@ -53,6 +53,16 @@ std::shared_ptr<const FontFace> FontRegistry::substitute(int weight) const {
   return nearest;
 }
 
+std::shared_ptr<const FontFace> FontRegistry::faceFor(char32_t character, int weight) const {
+  const std::lock_guard lock(mutex_);
+  std::shared_ptr<const FontFace> nearest;
+  for (const auto& face : inOrder_) {
+    if (!face->has(character)) continue;
+    if (!nearest || std::abs(face->weight() - weight) < std::abs(nearest->weight() - weight)) nearest = face;
+  }
+  return nearest;
+}
+
 int weightOfName(std::string_view postscriptName) {
   // OpenType's names of weights, and the two that type foundries use besides.
   static constexpr std::array<std::pair<std::string_view, int>, 13> kWeights{{{"Thin", 100},

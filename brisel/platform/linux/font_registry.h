@@ -30,6 +30,9 @@ class FontRegistry {
   /// the face nearest to the weight. Null where there is none.
   std::shared_ptr<const FontFace> substitute(int weight) const;
 
+  /// Of the registered faces that have the character, the one nearest to the weight. Null where there is none.
+  std::shared_ptr<const FontFace> faceFor(char32_t character, int weight) const;
+
  private:
   const Engine& maker_;
   mutable std::mutex mutex_;

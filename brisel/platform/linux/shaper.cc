@@ -305,4 +305,32 @@ std::shared_ptr<const ShapedText> Shaper::shape(const ShapeRequest& request, Hos
   return Shaping(request, host, *workshop).shape();
 }
 
+std::vector<FaceForText> Shaper::facesForLacking(const ShapeRequest& request, const FontRegistry& registry,
+                                                 HostFonts* host) {
+  const Pool<Workshop>::Lease workshop(workshops_);
+  TextAnalysis& analysis = (*workshop).analysis;
+  analysis.analyse(request.text, request.direction, request.naturalFallbackIsRightToLeft);
+  std::vector<FaceForText> result;
+  std::size_t span = 0;
+  for (std::size_t begin = 0, end = 0; begin < request.text.size(); begin = end) {
+    end = begin + 1;
+    while (end < request.text.size() && analysis.boundaries[end] == Boundary::none) ++end;
+    while (request.typefaces[span].end <= begin) ++span;
+    const auto& typeface = static_cast<const LinuxTypeface&>(*request.typefaces[span].typeface);
+    std::size_t next = begin;
+    const char32_t base = nextCharacter(request.text, next);
+    if (isIgnorable(base) || typeface.hasCharacter(base)) continue;
+    const int weight = typeface.primary().weight();
+    auto face = registry.faceFor(base, weight);
+    if (!face && host) face = host->faceFor(base, weight);
+    if (!face) continue;
+    if (!result.empty() && result.back().end == begin && result.back().face == face) {
+      result.back().end = static_cast<std::uint32_t>(end);
+    } else {
+      result.push_back({static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(end), std::move(face)});
+    }
+  }
+  return result;
+}
+
 }  // namespace Brisel::Platform::Linux

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "brisel/platform/internal/utf.h"
+#include "brisel/platform/linux/unicode.h"
+
 namespace Brisel::Platform::Linux {
 namespace {
 
@@ -32,6 +35,20 @@ LinuxTypeface::LinuxTypeface(const Engine& maker, Faces faces, const std::vector
 
 bool LinuxTypeface::onHasCharacter(char32_t character) const {
   return std::any_of(faces_.begin(), faces_.end(), [&](const auto& face) { return face->has(character); });
+}
+
+bool LinuxTypeface::onHasCharacters(std::u16string_view text) const {
+  for (std::size_t next = 0; next < text.size();) {
+    const std::size_t at = next;
+    if (drawable_.contains(text[at])) {
+      ++next;
+      continue;
+    }
+    const char32_t character = Platform::internal::nextCharacter(text, next);
+    if (!isIgnorable(character) && !onHasCharacter(character)) return false;
+    if (next == at + 1) drawable_.insert(text[at]);
+  }
+  return true;
 }
 
 }  // namespace Brisel::Platform::Linux

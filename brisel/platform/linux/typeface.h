@@ -1,11 +1,13 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include <hb.h>
 
 #include "brisel/platform/engine.h"
+#include "brisel/platform/linux/character_set.h"
 #include "brisel/platform/linux/font_face.h"
 
 namespace Brisel::Platform::Linux {
@@ -24,8 +26,10 @@ class LinuxTypeface final : public Typeface {
 
  private:
   bool onHasCharacter(char32_t character) const override;
+  bool onHasCharacters(std::u16string_view text) const override;
 
   Faces faces_;
+  mutable CharacterSet drawable_;  // those that were asked for, and that need no other face
   std::vector<hb_feature_t> features_;
 };
 

@@ -205,6 +205,24 @@ std::shared_ptr<const ShapedText> RecordingEngine::onShape(const ShapeRequest& r
   return shaped;
 }
 
+std::vector<FaceSubstitution> RecordingEngine::onSubstitutions(const ShapeRequest& request) {
+  std::vector<FaceSubstitution> result;
+  const std::string substitute = [this] {
+    const std::lock_guard lock(state_->mutex);
+    return state_->substitute;
+  }();
+  std::size_t at = 0;
+  for (const TypefaceSpan& span : request.typefaces) {
+    while (!substitute.empty() && at < span.end) {
+      const auto begin = static_cast<std::uint32_t>(at);
+      if (span.typeface->hasCharacter(internal::nextCharacter(request.text, at))) continue;
+      if (result.empty() || result.back().end != begin) result.push_back({begin, begin, substitute});
+      result.back().end = static_cast<std::uint32_t>(at);
+    }
+  }
+  return result;
+}
+
 std::unique_ptr<Canvas> RecordingEngine::onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale, bool isOpaque) {
   return std::make_unique<RecordingCanvas>(*this, CanvasSize{pixelWidth, pixelHeight, scale, isOpaque});
 }

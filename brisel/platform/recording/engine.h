@@ -101,6 +101,7 @@ class RecordingEngine final : public Engine {
   void onSetUsesHostFonts(bool uses) override;
   std::shared_ptr<const Typeface> onTypeface(const TypefaceRequest& request) override;
   std::shared_ptr<const ShapedText> onShape(const ShapeRequest& request) override;
+  std::vector<FaceSubstitution> onSubstitutions(const ShapeRequest& request) override;
   std::unique_ptr<Canvas> onMakeCanvas(int pixelWidth, int pixelHeight, CGFloat scale, bool isOpaque) override;
   /// No PNG: the bitmap's bytes as they are.
   std::vector<std::uint8_t> onEncodePng(const Bitmap& bitmap) override;

@@ -213,7 +213,7 @@ TEST_F(Button, HasItsFirstBaselineWhereItDrawsIt) {
   const auto [fraction, offset] = button->firstBaseline();
   EXPECT_EQ(fraction, 0.5);
   EXPECT_EQ(offset, 15 - 10 + 3);
-  for (const CGFloat height : {1.0, 20.0, 61.5, 200.0}) {
+  for (const CGFloat height : {12.0, 20.0, 61.5, 200.0}) {
     button->setFrame({{0, 0}, {100, height}});
     EXPECT_EQ(drawnText(*button).at(0).origin.y, height * fraction + offset);
   }
@@ -232,6 +232,33 @@ TEST_F(Button, IsAsLargeAsItsTitleAndItsInsets) {
   button->setAttributedTitle(attributed("ab", 40), UIControlStateHighlighted);
   button->setHighlighted(true);
   EXPECT_EQ(button->intrinsicContentSize(), (CGSize{46, 44}));
+}
+
+TEST_F(Button, TruncatesTheTailOfATitleThatIsTooWide) {
+  button->setAttributedTitle(attributed("aa bb cc"), UIControlStateNormal);
+  button->setContentEdgeInsets({0, 30, 0, 30});
+  std::u32string shown;
+  for (const DrawnText& piece : drawnText(*button)) shown += piece.text;
+  EXPECT_EQ(shown, U"aa\u2026");  // no space before the ellipsis
+}
+
+TEST_F(Button, IsLaidOutAnewWhenItsTitleOrItsStateChanges) {
+  const auto top = UIView::initWithFrame({{0, 0}, {300, 300}});
+  button->setTranslatesAutoresizingMaskIntoConstraints(false);
+  top->addSubview(button);
+  NSLayoutConstraint::activateConstraints({button->leftAnchor().constraintEqualToAnchor(top->leftAnchor()),
+                                           button->topAnchor().constraintEqualToAnchor(top->topAnchor())});
+  const auto size = [&] {
+    top->layoutIfNeeded();
+    return button->frame().size;
+  };
+  button->setTitle("ab", UIControlStateNormal);
+  EXPECT_EQ(size(), (CGSize{17, 17}));
+  button->setAttributedTitle(attributed("abcd"), UIControlStateSelected);
+  button->setSelected(true);
+  EXPECT_EQ(size(), (CGSize{40, 20}));
+  button->setContentEdgeInsets({1, 2, 3, 4});
+  EXPECT_EQ(size(), (CGSize{46, 24}));
 }
 
 TEST_F(Button, BearsNumbersThatAreNone) {

@@ -44,6 +44,7 @@ bool shapesAlike(const Shaping& from, const Shaping& to) {
 // count.
 CGFloat roundedUp(CGFloat points) {
   constexpr CGFloat kRounding = 1e-6;
+  if (!(points > 0)) return 0;
   const CGFloat scale = UIScreen::mainScreen().scale();
   const CGFloat rounded = std::ceil(points * scale - kRounding) / scale;
   return std::isfinite(rounded) ? rounded : points;

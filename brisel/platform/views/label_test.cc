@@ -309,7 +309,7 @@ TEST_F(LabelTest, SeveralLinesShrinkUntilAllIsShown) {
   // "aaaa bbbb" takes nine halves of the size.
   const auto lines = drawn(*label);
   ASSERT_EQ(lines.size(), 2U);
-  EXPECT_EQ(lines[0].text, "aaaa bbbb ");
+  EXPECT_EQ(lines[0].text, "aaaa bbbb");
   EXPECT_EQ(lines[1].text, "cccc");
   EXPECT_LE(lines[0].pointSize, 60 / 4.5);
   EXPECT_GT(lines[0].pointSize, 60 / 4.5 - 20.0 / 4096);

@@ -197,6 +197,44 @@ TEST_F(TextField, StaysOneLineWhateverItsParagraphStyleSays) {
   EXPECT_EQ(field->intrinsicContentSize(), (CGSize{80, 20}));
 }
 
+TEST_F(TextField, TruncatesTheTailOfWhatIsTooWide) {
+  field->setFont(fontOfSize(20));
+  field->setText("abcdef");
+  field->setFrame({{0, 0}, {40, 20}});
+  std::u32string shown;
+  for (const DrawnText& piece : drawnText(*field)) shown += piece.text;
+  EXPECT_EQ(shown, U"abc\u2026");
+  field->setText("ab\ncd");
+  shown.clear();
+  for (const DrawnText& piece : drawnText(*field)) shown += piece.text;
+  EXPECT_EQ(shown, U"ab\u2026");
+  EXPECT_EQ(field->intrinsicContentSize().height, 20);
+}
+
+TEST_F(TextField, IsLaidOutAnewWhenItsContentChanges) {
+  const auto top = UIView::initWithFrame({{0, 0}, {300, 300}});
+  field->setTranslatesAutoresizingMaskIntoConstraints(false);
+  top->addSubview(field);
+  NSLayoutConstraint::activateConstraints({field->leftAnchor().constraintEqualToAnchor(top->leftAnchor()),
+                                           field->topAnchor().constraintEqualToAnchor(top->topAnchor())});
+  const auto size = [&] {
+    top->layoutIfNeeded();
+    return field->frame().size;
+  };
+  field->setFont(fontOfSize(20));
+  EXPECT_EQ(size(), (CGSize{0, 20}));
+  field->setPlaceholder("name");
+  EXPECT_EQ(size(), (CGSize{40, 20}));
+  field->setAttributedPlaceholder(NSAttributedString::initWithString("a name"));
+  EXPECT_EQ(size(), (CGSize{60, 20}));
+  field->setText("ab");
+  EXPECT_EQ(size(), (CGSize{20, 20}));
+  field->setAttributedText(NSAttributedString::initWithString("abc"));
+  EXPECT_EQ(size(), (CGSize{30, 20}));
+  field->setDefaultTextAttributes(inFont(40));
+  EXPECT_EQ(size(), (CGSize{60, 40}));
+}
+
 TEST_F(TextField, BearsNumbersThatAreNone) {
   field->setText("ab");
   for (const CGFloat odd : {kNaN, kInfinity, -kInfinity, -1.0, 1e300}) {

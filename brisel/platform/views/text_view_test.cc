@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -109,16 +110,16 @@ TEST_F(TextView, AlignsItsTextBetweenItsInsets) {
 TEST_F(TextView, CutsWhatIsBeyondItsEdges) {
   const auto clips = [&] {
     drawnText(*view, {3, 4});
-    std::vector<CGRect> rects;
+    std::vector<UIBezierPath> paths;
     for (const auto& call : recordingEngine().record().calls)
-      if (call.kind == Kind::clipToPath) rects.push_back(call.path.bounds());
-    return rects;
+      if (call.kind == Kind::clipToPath) paths.push_back(call.path);
+    return paths;
   };
   view->setText("aa bb cc dd");
   view->setFrame({{0, 0}, {50, 48}});  // two lines and the upper inset
   EXPECT_TRUE(clips().empty());
   view->setFrame({{0, 0}, {50, 47}});
-  EXPECT_EQ(clips(), (std::vector<CGRect>{{{3, 4}, {50, 47}}}));
+  EXPECT_EQ(clips(), std::vector{UIBezierPath::bezierPathWithRect({{3, 4}, {50, 47}})});
 }
 
 TEST_F(TextView, IsAsHighAsItsTextAtItsWidth) {
@@ -144,6 +145,28 @@ TEST_F(TextView, HasItsFirstBaselineBelowItsUpperInsetWhateverItsHeight) {
   EXPECT_EQ(view->firstBaseline().fractionOfHeight, 0);
   EXPECT_EQ(view->firstBaseline().offset, 3 + 15);
   EXPECT_EQ(drawnText(*view).at(0).origin.y, 3 + 15);
+}
+
+TEST_F(TextView, IsLaidOutAsHighAsItsTextAtTheWidthThatItIsGiven) {
+  const auto top = UIView::initWithFrame({{0, 0}, {50, 300}});
+  view->setTranslatesAutoresizingMaskIntoConstraints(false);
+  top->addSubview(view);
+  NSLayoutConstraint::activateConstraints({view->leftAnchor().constraintEqualToAnchor(top->leftAnchor()),
+                                           view->rightAnchor().constraintEqualToAnchor(top->rightAnchor()),
+                                           view->topAnchor().constraintEqualToAnchor(top->topAnchor())});
+  const auto height = [&] {
+    top->layoutIfNeeded();
+    return view->frame().size.height;
+  };
+  EXPECT_EQ(height(), 20 + 16);
+  view->setText("aa bb cc");
+  EXPECT_EQ(height(), 40 + 16);
+  view->setFont(fontOfSize(40));
+  EXPECT_EQ(height(), 120 + 16);
+  view->setTextContainerInset({});
+  EXPECT_EQ(height(), 120);
+  view->setAttributedText(nullptr);
+  EXPECT_EQ(height(), 40);
 }
 
 TEST_F(TextView, BearsNumbersThatAreNone) {

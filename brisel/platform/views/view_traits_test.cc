@@ -292,8 +292,7 @@ TEST_F(ViewTraits, LetACallFreeTheViewThatIsCalledAndThoseThatWait) {
   taken();
   below.reset();
   a->onTraits = [&] {
-    a->removeFromSuperview();
-    a.reset();
+    if (const auto freed = std::exchange(a, nullptr)) freed->removeFromSuperview();
   };
   window->setTraitCollection(category("small"));
   EXPECT_THAT(calls, testing::Contains("a: freed"));

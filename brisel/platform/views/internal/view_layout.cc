@@ -22,8 +22,10 @@ CGFloat cutLength(CGFloat length) {
   return std::clamp(length, -ConstraintSolver::kLargestConstant, ConstraintSolver::kLargestConstant);
 }
 
-// Numbers for the order of variables and constraints: eight for each item.
-ConstraintSolver::Order orderOf(std::uint64_t number, std::size_t part) { return number * 8 + part; }
+// The order of variables and of required constraints: eight numbers for each view or guide, as they were made; then
+// constraints, as they were activated.
+ConstraintSolver::Order orderOf(std::uint64_t item, std::size_t part) { return item * 8 + part; }
+ConstraintSolver::Order orderOf(std::uint64_t constraint) { return (1ULL << 60U) + constraint; }
 
 template <class Item>
 void removeFrom(std::vector<Item*>& list, Item* item) {
@@ -367,7 +369,7 @@ void ViewLayout::takeInRow(NSLayoutConstraint& constraint) {
                         : constraint.relation_ == NSLayoutRelation::lessThanOrEqual ? Solver::Relation::atMost
                                                                                     : Solver::Relation::atLeast;
   // Refused where the priority is not above 0: then it asks for nothing.
-  row.handle = solver_.addConstraint(row.terms, form_.constant, relation, priority, orderOf(constraint.number_, 0))
+  row.handle = solver_.addConstraint(row.terms, form_.constant, relation, priority, orderOf(constraint.number_))
                    .value_or(Solver::Constraint{});
 }
 

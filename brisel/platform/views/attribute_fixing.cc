@@ -1,0 +1,62 @@
+// Fonts for the characters that a text's own fonts lack. Here and not with the rest of attributed strings, since it
+// needs a port.
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "brisel/platform/attributed_string.h"
+#include "brisel/platform/font.h"
+#include "brisel/platform/port.h"
+
+namespace Brisel::Platform {
+namespace {
+
+std::shared_ptr<const UIFont> fontOf(const Dictionary& attributes) {
+  const Value* value = attributes.find(NSFontAttributeName);
+  return value ? value->as<UIFont>() : nullptr;
+}
+
+// The part that two ranges share; empty where they do not meet.
+NSRange sharedBy(NSRange a, NSRange b) {
+  const std::size_t begin = std::max(a.location, b.location);
+  const std::size_t end = std::min(a.end(), b.end());
+  return {begin, end > begin ? end - begin : 0};
+}
+
+// The same font but for the face.
+std::shared_ptr<const UIFont> fontNamed(const UIFont& font, const std::string& name) {
+  const auto descriptor =
+      font.fontDescriptor()->fontDescriptorByAddingAttributes({{UIFontDescriptorNameAttribute, name}});
+  return UIFont::fontWithDescriptor(descriptor, font.pointSize());
+}
+
+}  // namespace
+
+void NSMutableAttributedString::fixAttributesInRange(NSRange range) {
+  range = checked(range);
+  const auto isComplete = [&](const AttributeRun& run) {
+    const NSRange part = sharedBy(run.range, range);
+    if (part.length == 0) return true;
+    const auto font = fontOf(run.attributes);
+    return !font || font->typeface()->hasCharacters(utf16().substr(part.location, part.length));
+  };
+  if (std::all_of(runs_.begin(), runs_.end(), isComplete)) return;
+
+  std::vector<TypefaceSpan> typefaces;
+  for (const AttributeRun& run : runs_) {
+    const auto font = fontOf(run.attributes);
+    typefaces.push_back({static_cast<std::uint32_t>(run.range.end()), font ? font->typeface() : engine().typeface({}),
+                         font ? font->pointSize() : 0, true});
+  }
+  for (const FaceSubstitution& found : engine().substitutions({utf16(), typefaces})) {
+    const NSRange part = sharedBy({found.begin, found.end - found.begin}, range);
+    if (part.length == 0) continue;
+    enumerateAttributesInRange(part, [&](NSRange stretch, const Dictionary& attributes) {
+      if (const auto font = fontOf(attributes))
+        addAttribute(NSFontAttributeName, fontNamed(*font, found.name), stretch);
+    });
+  }
+}
+
+}  // namespace Brisel::Platform
