@@ -11,7 +11,7 @@ python := /usr/bin/python3
 build = cmake --preset $(1) && cmake --build --preset $(1) -j $(JOBS) $(if $(2),--target $(2))
 ctest = ctest --preset $(1) -j $(JOBS)
 
-.PHONY: help setup gallery test check release pressure asan tsan corpora lint browser tokens fuzz bench coverage install clean
+.PHONY: help setup gallery test check release pressure asan tsan lint browser tokens fuzz bench coverage install clean
 .NOTPARALLEL:
 
 help:
@@ -39,7 +39,7 @@ test:
 	$(call build,dev)
 	$(call ctest,dev)
 
-check_stages := gallery release pressure asan tsan corpora lint browser tokens
+check_stages := gallery release pressure asan tsan lint browser tokens
 check:
 	$(install_for) build assets gallery test check
 	@for stage in $(check_stages); do setup/stage.sh $$stage $(MAKE) --no-print-directory $$stage || exit 1; done
@@ -56,16 +56,11 @@ pressure:
 	$(call build,dev,pressure_tests)
 	ctest --test-dir build/dev -L pressure --no-tests=error --output-on-failure
 
+# By clang. The first also builds the fuzz targets and replays their stored inputs.
 asan tsan:
-	$(install_for) build assets test
+	$(install_for) build assets test check
 	$(call build,$@)
 	$(call ctest,$@)
-
-# The stored inputs of every fuzz target, replayed.
-corpora:
-	$(install_for) build assets check
-	$(call build,fuzz,brisel_fuzzers)
-	$(call ctest,fuzz)
 
 lint:
 	$(install_for) build assets check
@@ -83,8 +78,8 @@ tokens:
 
 fuzz:
 	$(install_for) build assets check
-	$(call build,fuzz,brisel_fuzzers)
-	fuzz/run.sh build/fuzz/bin $(SECONDS)
+	$(call build,asan,brisel_fuzzers)
+	fuzz/run.sh build/asan/bin $(SECONDS)
 
 bench:
 	$(install_for) build assets bench

@@ -99,10 +99,11 @@ class ViewTreeModel {
       copy.view->setFrame(view.frame);
       copy.view->setTranslatesAutoresizingMaskIntoConstraints(view.view->translatesAutoresizingMaskIntoConstraints());
       copy.view->setSemanticContentAttribute(view.view->semanticContentAttribute());
-      for (const auto axis : {Platform::UILayoutConstraintAxis::horizontal, Platform::UILayoutConstraintAxis::vertical}) {
+      for (const auto axis :
+           {Platform::UILayoutConstraintAxis::horizontal, Platform::UILayoutConstraintAxis::vertical}) {
         copy.view->setContentHuggingPriority(view.view->contentHuggingPriorityForAxis(axis), axis);
-        copy.view->setContentCompressionResistancePriority(
-            view.view->contentCompressionResistancePriorityForAxis(axis), axis);
+        copy.view->setContentCompressionResistancePriority(view.view->contentCompressionResistancePriorityForAxis(axis),
+                                                           axis);
       }
       if (const auto above = view.view->superview()) copies[indexOf(above.get())].view->addSubview(copy.view);
     }

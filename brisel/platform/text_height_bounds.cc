@@ -154,9 +154,10 @@ CGFloat TextHeightBounds::atMost(const TextSizeRange& range, CGFloat paragraphs)
   }
   const CGFloat height = paragraphs * highest + (paragraphs - 1) * (range.greatestLineSpacing + paragraphSpacing_);
   const CGFloat doubt = share(paragraphs * mostLines);
-  if (doubt > 0.01) return kInfinity;  // Beyond this, what is rounded adds up to more than the share.
   const CGFloat most = height * (1 + doubt) + doubt * magnitude(range);
-  return std::isfinite(most) ? most : kInfinity;
+  // Beyond some number of lines, what is rounded adds up to more than the share.
+  if (doubt > 0.01 || std::isnan(most)) return kInfinity;
+  return most;
 }
 
 // Smaller advances never make more lines, and larger ones never fewer: each line begins no earlier, or no later, than
@@ -168,7 +169,7 @@ CGFloat TextHeightBounds::leastLines(const Stretch& stretch, const TextSizeRange
 
 CGFloat TextHeightBounds::greatestLines(const Stretch& stretch, const TextSizeRange& range) const {
   if (!std::isfinite(width_) || stretch.first == stretch.endVisible) return 1;
-  const CGFloat clusters = stretch.endVisible - stretch.first;
+  const auto clusters = static_cast<CGFloat>(stretch.endVisible - stretch.first);
   const CGFloat doubt = doubtOfWidth(range);
   if (!(leastAdvance_ >= 0) || !std::isfinite(doubt)) return clusters;
   const CGFloat advance = places_[stretch.endVisible].advance - places_[stretch.first].advance;

@@ -13,10 +13,9 @@ clang-format-14 --dry-run -Werror "${sources[@]}"
 
 shellcheck setup/*.sh fuzz/*.sh tests/lint/*.sh .ci/run
 
-# Clang's own view of how each file is compiled. The folder is configured for it, not built.
-cmake --preset fuzz >/dev/null
+cmake --preset lint >/dev/null
 mapfile -t sources < <(find brisel gallery fuzz -name '*.cc' ! -name '*_test.cc' | sort)
 echo "clang-tidy: ${#sources[@]} files"
-printf '%s\0' "${sources[@]}" | xargs -0 -n 1 -P "$jobs" clang-tidy-14 -p build/fuzz --quiet 2> >(
+printf '%s\0' "${sources[@]}" | xargs -0 -n 1 -P "$jobs" clang-tidy-22 -p build/lint --quiet 2> >(
   grep -v 'warnings\? generated' >&2
 )

@@ -168,7 +168,8 @@ const std::vector<ConstraintSolver::Constraint>& ConstraintSolver::solve() {
   givingWay_.clear();
   for (Slot slot = 0; slot < residuals_.size(); ++slot) {
     const Residual& residual = residuals_[slot];
-    if (residual.age == 0 || residual.rank >= kOptional) continue;
+    // What is parametric is zero.
+    if (residual.place != Place::basic || residual.rank >= kOptional) continue;
     const Constraint constraint{slot, residual.age};
     if (violation(constraint) > kGivesWay) givingWay_.push_back(constraint);
   }

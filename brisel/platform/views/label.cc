@@ -52,6 +52,14 @@ CGFloat roundedUp(CGFloat points) {
 
 CGSize roundedUp(CGSize size) { return {roundedUp(size.width), roundedUp(size.height)}; }
 
+// Of text of a height that stands in the middle of its view.
+FirstBaseline centred(CGFloat baseline, CGFloat height) {
+  FirstBaseline first;
+  first.fractionOfHeight = 0.5;
+  first.offset = baseline - height / 2;
+  return first;
+}
+
 // A factor from 0 to 1.
 CGFloat fraction(CGFloat factor) { return factor > 0 ? std::min(factor, 1.0) : 0; }
 
@@ -345,16 +353,16 @@ FirstBaseline UILabel::firstBaseline() const {
   State& state = *state_;
   if (!state.text || state.text->length() == 0) {
     const UIFont& font = *state.ownFont();
-    return {0.5, font.ascender() - font.lineHeight() / 2};
+    return centred(font.ascender(), font.lineHeight());
   }
   const CGSize size = bounds().size;
   const Typesetter typesetter(*this);
   if (size.width > 0 && size.height > 0) {
     const TextLayout& layout = typesetter.layOutToDraw(size);
-    return {0.5, layout.firstBaseline() - layout.size().height / 2};
+    return centred(layout.firstBaseline(), layout.size().height);
   }
   const TextLayout layout = typesetter.layOut(size.width > 0 ? size.width : kInfinity);
-  return {0.5, layout.firstBaseline() - layout.size().height / 2};
+  return centred(layout.firstBaseline(), layout.size().height);
 }
 
 bool UILabel::hasHeightForWidth() const { return state_->numberOfLines != 1; }
@@ -364,7 +372,8 @@ void UILabel::drawContent(Canvas& canvas, CGPoint at) const {
   if (!state_->text || state_->text->length() == 0 || !(size.width > 0 && size.height > 0)) return;
   const Typesetter typesetter(*this);
   const TextLayout& layout = typesetter.layOutToDraw(size);
-  typesetter.draw(canvas, {at.x, at.y + (size.height - layout.size().height) / 2}, layout);
+  const CGFloat top = at.y + (size.height - layout.size().height) / 2;
+  typesetter.draw(canvas, {at.x, top}, layout);
 }
 
 }  // namespace Brisel::Platform

@@ -1,5 +1,6 @@
 #include "brisel/platform/views/text_drawing.h"
 
+#include <string>
 #include <utility>
 
 #include "brisel/platform/internal/text_spans.h"
@@ -10,16 +11,28 @@ namespace {
 
 constexpr CGFloat kDefaultPointSize = 12;
 
-CGFloat number(const Dictionary& attributes, std::string_view name) {
-  const Value* value = attributes.find(name);
-  return value ? value->asDouble().value_or(0) : 0;
-}
+// The attributes of a run that matter here, found in one walk: every restyled label looks for them.
+struct Attributes {
+  explicit Attributes(const Dictionary& attributes) {
+    for (const auto& [key, value] : attributes) {
+      const std::string* name = key.asString();
+      if (!name) continue;
+      if (*name == NSFontAttributeName) font = value.as<UIFont>();
+      if (*name == NSParagraphStyleAttributeName) paragraphStyle = value.as<NSParagraphStyle>();
+      if (*name == NSForegroundColorAttributeName) foreground = value.as<UIColor>();
+      if (*name == NSBackgroundColorAttributeName) background = value.as<UIColor>();
+      if (*name == NSKernAttributeName) kern = value.asDouble().value_or(0);
+      if (*name == NSBaselineOffsetAttributeName) baselineOffset = value.asDouble().value_or(0);
+    }
+  }
 
-template <class T>
-std::shared_ptr<const T> object(const Dictionary& attributes, std::string_view name) {
-  const Value* value = attributes.find(name);
-  return value ? value->as<T>() : nullptr;
-}
+  std::shared_ptr<const UIFont> font;
+  std::shared_ptr<const NSParagraphStyle> paragraphStyle;
+  ColorPtr foreground;
+  ColorPtr background;
+  CGFloat kern = 0;
+  CGFloat baselineOffset = 0;
+};
 
 }  // namespace
 
@@ -29,16 +42,14 @@ TextSpans::TextSpans(const NSAttributedString& text, const TextDefaults& default
   paragraphs.reserve(count);
   paints.reserve(count);
   for (const AttributeRun& run : text.attributeRuns()) {
-    const Dictionary& attributes = run.attributes;
+    Attributes attributes(run.attributes);
     const auto end = static_cast<std::uint32_t>(run.range.end());
-    auto font = object<UIFont>(attributes, NSFontAttributeName);
-    if (!font) font = defaults.font;
+    const auto& font = attributes.font ? attributes.font : defaults.font;
     auto typeface = font ? font->typeface() : engine().typeface({});
     const CGFloat pointSize = font ? font->pointSize() : kDefaultPointSize;
-    const CGFloat kern = number(attributes, NSKernAttributeName);
-    const CGFloat baselineOffset = number(attributes, NSBaselineOffsetAttributeName);
+    const CGFloat kern = attributes.kern;
 
-    sizes.push_back({end, pointSize, kern, baselineOffset, typeface->metrics()});
+    sizes.push_back({end, pointSize, kern, attributes.baselineOffset, typeface->metrics()});
     // Equal neighbours are shaped together, so that a change of colour does not part a ligature.
     const bool shapesOn = !typefaces.empty() && typefaces.back().typeface == typeface &&
                           typefaces.back().pointSize == pointSize && typefaces.back().usesLigatures == (kern == 0);
@@ -47,11 +58,10 @@ TextSpans::TextSpans(const NSAttributedString& text, const TextDefaults& default
     } else {
       typefaces.push_back({end, std::move(typeface), pointSize, kern == 0});
     }
-    auto paragraphStyle = object<NSParagraphStyle>(attributes, NSParagraphStyleAttributeName);
-    paragraphs.push_back({end, paragraphStyle ? std::move(paragraphStyle) : defaults.paragraphStyle});
-    auto color = object<UIColor>(attributes, NSForegroundColorAttributeName);
-    paints.push_back(
-        {end, color ? std::move(color) : defaults.color, object<UIColor>(attributes, NSBackgroundColorAttributeName)});
+    if (!attributes.paragraphStyle) attributes.paragraphStyle = defaults.paragraphStyle;
+    if (!attributes.foreground) attributes.foreground = defaults.color;
+    paragraphs.push_back({end, std::move(attributes.paragraphStyle)});
+    paints.push_back({end, std::move(attributes.foreground), std::move(attributes.background)});
   }
   if (!paragraphs.empty() && paragraphs.front().style) direction = paragraphs.front().style->baseWritingDirection();
 }

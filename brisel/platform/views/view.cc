@@ -59,7 +59,8 @@ void UIView::addSubview(const std::shared_ptr<UIView>& view) {
     fatalError("A view can be added neither to itself nor below itself");
   const auto added = view;  // What was handed in may be a place in the list that it is taken from.
   if (added->superview_ == this) {
-    std::rotate(std::find(subviews_.begin(), subviews_.end(), added), subviews_.end() - 1, subviews_.end());
+    const auto at = std::find(subviews_.begin(), subviews_.end(), added);
+    std::rotate(at, at + 1, subviews_.end());
     return;
   }
   if (added->superview_) added->detach();

@@ -98,7 +98,7 @@ class UIView : public LayoutItem {
   void setNeedsLayout();
   /// Lays out now: solves the constraints of the whole tree, places its views, and calls `layoutSubviews` of this view
   /// and those below it that need it; again, while that asks for more, up to 16 times. May be called from within
-  /// `layoutSubviews`: then it begins again once, and does nothing where it is the sixth call within another. What is
+  /// `layoutSubviews`: then it begins again once, and does nothing where it is the fifth call within another. What is
   /// left waits for the next layout.
   void layoutIfNeeded();
   /// Called by layout for a view that needs it: one whose size has changed, or that was told so. Subclasses place here

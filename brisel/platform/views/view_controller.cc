@@ -47,14 +47,14 @@ std::shared_ptr<UIView> UIViewController::loadView() { return UIView::initWithFr
 
 void UIViewController::viewDidLoad() {}
 
-void UIViewController::addChildViewController(const std::shared_ptr<UIViewController>& given) {
-  const auto child = given;  // What was given may stand in the list of the parent that it leaves.
+void UIViewController::addChildViewController(const std::shared_ptr<UIViewController>& child) {
   if (!child || isBelow(*child)) fatalError("A view controller can be added neither to itself nor below itself");
   if (child->parentViewController().get() == this) return;
-  child->leaveParent();
-  child->parent_ = self();
-  children_.push_back(child);
-  child->surroundingsDidChange();
+  children_.push_back(child);  // first: what was handed in may stand in the list of the parent that it leaves
+  UIViewController& added = *children_.back();
+  added.leaveParent();
+  added.parent_ = self();
+  added.surroundingsDidChange();
 }
 
 void UIViewController::removeFromParentViewController() {

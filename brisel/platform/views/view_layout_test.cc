@@ -1,4 +1,6 @@
 // When views are laid out, and what callbacks may do meanwhile.
+#include "brisel/platform/views/view_layout_test.h"
+
 #include <cstdint>
 #include <memory>
 #include <stdexcept>
@@ -8,7 +10,6 @@
 #include <rapidcheck.h>
 
 #include "brisel/platform/views/layout_guide.h"
-#include "brisel/platform/views/view_layout_test.h"
 
 #include "tests/view_tree_model.h"
 

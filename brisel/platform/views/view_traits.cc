@@ -87,7 +87,7 @@ class Surroundings {
     controller.traitCollection_ = std::move(traits);
     // The view is on top, so that children whose views are in it are told where their views are.
     const auto& children = controller.children_;
-    for (auto child = children.rbegin(); child != children.rend(); ++child) below.push_back({nullptr, child->get()});
+    for (std::size_t i = children.size(); i-- > 0;) below.push_back({nullptr, children[i].get()});
     if (controller.view_) below.push_back({controller.view_.get(), nullptr});
   }
 
@@ -107,8 +107,7 @@ class Surroundings {
     if (isOther) view.traitCollection_ = std::move(traits);
     view.window_ = std::move(window);
     const auto& subviews = view.subviews_;
-    for (auto subview = subviews.rbegin(); subview != subviews.rend(); ++subview)
-      below.push_back({subview->get(), nullptr});
+    for (std::size_t i = subviews.size(); i-- > 0;) below.push_back({subviews[i].get(), nullptr});
   }
 
   // What comes to a view from above, whatever its controller says.
@@ -136,8 +135,9 @@ class Surroundings {
   }
 
   void tell() {
-    for (std::size_t next = 0; next < waiting_.size(); ++next) {  // Calls make the list longer.
-      Told& told = *waiting_[next];
+    std::size_t next = 0;
+    while (next < waiting_.size()) {  // Calls make the list longer.
+      Told& told = *waiting_[next++];
       told.isWaiting = false;
       if (++told.calls <= kMostCalls) {
         if (told.member.controller) tell(*told.member.controller, told);

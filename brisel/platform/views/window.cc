@@ -20,15 +20,15 @@ void UIWindow::setTraitCollection(const std::shared_ptr<const UITraitCollection>
   surroundingsDidChange();
 }
 
-void UIWindow::setRootViewController(const std::shared_ptr<UIViewController>& given) {
-  const auto controller = given;  // What is called below may change what was given.
+void UIWindow::setRootViewController(const std::shared_ptr<UIViewController>& controller) {
   if (controller == rootViewController_) return;
   const auto before = std::exchange(rootViewController_, controller);
+  const auto root = rootViewController_;  // What is called below may set another, and change what was handed in.
   if (before && before->isViewLoaded() && before->view()->superview().get() == this)
     before->view()->removeFromSuperview();
-  if (!controller) return;
-  const auto view = controller->view();
-  if (rootViewController_ != controller) return;  // Another one was set by what was called.
+  if (!root) return;
+  const auto view = root->view();
+  if (rootViewController_ != root) return;
   view->setFrame(bounds());
   addSubview(view);
 }

@@ -69,11 +69,6 @@ std::shared_ptr<ViewLayout> ViewLayout::of(UIView& top) {
 
 UIView* ViewLayout::asView(LayoutItem& item) { return dynamic_cast<UIView*>(&item); }
 
-CGRect ViewLayout::frameOf(const LayoutItem& item) {
-  const auto* const guide = dynamic_cast<const UILayoutGuide*>(&item);
-  return guide ? guide->layoutFrame_ : static_cast<const UIView&>(item).frame_;
-}
-
 const LayoutPlace* ViewLayout::placeInHere(const LayoutItem& item) const {
   return item.place_ && item.place_->layout == this ? item.place_.get() : nullptr;
 }
@@ -134,7 +129,8 @@ void ViewLayout::enter(LayoutItem& item) {
   place.contents = {};
   place.measuredWidth = std::numeric_limits<CGFloat>::quiet_NaN();
   place.isContentMarked = place.isContentReported = false;
-  if (UIView* const view = asView(item)) markContent(*view);
+  place.view = asView(item);
+  if (place.view) markContent(*place.view);
   markConstraints(place);
   isStale_ = true;
 }
@@ -411,7 +407,7 @@ void ViewLayout::placeItems() {
     const LayoutPlace& place = *item->place_;
     const CGSize size{std::max(0.0, solver_.value(place.width)), std::max(0.0, solver_.value(place.height))};
     const CGRect frame{{solver_.value(place.x), solver_.value(place.y)}, size};
-    if (UIView* const view = asView(*item)) {
+    if (UIView* const view = place.view) {
       view->takePlace(view == top_ ? CGRect{view->frame_.origin, size} : frame);
     } else {
       static_cast<UILayoutGuide*>(item)->layoutFrame_ = frame;

@@ -34,6 +34,7 @@ struct LayoutPlace {
 
   ViewLayout* layout = nullptr;  // that has the variables; null: there are none
   std::size_t index = 0;         // among its items
+  UIView* view = nullptr;        // the item, unless it is a guide
   Solver::Variable width, height, x, y;
   CGRect rest;                      // where the item is as far as nothing is asked of it: the frame as it was set
   std::array<Content, 2> contents;  // by axis
@@ -63,7 +64,7 @@ class Nesting {
   bool isTooDeep() const { return depth_ > kDeepest; }
 
  private:
-  static constexpr int kDeepest = 5;
+  static constexpr int kDeepest = 4;
   inline static int depth_ = 0;
 };
 
@@ -121,7 +122,6 @@ class ViewLayout {
 
   static std::shared_ptr<ViewLayout> of(UIView& top);
   static UIView* asView(LayoutItem& item);
-  static CGRect frameOf(const LayoutItem& item);
   const LayoutPlace* placeInHere(const LayoutItem& item) const;
 
   // Working changes in: calls views, after which this may be at its end.

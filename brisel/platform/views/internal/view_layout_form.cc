@@ -103,12 +103,13 @@ void ViewLayout::addAttribute(const NSLayoutConstraint& constraint, LayoutItem& 
   addSize(item, isX, factor * share);
 }
 
+// What has no variables is a view: guides always have some.
 void ViewLayout::addOrigin(const UIView& holder, LayoutItem& item, bool isX, double factor) {
   const auto addOne = [this, isX, factor](const LayoutItem& at) {
     if (const LayoutPlace* place = placeInHere(at)) {
       form_.terms.push_back({isX ? place->x : place->y, factor});
     } else {
-      const CGPoint origin = frameOf(at).origin;
+      const CGPoint origin = static_cast<const UIView&>(at).frame_.origin;
       form_.constant += factor * cutConstant(isX ? origin.x : origin.y);
     }
   };
@@ -124,7 +125,7 @@ void ViewLayout::addSize(const LayoutItem& item, bool isWidth, double factor) {
   if (const LayoutPlace* place = placeInHere(item)) {
     form_.terms.push_back({isWidth ? place->width : place->height, factor});
   } else {
-    const CGSize size = frameOf(item).size;
+    const CGSize size = static_cast<const UIView&>(item).frame_.size;
     form_.constant += factor * cutConstant(isWidth ? size.width : size.height);
   }
 }
