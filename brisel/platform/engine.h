@@ -144,8 +144,8 @@ class Engine {
   /// there is no memory for it.
   std::unique_ptr<Canvas> makeCanvas(CGSize size, CGFloat scale, bool isOpaque = false);
 
-  /// A bitmap as a PNG file's bytes, without an alpha channel where all of it is opaque; empty where the bitmap is, and
-  /// where there is no memory for them.
+  /// A bitmap as a PNG file's bytes, without an alpha channel where all of it is opaque, and in grey where all of that
+  /// is grey; empty where the bitmap is, and where there is no memory for them.
   std::vector<std::uint8_t> encodePng(const Bitmap& bitmap);
 
   /// The picture in the bytes of a PNG file, of any colour type and depth, its pixels premultiplied. No picture, but

@@ -29,6 +29,7 @@ struct Page {
 Page makeStartPage(PictureBook& pictures);
 Page makeColorPage(PictureBook& pictures);
 Page makeTypePage(PictureBook& pictures);
+Page makeTextViewPage(PictureBook& pictures);
 Page makeIconPage(PictureBook& pictures);
 Page makeShapePage(PictureBook& pictures);
 Page makeThemePage(PictureBook& pictures);

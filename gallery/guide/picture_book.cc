@@ -55,6 +55,13 @@ Picture PictureBook::addImage(std::string path, const std::function<Platform::Im
   });
 }
 
+Picture PictureBook::addView(std::string path, std::shared_ptr<const Platform::UIView> view) {
+  const Platform::CGSize size = view->frame().size;
+  return add(std::move(path), size, [view = std::move(view)](Platform::Canvas& canvas) {
+    view->drawHierarchy(canvas, {0, 0});
+  });
+}
+
 void PictureBook::draw(const Plan& plan, int scale, const OutputDirectory& directory) {
   const Platform::CGSize size{static_cast<double>(plan.picture.width), static_cast<double>(plan.picture.height)};
   const Platform::ImagePtr image = Platform::UIGraphicsImageRenderer(size).image(plan.paint);

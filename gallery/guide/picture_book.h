@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <functional>
 #include <iterator>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -11,6 +12,7 @@
 #include "brisel/platform/canvas.h"
 #include "brisel/platform/geometry.h"
 #include "brisel/platform/image.h"
+#include "brisel/platform/views/view.h"
 
 #include "gallery/output_directory.h"
 
@@ -43,6 +45,10 @@ class PictureBook {
   /// Plans a picture of an image in its own size, on an opaque ground. `make` is called here once, and then as `paint`
   /// would be.
   Picture addImage(std::string path, const std::function<Platform::ImagePtr()>& make, const Platform::UIColor& ground);
+
+  /// Plans a picture of a view and what is below it, in its own size and as it is laid out. The view must show all of
+  /// its own ground, and must not be used any more: it is drawn on any thread.
+  Picture addView(std::string path, std::shared_ptr<const Platform::UIView> view);
 
   /// How many files that will be.
   std::size_t fileCount() const noexcept { return plans_.size() * std::size(kScales); }

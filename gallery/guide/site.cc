@@ -90,9 +90,9 @@ void writeSite(const std::filesystem::path& directory) {
   Platform::engine().setUsesHostFonts(false);  // pictures are the same on every machine
 
   PictureBook pictures;
-  const std::vector<Page> pages{makeStartPage(pictures), makeColorPage(pictures), makeTypePage(pictures),
-                                makeIconPage(pictures),  makeShapePage(pictures), makeThemePage(pictures),
-                                makeTokenPage(pictures)};
+  const std::vector<Page> pages{makeStartPage(pictures),    makeColorPage(pictures), makeTypePage(pictures),
+                                makeTextViewPage(pictures), makeIconPage(pictures),  makeShapePage(pictures),
+                                makeThemePage(pictures),    makeTokenPage(pictures)};
 
   for (const Page& page : pages) output.write(page.file, pageMarkup(pages, page));
   for (const std::string_view name : kStaticFiles) output.write("site/" + std::string(name), siteFile(name));

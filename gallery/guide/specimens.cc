@@ -12,6 +12,20 @@ namespace {
 
 constexpr auto kDefault = ContentSizeCategory::large;
 
+// In the order of the categories; the last one stands for those behind it too.
+std::size_t defaultIndex() {
+  std::size_t index = 0;
+  while (categories()[index].category != kDefault) ++index;
+  return index;
+}
+
+// Whether styles are no larger in this category than in the one before.
+bool looksLikeTheOneBefore(std::size_t index) {
+  const TypeStyle::AccessibilityRange growing(1, 2, 3, 4);
+  const auto valueAt = [&](std::size_t i) { return growing.value(categories()[i].category.rawValue()); };
+  return index > 0 && valueAt(index) == valueAt(index - 1);
+}
+
 double pointSize(const TypeStyle& style, ContentSizeCategory category) {
   return style.configuration().fontSize().value(category.rawValue());
 }
@@ -27,11 +41,9 @@ std::shared_ptr<const Platform::NSAttributedString> specimenText(std::string_vie
 }
 
 std::string textSizeControl() {
-  std::size_t value = 0;
-  while (categories()[value].category != kDefault) ++value;
   return fillTemplate(siteFile("text_size.html"), {{"last", std::to_string(categories().size() - 1)},
-                                                   {"value", std::to_string(value)},
-                                                   {"category", categories()[value].name},
+                                                   {"value", std::to_string(defaultIndex())},
+                                                   {"category", categories()[defaultIndex()].name},
                                                    {"points", pointSizes(TypeStyle::ballad())},
                                                    {"point", defaultPointSize(TypeStyle::ballad())}});
 }
@@ -40,13 +52,20 @@ std::string followingPicture(
     const std::string& path,
     const std::function<Picture(const std::string& path, ContentSizeCategory category)>& plan) {
   std::string attributes, sizes;
-  for (const NamedCategory& entry : categories()) {
+  for (std::size_t i = 0; i < categories().size() && !looksLikeTheOneBefore(i); ++i) {
+    const NamedCategory& entry = categories()[i];
     const Picture picture = plan(path + "-" + std::string(entry.name), entry.category);
     if (entry.category == kDefault) attributes = picture.attributes();
     if (!sizes.empty()) sizes += ' ';
     sizes += std::to_string(picture.width) + "x" + std::to_string(picture.height);
   }
   return attributes + " data-picture=\"" + path + "\" data-sizes=\"" + sizes + "\"";
+}
+
+std::string followingText(const std::vector<std::string>& texts) {
+  std::string joined;
+  for (const std::string& text : texts) joined += (joined.empty() ? "" : "|") + text;
+  return fillTemplate(siteFile("following_text.html"), {{"texts", joined}, {"text", texts.at(defaultIndex())}});
 }
 
 std::string pointSizes(const TypeStyle& style) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "brisel/platform/attributed_string.h"
 #include "brisel/platform/color.h"
@@ -25,9 +26,13 @@ std::shared_ptr<const Platform::NSAttributedString> specimenText(std::string_vie
 /// The control that the page's specimens follow.
 std::string textSizeControl();
 
-/// The attributes of an image that has one picture for each category. `plan` plans the picture of one, under a path.
+/// The attributes of an image that has one picture for each category, from the smallest on. The largest, in which no
+/// style grows any more, share one. `plan` plans the picture of one, under a path.
 std::string followingPicture(const std::string& path,
                              const std::function<Picture(const std::string& path, ContentSizeCategory category)>& plan);
+
+/// An element whose text follows the control: one text for each picture of such an image.
+std::string followingText(const std::vector<std::string>& texts);
 
 /// The style's point sizes in all categories, separated by blanks.
 std::string pointSizes(const TypeStyle& style);

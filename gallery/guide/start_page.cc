@@ -22,6 +22,7 @@
 #include "gallery/guide/site_files.h"
 #include "gallery/guide/specimens.h"
 #include "gallery/guide/swatches.h"
+#include "gallery/guide/text_view_specimens.h"
 #include "gallery/guide/theme_card.h"
 #include "gallery/guide/token_drawing.h"
 
@@ -272,6 +273,7 @@ Page makeStartPage(PictureBook& pictures) {
         std::to_string(colors) + " colours in " + std::to_string(Catalogue::colorFamilies().size() + 1) + " families"},
        {"typeFacts", std::to_string(Catalogue::typeStyles().size()) + " styles in " +
                          std::to_string(categories().size()) + " text sizes"},
+       {"textViewFacts", "Labels, fields, text views and buttons in the styles"},
        {"iconFacts", std::to_string(Catalogue::icons().size()) + " icons in 2 designs"},
        {"shapeFacts", "Circles, stars, dots and the verified badge"},
        {"themeFacts", std::to_string(Catalogue::colorSets().size()) + " colour sets of the dark theme and " +
@@ -284,8 +286,13 @@ Page makeStartPage(PictureBook& pictures) {
        {"icons", plan(pictures, "pictures/start/icons", std::make_shared<const IconChart>()).attributes()},
        {"shapes", plan(pictures, "pictures/start/shapes", std::make_shared<const ShapeChart>()).attributes()},
        {"colours", plan(pictures, "pictures/start/colours", std::make_shared<const ColorChart>()).attributes()},
-       {"type", followingPicture("pictures/start/type", [&](const std::string& path, ContentSizeCategory category) {
-          return plan(pictures, path, std::make_shared<const TypeChart>(category));
+       {"type", followingPicture("pictures/start/type",
+                                 [&](const std::string& path, ContentSizeCategory category) {
+                                   return plan(pictures, path, std::make_shared<const TypeChart>(category));
+                                 })},
+       {"textViews",
+        followingPicture("pictures/start/text-views", [&](const std::string& path, ContentSizeCategory category) {
+          return pictures.addView(path, textViewScreen(kWidth, category));
         })}});
   return page;
 }

@@ -6,7 +6,7 @@ import { pathToFileURL } from "node:url";
 import { launch } from "./chromium.mjs";
 
 const [site = "out/gallery", picture = "docs/images/start.png"] = process.argv.slice(2);
-const context = await launch({ viewport: { width: 1440, height: 1960 }, deviceScaleFactor: 2 });
+const context = await launch({ viewport: { width: 1440, height: 1896 }, deviceScaleFactor: 2 });
 const page = await context.newPage();
 await page.goto(pathToFileURL(resolve(site, "index.html")).href);
 await page.waitForSelector("html:not(.waiting)");

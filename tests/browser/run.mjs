@@ -27,7 +27,8 @@ const removeEqualRows = (page) => page.evaluate(() => {
     }
   }
 });
-const pages = ["index.html", "colours.html", "type.html", "icons.html", "shapes.html", "themes.html", "tokens.html"];
+const pages = ["index.html", "colours.html", "type.html", "text-views.html", "icons.html", "shapes.html", "themes.html",
+  "tokens.html"];
 
 for (const path of pages) {
   for (const width of widths) {
@@ -70,7 +71,7 @@ for (const path of pages) {
   });
 }
 
-for (const path of ["index.html", "type.html"]) {
+for (const path of ["index.html", "type.html", "text-views.html"]) {
   await test(`the text-size control of ${path} changes specimens and figure`, path, async (page) => {
     const specimens = () => page.evaluate(() =>
       [...document.querySelectorAll("img[data-sizes]")].map((image) => `${image.getAttribute("src")} ${image.srcset}`));
@@ -83,8 +84,8 @@ for (const path of ["index.html", "type.html"]) {
       "accessibilityExtraExtraExtraLargeBallad 38.8 pt");
     assert.match(await page.locator("#text-size").getAttribute("aria-valuetext"), /accessibilityExtraExtraExtraLarge/);
     const after = await specimens();
-    assert.ok(after.every((source, index) => source !== before[index] &&
-      source.includes("-accessibilityExtraExtraExtraLarge")));
+    // Nothing grows any more beyond that size.
+    assert.ok(after.every((source, index) => source !== before[index] && source.includes("-accessibilityExtraLarge")));
     await page.keyboard.press("Home");
     assert.equal(await page.locator(".text-size output").textContent(), "extraSmallBallad 13 pt");
     await scrollThrough(page);
@@ -150,6 +151,10 @@ for (const [words, code] of [
   ["mutedAccent.text.subdued", "Brisel::Theme::dark().mutedAccent().text().subdued()"],
   ["VLMBriselColorTheme::campaign()->tierAurel()->background()->press()",
     "Brisel::Theme::ColorSet::Campaign::tierAurel().background().press()"],
+  ["VLMBrisel::canScaledStringFit", "Brisel::scaledToFit"],
+  ["briselSwift_disableDynamicTypeMorning", "Brisel::disableDynamicTypeMonitor"],
+  ["briselSwift_applyStyle:forState:withContentSizeCategory:", "Brisel::apply"],
+  ["placeholder", "Brisel::applyPlaceholder"], ["legacy label", "VLMBriselLegacyLabel::initWithStyle"],
   ["VLMBriselSpacers::spacer16", "Brisel::Spacer::x16()"], ["opacity 30", "Brisel::Opacity::x30()"]]) {
   await test(`search finds "${words}" from the start page`, "index.html", async (page) => {
     await page.keyboard.press("/");
@@ -215,7 +220,8 @@ await test("arrows walk the swatches, and Tab takes a family at a time", "colour
   assert.equal(await clipboard(page), "Brisel::Color::red55()");
 });
 
-for (const [path, id] of [["colours.html", "redDesat155"], ["type.html", "minuetBold"], ["icons.html", "heart"],
+for (const [path, id] of [["colours.html", "redDesat155"], ["type.html", "minuetBold"],
+  ["text-views.html", "subscribed"], ["icons.html", "heart"],
   ["icons.html", "search"], ["themes.html", "mutedAccent.text.subdued"], ["themes.html", "tierEstiva.decorative.base"],
   ["tokens.html", "spacer16"], ["tokens.html", "opacity30"]]) {
   await test(`a link to ${id} lands on it and marks it`, `${path}#${id}`, async (page) => {
@@ -401,6 +407,7 @@ await test("on paper the page is light and without controls", "type.html", async
   assert.equal(await page.locator("#bass").isVisible(), true);
 }, { media: "print" });
 
+await import("./text_views.mjs");
 await import("./themes.mjs");
 await import("./tokens.mjs");
 await finish();

@@ -38,10 +38,18 @@ bool isOpaque(const std::vector<std::uint8_t>& rgba) {
   return true;
 }
 
-void dropAlpha(std::vector<std::uint8_t>& rgba) {
+bool isGrey(const std::vector<std::uint8_t>& rgba) {
+  for (std::size_t i = 0; i < rgba.size(); i += 4) {
+    if (rgba[i] != rgba[i + 1] || rgba[i] != rgba[i + 2]) return false;
+  }
+  return true;
+}
+
+// The first so many of each pixel's.
+void keepChannels(std::vector<std::uint8_t>& rgba, std::size_t count) {
   std::size_t to = 0;
   for (std::size_t from = 0; from < rgba.size(); from += 4) {
-    for (std::size_t c = 0; c < 3; ++c) rgba[to++] = rgba[from + c];
+    for (std::size_t c = 0; c < count; ++c) rgba[to++] = rgba[from + c];
   }
   rgba.resize(to);
 }
@@ -62,8 +70,9 @@ std::vector<std::uint8_t> encoded(const Bitmap& bitmap) {
   png.image.height = static_cast<png_uint_32>(bitmap.height);
   std::vector<std::uint8_t> pixels = bitmap.rgba;
   if (isOpaque(pixels)) {
-    png.image.format = PNG_FORMAT_RGB;
-    dropAlpha(pixels);
+    const bool grey = isGrey(pixels);  // most pictures of text, which become half as large so
+    png.image.format = grey ? PNG_FORMAT_GRAY : PNG_FORMAT_RGB;
+    keepChannels(pixels, grey ? 1 : 3);
   } else {
     png.image.format = PNG_FORMAT_RGBA;
     unpremultiply(pixels);

@@ -121,6 +121,23 @@ TEST(Png, IsWrittenWithoutAlphaWhereAllIsOpaque) {
   EXPECT_EQ(engine().encodePng({2, 1, {1, 2, 3, 255, 4, 5, 6, 254}}).at(kColorType), PNG_COLOR_TYPE_RGB_ALPHA);
 }
 
+TEST(Png, IsWrittenInGreyWhereAllIsGreyAndOpaque) {
+  constexpr std::size_t kColorType = 25;
+  Bitmap grey{256, 1, {}};
+  for (int i = 0; i < 256; ++i) {
+    const auto level = static_cast<std::uint8_t>(i);
+    grey.rgba.insert(grey.rgba.end(), {level, level, level, 255});
+  }
+  EXPECT_EQ(engine().encodePng(grey).at(kColorType), PNG_COLOR_TYPE_GRAY);
+  EXPECT_EQ(read(engine().encodePng(grey)).bitmap, grey);
+  for (std::size_t channel = 0; channel < 3; ++channel) {
+    Bitmap tinted = grey;
+    tinted.rgba[4 * 200 + channel] -= 1;
+    EXPECT_EQ(engine().encodePng(tinted).at(kColorType), PNG_COLOR_TYPE_RGB);
+    EXPECT_EQ(read(engine().encodePng(tinted)).bitmap, tinted);
+  }
+}
+
 TEST(Png, KeepsRedAndBlueInTheirPlaces) {
   EXPECT_THAT(pixelsOf(read(fileOf({.rows = {{255, 128, 1}}}))), ElementsAre(255, 128, 1, 255));
 }
