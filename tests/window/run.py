@@ -3,7 +3,8 @@
 
 Usage: run.py <the program>
 
-Takes Xvfb, whose screen can be read from a file, and xdotool, which presses keys.
+Takes Xvfb, whose screen can be read from a file, xdotool, which presses keys, and a session bus of its own with the
+settings portal of portal.py on it.
 """
 
 import os
@@ -75,6 +76,20 @@ class LiveWindow(unittest.TestCase):
         self.addCleanup(window.kill)
         return window
 
+    def open_portal(self, factor):
+        """A desktop's settings portal with a text scaling factor; it takes new ones a line each."""
+        bus = subprocess.Popen(["dbus-daemon", "--session", "--nofork", "--print-address"],
+                               env={"PATH": os.environ["PATH"]}, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                               text=True)
+        self.addCleanup(bus.communicate)
+        self.addCleanup(bus.terminate)
+        self.environment.update(DBUS_SESSION_BUS_ADDRESS=bus.stdout.readline().strip(), XDG_CURRENT_DESKTOP="GNOME")
+        portal = subprocess.Popen([sys.executable, pathlib.Path(__file__).with_name("portal.py"), str(factor)],
+                                  env=self.environment, stdin=subprocess.PIPE, stdout=subprocess.PIPE, text=True)
+        self.addCleanup(portal.communicate)  # which ends it
+        self.assertEqual(portal.stdout.readline(), "ready\n")
+        return portal
+
     def act(self, *words):
         subprocess.run(["xdotool", *words], env=self.environment, check=True, timeout=30, capture_output=True)
 
@@ -129,6 +144,15 @@ class LiveWindow(unittest.TestCase):
         self.assert_shown("--text-size", "accessibilityExtraExtraExtraLarge")
         self.act("mousemove", "34", "22", "mouseup", "1")
         self.assert_shown("--text-size", "extraSmall")
+
+    def test_follows_the_desktops_text_size(self):
+        portal = self.open_portal(1.25)
+        self.open_window()
+        self.assert_shown("--text-size", "extraExtraLarge")
+        for factor, category in (2, "accessibilityLarge"), (0.88, "small"):
+            portal.stdin.write(f"{factor}\n")
+            portal.stdin.flush()
+            self.assert_shown("--text-size", category)
 
     def test_rests_while_nothing_changes(self):
         window = self.open_window()
