@@ -18,6 +18,22 @@ using Brisel::Platform::UITraitCollection;
 
 using Monitor = VLMBriselDynamicTypeMonitor;
 
+namespace {
+
+// A flag that is set while this lives.
+class SetFlag {
+ public:
+  explicit SetFlag(bool& flag) : flag_(flag) { flag_ = true; }
+  SetFlag(const SetFlag&) = delete;
+  SetFlag& operator=(const SetFlag&) = delete;
+  ~SetFlag() { flag_ = false; }
+
+ private:
+  bool& flag_;
+};
+
+}  // namespace
+
 std::shared_ptr<VLMBriselLegacyLabel> VLMBriselLegacyLabel::initWithFrame(const CGRect& frame) {
   return made(std::shared_ptr<VLMBriselLegacyLabel>(new VLMBriselLegacyLabel), frame);
 }
@@ -117,11 +133,10 @@ void VLMBriselLegacyLabel::layoutSubviews() {
   UILabel::layoutSubviews();
   const CGSize size = frame().size;
   if (size == lastSize_ || !window() || !style_ || isReapplyingStyle_) return;
-  isReapplyingStyle_ = true;
+  const SetFlag reapplying(isReapplyingStyle_);
   // Before the style is applied, since fitting the text lays the label out again.
   lastSize_ = size;
   updateStyle();
-  isReapplyingStyle_ = false;
 }
 
 void VLMBriselLegacyLabel::traitCollectionDidChange(const std::shared_ptr<const UITraitCollection>& previous) {

@@ -4,6 +4,7 @@
 #include <limits>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -399,7 +400,10 @@ TEST_F(LegacyLabel, IsNotAppliedOnceMoreByTheLayoutWithinAnApplication) {
   label->setMinimumScaleFactor(0.5);
   label->takeApplications();
   bool wasReapplying = true;
-  label->onApplication = [&] { wasReapplying = wasReapplying && label->isReapplyingStyle(); };
+  label->onApplication = [&] {
+    wasReapplying = wasReapplying && label->isReapplyingStyle();
+    EXPECT_EQ(label->lastSize(), (CGSize{150, 40}));
+  };
   label->setFrame({{}, {150, 40}});
   window->layoutIfNeeded();
   EXPECT_EQ(label->takeApplications(), 1);
@@ -415,6 +419,37 @@ TEST_F(LegacyLabel, IsAppliedOnceMoreByTheLayoutWithinASetterWhereTheSizeIsNew) 
   EXPECT_EQ(label->takeApplications(), 2);
   EXPECT_EQ(label->lastSize(), (CGSize{100, 40}));
   label->setStyle(ballad->copyWithZone());
+  EXPECT_EQ(label->takeApplications(), 1);
+}
+
+TEST_F(LegacyLabel, IsNotAppliedOnceMoreWhereApplyingInLayoutResizesIt) {
+  putIntoWindow();
+  label->setTranslatesAutoresizingMaskIntoConstraints(false);
+  label->leadingAnchor().constraintEqualToAnchor(window->leadingAnchor())->setActive(true);
+  label->topAnchor().constraintEqualToAnchor(window->topAnchor())->setActive(true);
+  label->setMinimumScaleFactor(0.5);
+  label->setStyle(ballad);
+  EXPECT_EQ(label->takeApplications(), 2);
+  EXPECT_EQ(label->frame().size, (CGSize{10'000, 10'000}));  // as large as it may be, to measure it
+  for (const int applications : {1, 0, 0}) {
+    label->setNeedsLayout();
+    window->layoutIfNeeded();
+    EXPECT_EQ(label->takeApplications(), applications);
+    EXPECT_EQ(label->frame().size, (CGSize{32, 16}));
+    EXPECT_EQ(label->lastSize(), (CGSize{32, 16}));
+  }
+}
+
+TEST_F(LegacyLabel, IsAppliedByLaterLayoutsWhereOneHasThrown) {
+  putIntoWindow();
+  label->setStyle(ballad);
+  label->onApplication = [] { throw std::runtime_error("a host's"); };
+  EXPECT_THROW(window->layoutIfNeeded(), std::runtime_error);
+  EXPECT_FALSE(label->isReapplyingStyle());
+  label->onApplication = nullptr;
+  label->takeApplications();
+  label->setFrame({{}, {150, 40}});
+  window->layoutIfNeeded();
   EXPECT_EQ(label->takeApplications(), 1);
 }
 

@@ -43,7 +43,7 @@ class UIButton : public UIView {
   void setTitleColor(const ColorPtr& color, UIControlState state);
   /// `attributedTitleForState:`; null where none was set.
   std::shared_ptr<const NSAttributedString> attributedTitleForState(UIControlState state) const;
-  void setAttributedTitle(const std::shared_ptr<const NSAttributedString>& title, UIControlState state);
+  virtual void setAttributedTitle(const std::shared_ptr<const NSAttributedString>& title, UIControlState state);
 
   /// The flags that are set now.
   UIControlState state() const noexcept { return state_; }

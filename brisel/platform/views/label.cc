@@ -241,15 +241,17 @@ void UILabel::setNumberOfLines(std::int64_t lines) {
 bool UILabel::adjustsFontSizeToFitWidth() const noexcept { return state_->adjustsFontSizeToFitWidth; }
 
 void UILabel::setAdjustsFontSizeToFitWidth(bool adjusts) {
-  state_->adjustsFontSizeToFitWidth = adjusts;
+  if (std::exchange(state_->adjustsFontSizeToFitWidth, adjusts) == adjusts) return;
   state_->drawn.reset();
+  invalidateIntrinsicContentSize();  // the size stays, the baseline moves
 }
 
 CGFloat UILabel::minimumScaleFactor() const noexcept { return state_->minimumScaleFactor; }
 
 void UILabel::setMinimumScaleFactor(CGFloat factor) {
-  state_->minimumScaleFactor = factor;
+  if (std::exchange(state_->minimumScaleFactor, factor) == factor) return;
   state_->drawn.reset();
+  invalidateIntrinsicContentSize();
 }
 
 CGFloat UILabel::preferredMaxLayoutWidth() const noexcept { return state_->preferredMaxLayoutWidth; }

@@ -10,7 +10,7 @@
 #include <gtest/gtest.h>
 
 #include "brisel/platform/views/layout_guide.h"
-#include "brisel/platform/views/view_layout_test.h"
+#include "brisel/platform/views/placed_views_test.h"
 
 namespace Brisel::Platform {
 namespace {

@@ -29,17 +29,17 @@ class UITextField : public UIView {
   /// Takes the default text attributes.
   void setText(const std::optional<std::string>& text);
   const std::shared_ptr<const NSAttributedString>& attributedText() const noexcept;
-  void setAttributedText(const std::shared_ptr<const NSAttributedString>& text);
+  virtual void setAttributedText(const std::shared_ptr<const NSAttributedString>& text);
 
   std::optional<std::string> placeholder() const;
   /// In the default text attributes, whatever becomes of them, but in a weaker colour.
   void setPlaceholder(const std::optional<std::string>& placeholder);
   const std::shared_ptr<const NSAttributedString>& attributedPlaceholder() const noexcept;
-  void setAttributedPlaceholder(const std::shared_ptr<const NSAttributedString>& placeholder);
+  virtual void setAttributedPlaceholder(const std::shared_ptr<const NSAttributedString>& placeholder);
 
   /// None at first. Setting them sets those of the whole text, which keeps none of its own.
   const Dictionary& defaultTextAttributes() const noexcept;
-  void setDefaultTextAttributes(const Dictionary& attributes);
+  virtual void setDefaultTextAttributes(const Dictionary& attributes);
 
   /// The font, colour and alignment of the default attributes; setting one sets that of the whole text too. Null: the
   /// port's substitute at 17 points; black.

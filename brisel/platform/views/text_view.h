@@ -27,12 +27,12 @@ class UITextView : public UIView {
   /// Takes the view's font, colour and alignment.
   void setText(const std::optional<std::string>& text);
   const std::shared_ptr<const NSAttributedString>& attributedText() const noexcept;
-  void setAttributedText(const std::shared_ptr<const NSAttributedString>& text);
+  virtual void setAttributedText(const std::shared_ptr<const NSAttributedString>& text);
 
   /// Null: the port's substitute at 12 points; null colour: black. Setting font, colour or alignment sets that of the
   /// whole text too.
   const std::shared_ptr<const UIFont>& font() const noexcept;
-  void setFont(const std::shared_ptr<const UIFont>& font);
+  virtual void setFont(const std::shared_ptr<const UIFont>& font);
   const ColorPtr& textColor() const noexcept;
   void setTextColor(const ColorPtr& color);
   NSTextAlignment textAlignment() const noexcept;

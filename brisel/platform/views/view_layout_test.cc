@@ -1,5 +1,5 @@
 // When views are laid out, and what callbacks may do meanwhile.
-#include "brisel/platform/views/view_layout_test.h"
+#include "brisel/platform/views/placed_views_test.h"
 
 #include <cstdint>
 #include <memory>

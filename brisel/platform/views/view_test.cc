@@ -7,7 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "brisel/platform/views/view_layout_test.h"
+#include "brisel/platform/views/placed_views_test.h"
 #include "brisel/platform/views/window.h"
 
 #include "tests/recording_ports.h"

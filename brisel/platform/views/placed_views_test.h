@@ -4,8 +4,11 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
+
+#include <gtest/gtest.h>
 
 #include "brisel/platform/log.h"
 #include "brisel/platform/views/layout_constraint.h"
@@ -92,6 +95,33 @@ inline std::shared_ptr<NSLayoutConstraint> active(std::shared_ptr<NSLayoutConstr
   constraint->setActive(true);
   return constraint;
 }
+
+/// A screen of 100 × 60 points, and views placed on it.
+class Arrangement : public testing::Test {
+ protected:
+  std::shared_ptr<UIView> screen = UIView::initWithFrame({{0, 0}, {100, 60}});
+
+  std::shared_ptr<UIView> placed(const CGRect& frame = {}) { return placedIn(screen, frame); }
+  std::shared_ptr<TestBox> box(CGFloat width, CGFloat height) { return boxIn(screen, {width, height}); }
+  void layOut() { screen->layoutIfNeeded(); }
+
+  static void pin(UIView& view, const UIView& to, CGFloat top, CGFloat leading, CGFloat bottom, CGFloat trailing) {
+    active(view.topAnchor().constraintEqualToAnchor(to.topAnchor(), top));
+    active(view.leadingAnchor().constraintEqualToAnchor(to.leadingAnchor(), leading));
+    active(view.bottomAnchor().constraintEqualToAnchor(to.bottomAnchor(), -bottom));
+    active(view.trailingAnchor().constraintEqualToAnchor(to.trailingAnchor(), -trailing));
+  }
+  static void pinTopLeading(UIView& view, const UIView& to, CGFloat top, CGFloat leading) {
+    active(view.topAnchor().constraintEqualToAnchor(to.topAnchor(), top));
+    active(view.leadingAnchor().constraintEqualToAnchor(to.leadingAnchor(), leading));
+  }
+  static void size(UIView& view, CGFloat width, CGFloat height) {
+    active(view.widthAnchor().constraintEqualToConstant(width));
+    active(view.heightAnchor().constraintEqualToConstant(height));
+  }
+};
+
+inline CGRect rect(CGFloat x, CGFloat y, CGFloat width, CGFloat height) { return {{x, y}, {width, height}}; }
 
 /// What the log has been told since this was made.
 class LogRecord {
