@@ -52,6 +52,7 @@ class NSLayoutAnchor {
   std::shared_ptr<NSLayoutConstraint> constraintLessThanOrEqualToAnchor(const Kind& anchor, CGFloat constant = 0) const;
 
  protected:
+  // NOLINTNEXTLINE(bugprone-crtp-constructor-accessibility): the kinds inherit it
   NSLayoutAnchor(std::weak_ptr<LayoutItem> item, NSLayoutAttribute attribute) noexcept
       : item_(std::move(item)), attribute_(attribute) {}
 
