@@ -68,17 +68,11 @@ class TextLayout::Filler {
   }
 
  private:
-  struct Placement {
-    NSTextAlignment alignment;
-    bool isRightToLeft;
-  };
-
   void startAnew() {
     layout_.lines_.clear();
     layout_.omission_.reset();
     layout_.size_ = {};
     layout_.isTruncated_ = layout_.tearsWords_ = false;
-    placements_.clear();
     paragraph_ = firstSize_ = 0;
     bottom_ = spacing_ = paragraphSpacing_ = 0;
   }
@@ -210,14 +204,18 @@ class TextLayout::Filler {
   // Makes the line as high as these clusters are, and returns the size span of the last.
   std::size_t raise(TextLine& line, std::uint32_t first, std::uint32_t end) {
     std::size_t size = firstSize_;
-    std::uint32_t run = 0;
-    for (std::uint32_t i = first; i < end; ++i) {
-      const std::size_t sizeHere = spanAt<TextSizeSpan>(sizes_, size, clusters_[i].begin);
-      if (i == first || sizeHere != size || clusters_[i].run != run) {
-        size = sizeHere;
-        run = clusters_[i].run;
-        raise(line, sizes_[size].metrics, sizes_[size]);
-        raise(line, runs_[run].metrics, sizes_[size]);
+    for (std::uint32_t i = first; i < end;) {
+      size = spanAt<TextSizeSpan>(sizes_, size, clusters_[i].begin);
+      const ShapedRun& run = runs_[clusters_[i].run];
+      raise(line, sizes_[size].metrics, sizes_[size]);
+      raise(line, run.metrics, sizes_[size]);
+      // On to where the run or the size changes.
+      const std::uint32_t runEnd = std::min(end, run.endCluster);
+      ++i;
+      if (size + 1 == sizes_.size()) {
+        i = std::max(i, runEnd);
+      } else {
+        while (i < runEnd && clusters_[i].begin < sizes_[size].end) ++i;
       }
     }
     return size;
@@ -256,8 +254,9 @@ class TextLayout::Filler {
     spacing_ = styleDistance(style_->lineSpacing());
     paragraphSpacing_ = styleDistance(style_->paragraphSpacing());
     layout_.size_.width = std::max(layout_.size_.width, line.isCut ? options_.width : line.width);
+    line.alignment = style_->alignment();
+    line.isRightToLeft = isRightToLeft;
     layout_.lines_.push_back(line);
-    placements_.push_back({style_->alignment(), isRightToLeft});
   }
 
   // The line that a final line ending opens: as high as the one that it closes.
@@ -271,11 +270,9 @@ class TextLayout::Filler {
 
   void align() {
     const CGFloat width = std::isfinite(options_.width) ? options_.width : layout_.size_.width;
-    for (std::size_t i = 0; i < placements_.size(); ++i) {
-      TextLine& line = layout_.lines_[i];
-      const auto [alignment, isRightToLeft] = placements_[i];
+    for (TextLine& line : layout_.lines_) {
       const CGFloat room = width - line.width;
-      if (alignment == NSTextAlignment::justified && !line.endsParagraph && room > 0) {
+      if (line.alignment == NSTextAlignment::justified && !line.endsParagraph && room > 0) {
         const auto* first = clusters_.data() + line.firstCluster;
         const auto* end = clusters_.data() + line.endVisibleCluster;
         const auto spaces = std::count_if(first, end, [](const auto& cluster) { return cluster.isSpace; });
@@ -285,7 +282,7 @@ class TextLayout::Filler {
         }
       }
       // Of a line that is cut, its beginning is seen.
-      switch (line.isCut ? sideOf(NSTextAlignment::natural, isRightToLeft) : sideOf(alignment, isRightToLeft)) {
+      switch (sideOf(line.isCut ? NSTextAlignment::natural : line.alignment, line.isRightToLeft)) {
         case Side::left:
           break;
         case Side::center:
@@ -305,7 +302,6 @@ class TextLayout::Filler {
   std::span<const ParagraphSpan> paragraphs_;
   const Options& options_;
   CGFloat room_;
-  std::vector<Placement> placements_;
   std::shared_ptr<const NSParagraphStyle> style_;
   std::size_t paragraph_ = 0;
   std::size_t firstSize_ = 0;  // the size span of the line's first cluster
