@@ -54,7 +54,9 @@ class TextLayout::Filler {
         sizes_(layout.sizes_),
         paragraphs_(paragraphs),
         options_(options),
-        room_(options.limits ? options.width + kRounding : options.width) {}
+        width_(options.width > 0 ? options.width : 0),
+        scale_(distance(options.scale)),
+        room_(options.limits ? width_ + kRounding : width_) {}
 
   void fill() {
     std::size_t most = options_.limits ? std::max<std::size_t>(options_.limits->lines, 1) : SIZE_MAX;
@@ -68,17 +70,11 @@ class TextLayout::Filler {
   }
 
  private:
-  struct Placement {
-    NSTextAlignment alignment;
-    bool isRightToLeft;
-  };
-
   void startAnew() {
     layout_.lines_.clear();
     layout_.omission_.reset();
     layout_.size_ = {};
     layout_.isTruncated_ = layout_.tearsWords_ = false;
-    placements_.clear();
     paragraph_ = firstSize_ = 0;
     bottom_ = spacing_ = paragraphSpacing_ = 0;
   }
@@ -210,14 +206,18 @@ class TextLayout::Filler {
   // Makes the line as high as these clusters are, and returns the size span of the last.
   std::size_t raise(TextLine& line, std::uint32_t first, std::uint32_t end) {
     std::size_t size = firstSize_;
-    std::uint32_t run = 0;
-    for (std::uint32_t i = first; i < end; ++i) {
-      const std::size_t sizeHere = spanAt<TextSizeSpan>(sizes_, size, clusters_[i].begin);
-      if (i == first || sizeHere != size || clusters_[i].run != run) {
-        size = sizeHere;
-        run = clusters_[i].run;
-        raise(line, sizes_[size].metrics, sizes_[size]);
-        raise(line, runs_[run].metrics, sizes_[size]);
+    for (std::uint32_t i = first; i < end;) {
+      size = spanAt<TextSizeSpan>(sizes_, size, clusters_[i].begin);
+      const ShapedRun& run = runs_[clusters_[i].run];
+      raise(line, sizes_[size].metrics, sizes_[size]);
+      raise(line, run.metrics, sizes_[size]);
+      // On to where the run or the size changes.
+      const std::uint32_t runEnd = std::min(end, run.endCluster);
+      ++i;
+      if (size + 1 == sizes_.size()) {
+        i = std::max(i, runEnd);
+      } else {
+        while (i < runEnd && clusters_[i].begin < sizes_[size].end) ++i;
       }
     }
     return size;
@@ -229,7 +229,7 @@ class TextLayout::Filler {
     if (options_.usesFontLeading) line.leading = std::max(line.leading, metrics.leading * size.pointSize);
   }
 
-  CGFloat styleDistance(CGFloat points) const { return distance(points) * options_.scale; }
+  CGFloat styleDistance(CGFloat points) const { return distance(points) * scale_; }
 
   // What the paragraph asks for beyond the faces' own height is put above the text.
   void applyRules(TextLine& line) const {
@@ -255,9 +255,10 @@ class TextLayout::Filler {
     bottom_ = line.baseline + line.descent + line.leading;
     spacing_ = styleDistance(style_->lineSpacing());
     paragraphSpacing_ = styleDistance(style_->paragraphSpacing());
-    layout_.size_.width = std::max(layout_.size_.width, line.isCut ? options_.width : line.width);
+    layout_.size_.width = std::max(layout_.size_.width, line.isCut ? width_ : line.width);
+    line.alignment = style_->alignment();
+    line.isRightToLeft = isRightToLeft;
     layout_.lines_.push_back(line);
-    placements_.push_back({style_->alignment(), isRightToLeft});
   }
 
   // The line that a final line ending opens: as high as the one that it closes.
@@ -270,12 +271,10 @@ class TextLayout::Filler {
   }
 
   void align() {
-    const CGFloat width = std::isfinite(options_.width) ? options_.width : layout_.size_.width;
-    for (std::size_t i = 0; i < placements_.size(); ++i) {
-      TextLine& line = layout_.lines_[i];
-      const auto [alignment, isRightToLeft] = placements_[i];
+    const CGFloat width = std::isfinite(width_) ? width_ : layout_.size_.width;
+    for (TextLine& line : layout_.lines_) {
       const CGFloat room = width - line.width;
-      if (alignment == NSTextAlignment::justified && !line.endsParagraph && room > 0) {
+      if (line.alignment == NSTextAlignment::justified && !line.endsParagraph && room > 0) {
         const auto* first = clusters_.data() + line.firstCluster;
         const auto* end = clusters_.data() + line.endVisibleCluster;
         const auto spaces = std::count_if(first, end, [](const auto& cluster) { return cluster.isSpace; });
@@ -285,7 +284,7 @@ class TextLayout::Filler {
         }
       }
       // Of a line that is cut, its beginning is seen.
-      switch (line.isCut ? sideOf(NSTextAlignment::natural, isRightToLeft) : sideOf(alignment, isRightToLeft)) {
+      switch (sideOf(line.isCut ? NSTextAlignment::natural : line.alignment, line.isRightToLeft)) {
         case Side::left:
           break;
         case Side::center:
@@ -304,8 +303,9 @@ class TextLayout::Filler {
   std::span<const TextSizeSpan> sizes_;
   std::span<const ParagraphSpan> paragraphs_;
   const Options& options_;
+  CGFloat width_;
+  CGFloat scale_;
   CGFloat room_;
-  std::vector<Placement> placements_;
   std::shared_ptr<const NSParagraphStyle> style_;
   std::size_t paragraph_ = 0;
   std::size_t firstSize_ = 0;  // the size span of the line's first cluster
@@ -318,17 +318,14 @@ TextLayout::TextLayout(std::shared_ptr<const ShapedText> text, std::span<const T
                        std::span<const ParagraphSpan> paragraphs, const Options& options)
     : text_(std::move(text)), sizes_(sizes.begin(), sizes.end()) {
   if (!text_ || text_->clusters.empty() || sizes_.empty()) return;
-  Options repaired = options;
-  if (!(repaired.width > 0)) repaired.width = 0;
-  repaired.scale = distance(repaired.scale);
-  const CGFloat scale = repaired.scale;
+  const CGFloat scale = distance(options.scale);
   for (TextSizeSpan& size : sizes_) {
     size.pointSize = distance(size.pointSize) * scale;
     size.kern = finite(size.kern) * scale;
     size.baselineOffset = finite(size.baselineOffset) * scale;
   }
-  room_ = repaired.width;
-  Filler(*this, paragraphs, repaired).fill();
+  room_ = options.width > 0 ? options.width : 0;
+  Filler(*this, paragraphs, options).fill();
 }
 
 }  // namespace Brisel::Platform

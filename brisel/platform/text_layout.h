@@ -51,7 +51,9 @@ struct TextLine {
   CGFloat leading = 0;                  // below the descent, where the fonts' leading counts
   CGFloat extraPerSpace = 0;            // what justification adds to each space
   bool endsParagraph = false;
-  bool isCut = false;  // wider than there is room, and drawn only as far as that
+  bool isCut = false;                                    // wider than there is room, and drawn only as far as that
+  NSTextAlignment alignment = NSTextAlignment::natural;  // of its paragraph
+  bool isRightToLeft = false;                            // its paragraph is
 };
 
 /// Where the last line leaves text out, and what stands there instead.
