@@ -30,12 +30,13 @@ void ConstraintSolver::findCost(Slot parametric, bool rises, SparseVector& cost)
 }
 
 // Whether moving a parametric residual costs more than `cost`, as far as one sees it without adding up: it does where
-// its own cost is more important than all of `cost`, and no slope of its level may cancel it. What the slopes of more
-// important levels add can only be more, as no cost is below zero.
+// its own cost is more important than all of `cost`, and no slope of its level may cancel it; stays and required
+// constraints have levels of their own. What the slopes of more important levels add can only be more, as no cost is
+// below zero.
 bool ConstraintSolver::isDearer(Slot parametric, bool rises, const SparseVector& cost) const {
   const Residual& residual = residuals_[parametric];
   return (rises ? residual.up : residual.down) != 0 && (cost.isEmpty() || residual.rank < cost.begin()->key) &&
-         !slopes_.contains(residual.rank);
+         (residual.isStay || residual.rank < kOptional || !slopes_.contains(residual.rank));
 }
 
 void ConstraintSolver::setSlope(Residual& residual, double slope) {

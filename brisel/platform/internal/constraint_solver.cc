@@ -20,7 +20,6 @@ namespace Brisel::Platform::internal {
 namespace {
 
 constexpr double kGivesWay = 1e-6;  // points
-constexpr std::uint64_t kOptional = 1ULL << 62U;
 constexpr std::uint64_t kStay = 1ULL << 63U;
 
 // Written so that what is not a number is refused.

@@ -89,7 +89,8 @@ class ConstraintSolver {
 
  private:
   using Slot = std::uint32_t;
-  using Rank = std::uint64_t;  // the level of a constraint: the less, the more important
+  using Rank = std::uint64_t;                     // the level of a constraint: the less, the more important
+  static constexpr Rank kOptional = 1ULL << 62U;  // less: required
   enum class Place : std::uint8_t { absent, basic, parametric };
 
   /// What the sum of a constraint comes to, and where that stands in the tableau. Every variable has a constraint of
