@@ -12,7 +12,7 @@ Nesting::Nesting(const UIView& top, const UIView& asked) : top_(&top), asked_(&a
     isOutermostOfTree_ = false;
     isRepeat = isRepeat || at->asked_ == asked_;
   }
-  if (isRepeat) ++repeats_;
+  if (isRepeat || repeats_ > 0) ++repeats_;
   if (outer_) depth_ = outer_->depth_ + 1;
   innermost_ = this;
 }

@@ -30,7 +30,7 @@ class Nesting {
   const UIView* top_;
   const UIView* asked_;
   int depth_ = 1;
-  int repeats_ = 0;  // of this call and those around it, in its tree
+  int repeats_ = 0;  // in its tree, how many of this call and those around it there are from the first repeat on
   bool isOutermostOfTree_ = true;
 };
 
