@@ -1,5 +1,6 @@
 // A screen of rows, each of an icon, a title, a value and a note, laid out by about six constraints a view: after the
-// height of one icon has changed, and for the first time. A dense solver gets the same system.
+// height of one icon has changed, and for the first time. A dense solver gets the same system. And a stack of texts,
+// each below the last, so that the place of each depends on the heights of all before.
 #include <cmath>
 #include <cstddef>
 #include <memory>
@@ -99,6 +100,25 @@ struct Screen {
   std::shared_ptr<NSLayoutConstraint> iconHeight, firstIconHeight;
 };
 
+struct Stack {
+  explicit Stack(std::size_t views) {
+    for (std::size_t index = 0; index < views; ++index) {
+      const auto text = Text::make({titleWidth(index), 17});
+      text->setTranslatesAutoresizingMaskIntoConstraints(false);
+      top->addSubview(text);
+      NSLayoutConstraint::activateConstraints({
+          text->leadingAnchor().constraintEqualToAnchor(top->leadingAnchor(), 16),
+          last ? text->topAnchor().constraintEqualToAnchor(last->bottomAnchor(), 8)
+               : text->topAnchor().constraintEqualToAnchor(top->topAnchor(), 8),
+      });
+      last = text;
+    }
+  }
+
+  std::shared_ptr<UIView> top = UIView::initWithFrame({{0, 0}, {kScreenWidth, 2'000}});
+  std::shared_ptr<UIView> last;
+};
+
 // The same as rows of numbers, in the same order of views.
 DenseLayout denseScreen(std::size_t views) {
   using Relation = DenseLayout::Relation;
@@ -164,14 +184,15 @@ void afterAChange(benchmark::State& state, std::size_t views) {
   benchmark::DoNotOptimize(screen.last->frame());
 }
 
+template <class Tree>
 void afresh(benchmark::State& state, std::size_t views) {
   for (auto _ : state) {
     state.PauseTiming();
-    auto screen = std::make_unique<Screen>(views);
+    auto tree = std::make_unique<Tree>(views);
     state.ResumeTiming();
-    screen->top->layoutIfNeeded();
+    tree->top->layoutIfNeeded();
     state.PauseTiming();
-    screen.reset();
+    tree.reset();
     state.ResumeTiming();
   }
 }
@@ -190,9 +211,9 @@ template <std::size_t views>
 void addChange(const std::string& name) {
   Brisel::Benchmarks::addJob(name.c_str(), [](benchmark::State& state) { afterAChange(state, views); });
 }
-template <std::size_t views>
+template <std::size_t views, class Tree = Screen>
 void addAfresh(const std::string& name) {
-  Brisel::Benchmarks::addJob(name.c_str(), [](benchmark::State& state) { afresh(state, views); });
+  Brisel::Benchmarks::addJob(name.c_str(), [](benchmark::State& state) { afresh<Tree>(state, views); });
 }
 template <std::size_t views>
 void addDense(const std::string& name) {
@@ -214,6 +235,8 @@ bool addRows() {
   addAfresh<20>("constraint_layout_growth_60/20 views");
   addAfresh<120>("constraint_layout_growth_120/ours");
   addAfresh<60>("constraint_layout_growth_120/60 views");
+  addAfresh<120, Stack>("constraint_layout_stack_growth_120/ours");
+  addAfresh<60, Stack>("constraint_layout_stack_growth_120/60 views");
   addChange<120>("constraint_layout_change_growth_120/ours");
   addChange<20>("constraint_layout_change_growth_120/20 views");
   return true;

@@ -1,6 +1,7 @@
 // A tree of views that is changed at random, and the same tree made afresh.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
@@ -15,17 +16,20 @@
 
 namespace Brisel::Tests {
 
-/// A view with a content size and a baseline.
+/// A view with a content size and a baseline, whose content may wrap.
 class ModelView final : public Platform::UIView {
  public:
   static std::shared_ptr<ModelView> make() { return made(std::shared_ptr<ModelView>(new ModelView), {}); }
 
   Platform::CGSize content{Platform::UIViewNoIntrinsicMetric, Platform::UIViewNoIntrinsicMetric};
   Platform::FirstBaseline baseline;
+  double area = 0;  // of a content that wraps, in square points; 0: it does not
   std::function<void()> onLayout;
 
   Platform::CGSize intrinsicContentSize() const override { return content; }
-  Platform::CGSize sizeThatFits(Platform::CGSize) const override { return content; }
+  Platform::CGSize sizeThatFits(Platform::CGSize size) const override {
+    return area > 0 ? Platform::CGSize{size.width, size.width > 0 ? area / size.width : 0} : content;
+  }
   Platform::FirstBaseline firstBaseline() const override { return baseline; }
   void layoutSubviews() override {
     UIView::layoutSubviews();
@@ -34,6 +38,7 @@ class ModelView final : public Platform::UIView {
 
  private:
   ModelView() = default;
+  bool hasHeightForWidth() const override { return area > 0; }
 };
 
 /// One tree and the list of what was done to it. Numbers are small and often equal, so that constraints conflict,
@@ -53,7 +58,7 @@ class ViewTreeModel {
     if (kind < 3) {
       if (views_.size() < kMostViews) addView(i, below(60));
     } else if (kind == 3 && i > 0) {
-      remove(i);
+      below(2) == 0 ? remove(i) : move(i, static_cast<std::size_t>(below(static_cast<int>(i))));
     } else if (kind < 6) {
       const bool stands = i == 0 || below(3) == 0;
       view.view->setTranslatesAutoresizingMaskIntoConstraints(stands);
@@ -61,6 +66,7 @@ class ViewTreeModel {
     } else if (kind == 6) {
       view.view->content = {static_cast<double>(below(40)) - 1, static_cast<double>(below(40)) - 1};
       view.view->baseline = {below(3) * 0.5, static_cast<double>(below(9))};
+      view.view->area = below(2) == 0 && !areAxesTied() ? 400 : 0;
       view.view->invalidateIntrinsicContentSize();
     } else if (kind == 7) {
       const auto axis = static_cast<Platform::UILayoutConstraintAxis>(below(2));
@@ -96,6 +102,7 @@ class ViewTreeModel {
       View& copy = copies.emplace_back(newView());
       copy.view->content = view.view->content;
       copy.view->baseline = view.view->baseline;
+      copy.view->area = view.view->area;
       copy.view->setFrame(view.frame);
       copy.view->setTranslatesAutoresizingMaskIntoConstraints(view.view->translatesAutoresizingMaskIntoConstraints());
       copy.view->setSemanticContentAttribute(view.view->semanticContentAttribute());
@@ -181,6 +188,12 @@ class ViewTreeModel {
     forgetInactive();
   }
 
+  // Below a view that is older, as the copies are made in this order.
+  void move(std::size_t i, std::size_t above) {
+    views_[above].view->addSubview(views_[i].view);
+    forgetInactive();
+  }
+
   void forgetInactive() {
     std::erase_if(constraints_, [](const Constraint& constraint) { return !constraint.constraint->isActive(); });
   }
@@ -198,12 +211,13 @@ class ViewTreeModel {
       };
       return axis == 0 ? any(x) : axis == 1 ? any(text) : axis == 2 ? any(y) : any(size);
     };
-    const Attribute first = attributes(), second = attributes();
+    const Attribute first = attributes(), other = attributes();
+    const Attribute second = tiesAxes(first, other) && isAnyWrapping() ? first : other;
     const bool isSize = first == Attribute::width || first == Attribute::height;
     Constraint constraint;
     constraint.first = {views_[i].view.get(), below(6) == 0};
-    const std::size_t other = static_cast<std::size_t>(below(static_cast<int>(views_.size())));
-    if (!isSize || below(2) == 0) constraint.second = {views_[other].view.get(), below(6) == 0};
+    const std::size_t to = static_cast<std::size_t>(below(static_cast<int>(views_.size())));
+    if (!isSize || below(2) == 0) constraint.second = {views_[to].view.get(), below(6) == 0};
     const double multiplier = kMultipliers[static_cast<std::size_t>(below(static_cast<int>(kMultipliers.size())))];
     constraint.constraint = Platform::NSLayoutConstraint::constraintWithItem(
         item(views_, constraint.first), first, static_cast<Platform::NSLayoutRelation>(below(3) - 1),
@@ -211,6 +225,22 @@ class ViewTreeModel {
     constraint.constraint->setPriority(priority(below));
     constraint.constraint->setActive(true);
     constraints_.push_back(std::move(constraint));
+  }
+
+  // Where a width depends on a height, and that on a width again, layout comes nearer to an answer and stops; where,
+  // depends on what was before. So the model has views that wrap, or such constraints.
+  static bool tiesAxes(Platform::NSLayoutAttribute first, Platform::NSLayoutAttribute second) {
+    const auto isHeight = [](auto attribute) { return attribute == Platform::NSLayoutAttribute::height; };
+    const auto isWidth = [](auto attribute) { return attribute == Platform::NSLayoutAttribute::width; };
+    return (isWidth(first) && isHeight(second)) || (isHeight(first) && isWidth(second));
+  }
+  bool areAxesTied() const {
+    return std::any_of(constraints_.begin(), constraints_.end(), [](const Constraint& constraint) {
+      return tiesAxes(constraint.constraint->firstAttribute(), constraint.constraint->secondAttribute());
+    });
+  }
+  bool isAnyWrapping() const {
+    return std::any_of(views_.begin(), views_.end(), [](const View& view) { return view.view->area > 0; });
   }
 
   static constexpr std::size_t kNone = static_cast<std::size_t>(-1);

@@ -19,9 +19,7 @@
 namespace Brisel::Platform::internal {
 namespace {
 
-constexpr double kNoise = 1e-9;     // of values, in points, and of ratios, relatively
 constexpr double kGivesWay = 1e-6;  // points
-constexpr std::uint64_t kOptional = 1ULL << 62U;
 constexpr std::uint64_t kStay = 1ULL << 63U;
 
 // Written so that what is not a number is refused.
@@ -30,7 +28,19 @@ bool isWithin(double number, double largest) { return std::fabs(number) <= large
 // Layouts live on halves, quarters and whole points, and should come out as such.
 double cleaned(double value) {
   const double near = std::round(value * 1024) / 1024;
-  return std::fabs(near - value) < kNoise ? near + 0.0 : value;
+  return std::fabs(near - value) < ConstraintSolver::kNoise ? near + 0.0 : value;
+}
+
+// The place of an element that is free, or of a new one.
+template <class Element>
+std::uint32_t takeFree(std::vector<Element>& elements, std::vector<std::uint32_t>& free) {
+  if (free.empty()) {
+    elements.emplace_back();
+    return static_cast<std::uint32_t>(elements.size() - 1);
+  }
+  const std::uint32_t last = free.back();
+  free.pop_back();
+  return last;
 }
 
 }  // namespace
@@ -46,7 +56,7 @@ ConstraintSolver::Variable ConstraintSolver::addVariable(double rest, Order orde
   stay.rank = kStay + (order == kAsAdded ? stay.age : order);
   stay.up = stay.down = 1;
   stay.isStay = true;
-  stay.place = Place::parametric;
+  makeParametric(stay);
   stay.solution = rest;
   return {slot, stay.age};
 }
@@ -137,13 +147,7 @@ void ConstraintSolver::edit(Slot slot, double constant) {
 }
 
 ConstraintSolver::Slot ConstraintSolver::newSlot() {
-  Slot slot = static_cast<Slot>(residuals_.size());
-  if (freeSlots_.empty()) {
-    residuals_.emplace_back();
-  } else {
-    slot = freeSlots_.back();
-    freeSlots_.pop_back();
-  }
+  const Slot slot = takeFree(residuals_, freeSlots_);
   residuals_[slot].age = ++lastAge_;
   return slot;
 }
@@ -188,20 +192,27 @@ void ConstraintSolver::takeOutRemoved() {
     residual.up = residual.down = 0;
     setSlope(residual, 0);
     if (residual.place == Place::parametric) wrongCosts_.push(due(slot));
-    for (const Slot column : residual.mentions) wrongCosts_.push(due(column));
+    if (residual.place != Place::basic) continue;
+    for (const Slot column : rows_[residual.line].mentions) wrongCosts_.push(dueOf(column));
   }
   bool isWhole = primalSimplex();
   for (const Slot slot : removed_) {
     Residual& residual = residuals_[slot];
     if (residual.isStay) continue;
     isWhole = isWhole && residual.place != Place::parametric;
-    for (const Slot column : residual.mentions) residuals_[column].column.erase(slot);
-    residual.mentions.clear();
+    if (residual.place != Place::basic) continue;
+    Row& row = rows_[residual.line];
+    for (const Slot column : row.mentions) columns_[column].shares.erase(residual.line);
+    row.mentions.clear();
+    freeRows_.push_back(residual.line);
   }
   for (const Slot slot : removed_) {
     // With the constraints on it gone, a variable stands alone: its stay is parametric, and moves nothing else.
     Residual& residual = residuals_[slot];
-    if (residual.isStay) isWhole = isWhole && residual.place == Place::parametric && residual.column.isEmpty();
+    if (residual.isStay) {
+      isWhole = isWhole && residual.place == Place::parametric && columns_[residual.line].shares.isEmpty();
+      freeColumns_.push_back(residual.line);
+    }
     residual = Residual{};
     freeSlots_.push_back(slot);
   }
@@ -218,10 +229,12 @@ void ConstraintSolver::takeInEdited() {
       residual.value += change;
       checkSign(slot);
     }
+    if (residual.place != Place::parametric) continue;
     // It stays zero, so all else moves.
-    for (const auto& [row, factor] : residual.column) {
-      residuals_[row].value -= factor * change;
-      checkSign(static_cast<Slot>(row));
+    for (const auto& [row, factor] : columns_[residual.line].shares) {
+      const Slot basic = rows_[row].owner;
+      residuals_[basic].value -= factor * change;
+      checkSign(basic);
     }
   }
   edited_.clear();
@@ -241,21 +254,34 @@ bool ConstraintSolver::takeInAdded() {
   return isSolved;
 }
 
+// Gives a stay a column of its own.
+void ConstraintSolver::makeParametric(Residual& stay) {
+  stay.place = Place::parametric;
+  stay.line = takeFree(columns_, freeColumns_);
+  columns_[stay.line].owner = static_cast<Slot>(&stay - residuals_.data());
+}
+
 // Makes a residual basic: its terms over variables become terms over parametric residuals. It starts with a slope of
 // zero, which upsets no costs; the dual simplex finds the right one.
 void ConstraintSolver::insertRow(Slot slot) {
   Residual& residual = residuals_[slot];
   residual.constant = residual.nextConstant;
-  SparseVector row;
+  residual.line = takeFree(rows_, freeRows_);
+  Row& row = rows_[residual.line];
+  row.owner = slot;
+  SparseVector sum;  // over columns
   for (const auto& [stay, coefficient] : residual.terms) {
-    if (residuals_[stay].place == Place::parametric) row.append(stay, coefficient);
-    for (const Slot column : residuals_[stay].mentions)
-      row.append(column, coefficient * residuals_[column].column[stay]);
+    const Slot line = residuals_[stay].line;
+    if (residuals_[stay].place == Place::parametric) {
+      sum.append(line, coefficient);
+      continue;
+    }
+    for (const Slot column : rows_[line].mentions) sum.append(column, coefficient * columns_[column].shares[line]);
   }
-  row.addUp();
-  for (const auto& [column, factor] : row) {
-    residuals_[column].column.insert(slot, factor);
-    residual.mentions.push_back(static_cast<Slot>(column));
+  sum.addUp();
+  for (const auto& [column, factor] : sum) {
+    columns_[column].shares.insert(residual.line, factor);
+    row.mentions.push_back(static_cast<Slot>(column));
   }
   residual.place = Place::basic;
   residual.slope = 0;
@@ -268,11 +294,14 @@ void ConstraintSolver::rebuild() {
   wrongSigns_ = {};
   wrongCosts_ = {};
   slopes_.clear();
+  columns_.clear();
+  rows_.clear();
+  freeColumns_.clear();
+  freeRows_.clear();
   for (Residual& residual : residuals_) {
-    residual.place = residual.isStay ? Place::parametric : Place::absent;
+    residual.place = Place::absent;
     residual.value = residual.slope = 0;
-    residual.mentions.clear();
-    residual.column.clear();
+    if (residual.isStay) makeParametric(residual);
   }
   stepsLeft_ = stepLimit();
   added_.clear();
@@ -289,7 +318,8 @@ bool ConstraintSolver::refine() {
     const double lost = evaluate(residual);
     if (lost == 0) continue;
     isExact = isExact && isWithin(lost, kGivesWay * (1 + std::fabs(residual.constant)));
-    for (const auto& [row, factor] : residual.column) residuals_[row].value -= factor * lost;
+    for (const auto& [row, factor] : columns_[residual.line].shares)
+      residuals_[rows_[row].owner].value -= factor * lost;
   }
   for (Residual& residual : residuals_) {
     if (residual.place == Place::basic && !residual.isStay) residual.value = evaluate(residual);
@@ -306,185 +336,6 @@ double ConstraintSolver::evaluate(const Residual& residual) const {
   for (const auto& [stay, coefficient] : residual.terms)
     sum += coefficient * (residuals_[stay].value - residuals_[stay].constant);
   return sum;
-}
-
-// The tableau
-
-// Whether a basic residual is on a side of zero other than that whose cost is counted.
-bool ConstraintSolver::hasWrongSign(const Residual& residual) {
-  return residual.place == Place::basic && ((residual.value > kNoise && residual.slope < residual.up) ||
-                                            (residual.value < -kNoise && residual.slope > -residual.down));
-}
-
-void ConstraintSolver::checkSign(Slot slot) {
-  if (hasWrongSign(residuals_[slot])) wrongSigns_.push(due(slot));
-}
-
-// What it costs at each level to move a parametric residual by one point.
-void ConstraintSolver::findCost(Slot parametric, bool rises, SparseVector& cost) const {
-  const Residual& residual = residuals_[parametric];
-  cost.clear();
-  if (const double own = rises ? residual.up : residual.down; own != 0) cost.append(residual.rank, own);
-  for (const auto& [slot, factor] : residual.column)
-    if (const double slope = residuals_[slot].slope; slope != 0)
-      cost.append(residuals_[slot].rank, rises ? slope * factor : -slope * factor);
-  cost.addUp();
-}
-
-// Whether moving a parametric residual costs more than `cost`, as far as one sees it without adding up: where none of
-// the slopes is as important as the residual, its own cost comes first.
-bool ConstraintSolver::isDearer(Slot parametric, bool rises, const SparseVector& cost) const {
-  const Residual& residual = residuals_[parametric];
-  return (rises ? residual.up : residual.down) != 0 && (cost.isEmpty() || residual.rank < cost.begin()->key) &&
-         (slopes_.empty() || residual.rank < slopes_.begin()->first);
-}
-
-void ConstraintSolver::setSlope(Residual& residual, double slope) {
-  if (residual.slope == 0 && slope != 0) ++slopes_[residual.rank];
-  if (residual.slope != 0 && slope == 0)
-    if (const auto at = slopes_.find(residual.rank); --at->second == 0) slopes_.erase(at);
-  residual.slope = slope;
-}
-
-// Brings all signs into order while no cost is ever below zero. The least row goes first, by a fixed order, as Bland's
-// rule wants it. The number of steps is finite by the lexicographic rule, and is bounded in case rounding errors break
-// it.
-bool ConstraintSolver::dualSimplex() {
-  while (!wrongSigns_.empty()) {
-    const Slot slot = wrongSigns_.top().slot;
-    if (!hasWrongSign(residuals_[slot])) {
-      wrongSigns_.pop();
-      continue;
-    }
-    if (stepsLeft_ == 0) return false;
-    --stepsLeft_;
-    dualStep(slot, stepsLeft_ < stepLimit() / 2);
-  }
-  return true;
-}
-
-// Shifts the slope of a residual towards the side it is on, until it is right or a cost becomes zero: then that column
-// takes its place in the basis, and it becomes zero itself.
-void ConstraintSolver::dualStep(Slot leaving, bool isCautious) {
-  Residual& residual = residuals_[leaving];
-  const bool isAbove = residual.value > 0;
-  const double target = isAbove ? residual.up : -residual.down;
-  least_.clear();
-  least_.insert(residual.rank, std::fabs(target - residual.slope));
-  double leastScale = 1;
-  Slot entering = leaving;
-  bool rises = false;
-  for (const Slot column : residual.mentions) {
-    const double factor = residuals_[column].column[leaving];
-    const double scale = std::fabs(factor);
-    const bool wouldRise = (factor < 0) == isAbove;
-    if (scale < kNoise || isDearer(column, wouldRise, least_)) continue;
-    findCost(column, wouldRise, candidate_);
-    const int order = SparseVector::compare(candidate_, scale, least_, leastScale, kNoise);
-    // Of ratios that rounding errors make equal, the largest pivot keeps the errors small.
-    const bool isBetter = entering != leaving && (isCautious ? due(column) < due(entering) : scale > leastScale);
-    if (order > 0 || (order == 0 && !isBetter)) continue;
-    std::swap(least_, candidate_);
-    leastScale = scale;
-    entering = column;
-    rises = wouldRise;
-  }
-  if (entering == leaving) {
-    setSlope(residual, target);
-  } else {
-    pivot(leaving, entering, rises);
-  }
-}
-
-// Brings all costs to zero or above while all signs stay right; needed only where something was removed.
-bool ConstraintSolver::primalSimplex() {
-  while (!wrongCosts_.empty()) {
-    const Slot slot = wrongCosts_.top().slot;
-    wrongCosts_.pop();
-    for (const bool rises : {true, false}) {
-      if (residuals_[slot].place != Place::parametric) break;
-      findCost(slot, rises, least_);
-      if (!least_.isNegative()) continue;
-      if (stepsLeft_ == 0 || !primalStep(slot, rises)) return false;
-      --stepsLeft_;
-    }
-  }
-  return true;
-}
-
-// Moves a parametric residual while this saves costs: past zeros of basic residuals, whose costs then bend upwards, to
-// the one where it would begin to cost. False where there is none, which only rounding errors can bring about.
-bool ConstraintSolver::primalStep(Slot entering, bool rises) {
-  struct Bend {
-    double distance;
-    Due due;
-    double slope;   // beyond it
-    double change;  // of the cost, at the residual's rank
-  };
-  std::vector<Bend> bends;
-  for (const auto& [slot, factor] : residuals_[entering].column) {
-    const Residual& residual = residuals_[slot];
-    const bool climbs = (factor > 0) == rises;
-    const double slope = climbs ? residual.up : -residual.down;
-    const double scale = std::fabs(factor);
-    if (slope == residual.slope || scale < kNoise) continue;
-    const double distance = (climbs ? -residual.value : residual.value) / scale;
-    bends.push_back(
-        {std::max(0.0, distance), due(static_cast<Slot>(slot)), slope, scale * std::fabs(slope - residual.slope)});
-  }
-  std::sort(bends.begin(), bends.end(), [](const Bend& a, const Bend& b) {
-    return a.distance != b.distance ? a.distance < b.distance : a.due < b.due;
-  });
-  for (const Bend& bend : bends) {
-    Residual& residual = residuals_[bend.due.slot];
-    for (const Slot column : residual.mentions) wrongCosts_.push(due(column));
-    least_.add(bend.due.rank, bend.change);
-    if (!least_.isNegative()) {
-      pivot(bend.due.slot, entering, rises);
-      return true;
-    }
-    setSlope(residual, bend.slope);
-  }
-  return false;
-}
-
-// Exchanges a basic residual, which becomes zero, for a parametric one, which then counts the cost of the given side.
-void ConstraintSolver::pivot(Slot leaving, Slot entering, bool rises) {
-  Residual& out = residuals_[leaving];
-  Residual& in = residuals_[entering];
-  SparseVector column = std::move(in.column);
-  in.column.clear();
-  const double factor = column[leaving];
-  column.erase(leaving);
-  in.place = Place::basic;
-  in.value = -out.value / factor;
-  setSlope(in, rises ? in.up : -in.down);
-  for (const auto& [row, share] : column) {
-    Residual& basic = residuals_[row];
-    basic.value += share * in.value;
-    std::replace(basic.mentions.begin(), basic.mentions.end(), entering, leaving);
-    checkSign(static_cast<Slot>(row));
-  }
-  checkSign(entering);
-  column.insert(entering, 1);
-  column.divide(factor);
-  in.mentions.assign(1, leaving);
-  for (const Slot other : out.mentions) {
-    if (other == entering) continue;
-    SparseVector& target = residuals_[other].column;
-    const double share = target[leaving];
-    target.erase(leaving);
-    target.addMultiple(-share, column, scratch_, [this, other](std::uint64_t row, bool isThere) {
-      std::vector<Slot>& mentions = residuals_[row].mentions;
-      if (!isThere) *std::find(mentions.begin(), mentions.end(), other) = mentions.back();
-      isThere ? mentions.push_back(other) : mentions.pop_back();
-    });
-  }
-  out.mentions.clear();
-  out.column = std::move(column);
-  out.place = Place::parametric;
-  out.value = 0;
-  setSlope(out, 0);
 }
 
 }  // namespace Brisel::Platform::internal

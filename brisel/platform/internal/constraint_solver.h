@@ -52,6 +52,7 @@ class ConstraintSolver {
   static constexpr double kLargestCoefficient = 1e6;
   static constexpr double kSmallestCoefficient = 1e-6;  // besides 0
   static constexpr double kLargestConstant = 1e9;       // of rest values too
+  static constexpr double kNoise = 1e-9;                // of values, in points, and of ratios, relatively
 
   /// Where a variable stands among the variables, and a required constraint among the required ones: the lower number
   /// is the first. Below 2^61. Those of one system are all numbered by the caller, each number being given once, or
@@ -88,7 +89,8 @@ class ConstraintSolver {
 
  private:
   using Slot = std::uint32_t;
-  using Rank = std::uint64_t;  // the level of a constraint: the less, the more important
+  using Rank = std::uint64_t;                     // the level of a constraint: the less, the more important
+  static constexpr Rank kOptional = 1ULL << 62U;  // less: required
   enum class Place : std::uint8_t { absent, basic, parametric };
 
   /// What the sum of a constraint comes to, and where that stands in the tableau. Every variable has a constraint of
@@ -105,12 +107,21 @@ class ConstraintSolver {
     std::uint32_t uses = 0;  // of a stay: how many constraints mention its variable
 
     Place place = Place::absent;
-    double value = 0;            // basic: at this vertex; parametric: 0
-    double slope = 0;            // basic: the cost per point that is counted, -down … up
-    std::vector<Slot> mentions;  // basic: the columns with an entry for it, in no particular order
-    SparseVector column;         // parametric: what it adds to the basic residuals, over their slots
+    Slot line = 0;     // basic: its row; parametric: its column
+    double value = 0;  // basic: at this vertex; parametric: 0
+    double slope = 0;  // basic: the cost per point that is counted, -down … up
 
     double solution = 0;  // of a stay: its variable's value at the last `solve`
+  };
+  /// The tableau: of each parametric residual what it adds to the basic ones. A pivot exchanges the owners of a row and
+  /// a column, so that what refers to these need not know of it.
+  struct Column {
+    Slot owner = 0;
+    SparseVector shares;  // over rows
+  };
+  struct Row {
+    Slot owner = 0;
+    std::vector<Slot> mentions;  // the columns with an entry for it, in no particular order
   };
   struct Due {
     Rank rank = 0;
@@ -123,9 +134,11 @@ class ConstraintSolver {
 
   bool isKnown(std::uint32_t slot, std::uint64_t age, bool isStay) const;
   Slot newSlot();
+  void makeParametric(Residual& stay);
   void edit(Slot slot, double constant);
   void forget(Slot slot);
   Due due(Slot slot) const { return {residuals_[slot].rank, residuals_[slot].age, slot}; }
+  Due dueOf(Slot column) const { return due(columns_[column].owner); }
 
   void takeOutRemoved();
   void takeInEdited();
@@ -149,7 +162,9 @@ class ConstraintSolver {
   std::size_t stepLimit() const { return 64 + 4 * residuals_.size(); }
 
   std::vector<Residual> residuals_;
-  std::vector<Slot> freeSlots_;
+  std::vector<Column> columns_;  // as many in use as there are variables
+  std::vector<Row> rows_;
+  std::vector<Slot> freeSlots_, freeColumns_, freeRows_;
   std::uint64_t lastAge_ = 0;
   std::vector<Slot> removed_, added_, edited_;  // since the last solve
   std::map<Rank, std::size_t> slopes_;          // how many basic residuals of a level have a slope

@@ -13,7 +13,10 @@ double SparseVector::operator[](std::uint64_t key) const {
   return at != entries_.end() && at->key == key ? at->amount : 0;
 }
 
-void SparseVector::insert(std::uint64_t key, double amount) { entries_.insert(place(key), {key, amount}); }
+void SparseVector::insert(std::uint64_t key, double amount) {
+  const bool isLast = entries_.empty() || entries_.back().key < key;  // as a new one mostly is
+  entries_.insert(isLast ? entries_.end() : place(key), {key, amount});
+}
 
 void SparseVector::erase(std::uint64_t key) {
   if (const auto at = place(key); at != entries_.end() && at->key == key) entries_.erase(at);

@@ -26,6 +26,8 @@ class SparseVector {
   double operator[](std::uint64_t key) const;
   /// Puts an amount under a key that has none.
   void insert(std::uint64_t key, double amount);
+  /// Puts another amount under a key that has one.
+  void set(std::uint64_t key, double amount) { place(key)->amount = amount; }
   void erase(std::uint64_t key);
   void add(std::uint64_t key, double amount);
   void divide(double divisor);
@@ -58,6 +60,7 @@ class SparseVector {
 
 template <class Changed>
 void SparseVector::addMultiple(double factor, const SparseVector& other, SparseVector& scratch, Changed changed) {
+  if (other.isEmpty()) return;
   std::vector<Entry>& merged = scratch.entries_;
   merged.clear();
   merged.reserve(entries_.size() + other.entries_.size());

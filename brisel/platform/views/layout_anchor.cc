@@ -1,29 +1,42 @@
 #include "brisel/platform/views/layout_anchor.h"
 
+#include "brisel/platform/fatal_error.h"
 #include "brisel/platform/views/internal/view_layout.h"
 #include "brisel/platform/views/layout_constraint.h"
 
 namespace Brisel::Platform {
 
+namespace {
+
+// Without its item, an anchor would be taken for none, and what it is compared with for a constant.
+template <class Anchor>
+std::shared_ptr<LayoutItem> itemOf(const Anchor& anchor) {
+  auto item = anchor.item();
+  if (!item) fatalError("A constraint cannot be made to an anchor whose item has been freed");
+  return item;
+}
+
+}  // namespace
+
 template <class Kind>
 std::shared_ptr<NSLayoutConstraint> NSLayoutAnchor<Kind>::constraintEqualToAnchor(const Kind& anchor,
                                                                                   CGFloat constant) const {
-  return NSLayoutConstraint::constraintWithItem(item(), attribute_, NSLayoutRelation::equal, anchor.item(),
+  return NSLayoutConstraint::constraintWithItem(itemOf(*this), attribute_, NSLayoutRelation::equal, itemOf(anchor),
                                                 anchor.attribute(), 1, constant);
 }
 
 template <class Kind>
 std::shared_ptr<NSLayoutConstraint> NSLayoutAnchor<Kind>::constraintGreaterThanOrEqualToAnchor(const Kind& anchor,
                                                                                                CGFloat constant) const {
-  return NSLayoutConstraint::constraintWithItem(item(), attribute_, NSLayoutRelation::greaterThanOrEqual, anchor.item(),
-                                                anchor.attribute(), 1, constant);
+  return NSLayoutConstraint::constraintWithItem(itemOf(*this), attribute_, NSLayoutRelation::greaterThanOrEqual,
+                                                itemOf(anchor), anchor.attribute(), 1, constant);
 }
 
 template <class Kind>
 std::shared_ptr<NSLayoutConstraint> NSLayoutAnchor<Kind>::constraintLessThanOrEqualToAnchor(const Kind& anchor,
                                                                                             CGFloat constant) const {
-  return NSLayoutConstraint::constraintWithItem(item(), attribute_, NSLayoutRelation::lessThanOrEqual, anchor.item(),
-                                                anchor.attribute(), 1, constant);
+  return NSLayoutConstraint::constraintWithItem(itemOf(*this), attribute_, NSLayoutRelation::lessThanOrEqual,
+                                                itemOf(anchor), anchor.attribute(), 1, constant);
 }
 
 template class NSLayoutAnchor<NSLayoutXAxisAnchor>;
@@ -34,14 +47,14 @@ namespace {
 
 std::shared_ptr<NSLayoutConstraint> sizeConstraint(const NSLayoutDimension& dimension, NSLayoutRelation relation,
                                                    CGFloat constant) {
-  return NSLayoutConstraint::constraintWithItem(dimension.item(), dimension.attribute(), relation, nullptr,
+  return NSLayoutConstraint::constraintWithItem(itemOf(dimension), dimension.attribute(), relation, nullptr,
                                                 NSLayoutAttribute::notAnAttribute, 1, constant);
 }
 
 std::shared_ptr<NSLayoutConstraint> ratioConstraint(const NSLayoutDimension& dimension, NSLayoutRelation relation,
                                                     const NSLayoutDimension& other, CGFloat multiplier,
                                                     CGFloat constant) {
-  return NSLayoutConstraint::constraintWithItem(dimension.item(), dimension.attribute(), relation, other.item(),
+  return NSLayoutConstraint::constraintWithItem(itemOf(dimension), dimension.attribute(), relation, itemOf(other),
                                                 other.attribute(), multiplier, constant);
 }
 

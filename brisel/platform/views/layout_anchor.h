@@ -35,7 +35,7 @@ enum class NSLayoutAttribute : std::uint8_t {
 };
 
 /// An edge, a centre or a size of a view or a layout guide, which it holds weakly. The constraints that it makes are
-/// not active yet.
+/// not active yet. To make one from or to an anchor whose item has been freed is a programming error.
 template <class Kind>
 class NSLayoutAnchor {
  public:

@@ -109,6 +109,22 @@ TEST_F(LayoutConstraint, EndsTheProcessWhereItCannotBeActivated) {
   EXPECT_DEATH(second->setActive(true), "has been freed");
 }
 
+TEST_F(LayoutConstraint, EndsTheProcessWhereAnAnchorHasLostItsItem) {
+  auto freed = UIView::initWithFrame();
+  const auto width = freed->widthAnchor();
+  const auto top = freed->topAnchor();
+  freed = nullptr;
+  EXPECT_DEATH(view->widthAnchor().constraintEqualToAnchor(width, 2, 5), "has been freed");
+  EXPECT_DEATH(view->topAnchor().constraintEqualToAnchor(top), "has been freed");
+  EXPECT_DEATH(view->topAnchor().constraintGreaterThanOrEqualToAnchor(top), "has been freed");
+  EXPECT_DEATH(view->topAnchor().constraintLessThanOrEqualToAnchor(top), "has been freed");
+  EXPECT_DEATH(width.constraintEqualToConstant(5), "has been freed");
+  EXPECT_EQ(NSLayoutConstraint::constraintWithItem(view, NSLayoutAttribute::width, NSLayoutRelation::equal, nullptr,
+                                                   NSLayoutAttribute::width, 2, 5)
+                ->constant(),
+            5);
+}
+
 // Ownership
 
 TEST_F(LayoutConstraint, IsOwnedByItsHolderWhileActive) {

@@ -40,6 +40,7 @@ class TestBox final : public UIView {
   }
   void setOnLayout(std::function<void()> onLayout) { onLayout_ = std::move(onLayout); }
   void setOnSize(std::function<void()> onSize) { onSize_ = std::move(onSize); }
+  void setOnFit(std::function<void()> onFit) { onFit_ = std::move(onFit); }
   int layouts() const { return layouts_; }
   int sizesAsked() const { return sizesAsked_; }
 
@@ -49,6 +50,7 @@ class TestBox final : public UIView {
     return content_;
   }
   CGSize sizeThatFits(CGSize size) const override {
+    if (onFit_) onFit_();
     return area_ > 0 ? CGSize{size.width, size.width > 0 ? area_ / size.width : 0} : content_;
   }
   FirstBaseline firstBaseline() const override { return baseline_; }
@@ -67,6 +69,7 @@ class TestBox final : public UIView {
   FirstBaseline baseline_;
   std::function<void()> onLayout_;
   std::function<void()> onSize_;
+  std::function<void()> onFit_;
   int layouts_ = 0;
   mutable int sizesAsked_ = 0;
 };

@@ -98,8 +98,8 @@ class UIView : public LayoutItem {
   void setNeedsLayout();
   /// Lays out now: solves the constraints of the whole tree, places its views, and calls `layoutSubviews` of this view
   /// and those below it that need it; again, while that asks for more, up to 16 times. May be called from within
-  /// `layoutSubviews`: then it begins again once, and does nothing where it is the fifth call within another. What is
-  /// left waits for the next layout.
+  /// `layoutSubviews`: then it begins again once, and does nothing where a tree is laid out for the fifth time at once,
+  /// four calls within each other being under way. What is left waits for the next layout.
   void layoutIfNeeded();
   /// Called by layout for a view that needs it: one whose size has changed, or that was told so. Subclasses place here
   /// what constraints do not; they call their base class's first.
@@ -127,7 +127,8 @@ class UIView : public LayoutItem {
   virtual FirstBaseline firstBaseline() const;
 
   /// `systemLayoutSizeFittingSize:`: the size that constraints give the view when it is asked for one as near to this
-  /// as they allow (at `UILayoutPriorityFittingSizeLevel`). Nothing is placed by it.
+  /// as they allow (at `UILayoutPriorityFittingSizeLevel`). Nothing is placed by it. May be called from within
+  /// `intrinsicContentSize`; where views always ask each other again, the answer is in the end the size as it is.
   virtual CGSize systemLayoutSizeFittingSize(CGSize size);
 
   /// `constraints`: those that it holds, in the order of activation.

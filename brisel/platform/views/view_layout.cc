@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "brisel/platform/views/internal/layout_nesting.h"
 #include "brisel/platform/views/layout_guide.h"
 #include "brisel/platform/views/view.h"
 
@@ -29,11 +30,11 @@ void UIView::markAbove(bool UIView::*mark) noexcept {
 }
 
 void UIView::layoutIfNeeded() {
-  const internal::Nesting nesting;
+  const internal::Nesting nesting(top());
   const auto self = weak_from_this().lock();
   if (!self || nesting.isTooDeep()) return;
   internal::ViewLayout::layOut(top());
-  for (int left = nesting.isOutermost() ? kMostRounds : kMostNestedRounds; left > 0; --left) {
+  for (int left = nesting.isOutermostOfTree() ? kMostRounds : kMostNestedRounds; left > 0; --left) {
     if (!needsLayout_ && !needsLayoutBelow_) break;
     layOutSubtree();
     internal::ViewLayout::layOut(top());
@@ -111,7 +112,7 @@ FirstBaseline UIView::firstBaseline() const { return {}; }
 bool UIView::hasHeightForWidth() const { return false; }
 
 CGSize UIView::systemLayoutSizeFittingSize(CGSize size) {
-  const internal::Nesting nesting;
+  const internal::Nesting nesting(top(), *this);
   const auto self = weak_from_this().lock();
   return !self || nesting.isTooDeep() ? frame_.size : internal::ViewLayout::fit(*this, size);
 }

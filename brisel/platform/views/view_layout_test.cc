@@ -2,6 +2,7 @@
 #include "brisel/platform/views/placed_views_test.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <stdexcept>
 #include <vector>
@@ -170,6 +171,86 @@ TEST_F(ViewLayout, GoesOnAfterACallbackHasThrown) {
   top->layoutIfNeeded();
   EXPECT_EQ(low->frame().size.width, 4);
   EXPECT_EQ(low->layouts(), 1);
+}
+
+TEST_F(ViewLayout, AsksAgainWhereMeasuringHasThrown) {
+  setFree(*low);
+  active(low->widthAnchor().constraintEqualToConstant(20));
+  low->setArea(100);
+  low->setOnSize([] { throw std::runtime_error("no"); });
+  EXPECT_THROW(top->layoutIfNeeded(), std::runtime_error);
+  low->setOnSize({});
+  low->setOnFit([] { throw std::runtime_error("no"); });
+  EXPECT_THROW(top->layoutIfNeeded(), std::runtime_error);
+  low->setOnFit({});
+  top->layoutIfNeeded();
+  EXPECT_EQ(low->frame().size, (CGSize{20, 5}));
+}
+
+TEST_F(ViewLayout, ForgetsTheQuestionForASizeThatHasThrown) {
+  active(low->leftAnchor().constraintEqualToAnchor(top->leftAnchor(), 9));
+  low->setOnSize([] { throw std::runtime_error("no"); });
+  EXPECT_THROW(low->systemLayoutSizeFittingSize({300, 300}), std::runtime_error);
+  low->setOnSize({});
+  low->setFrame({{1, 2}, {3, 4}});
+  top->layoutIfNeeded();
+  EXPECT_EQ(low->frame(), (CGRect{{1, 2}, {3, 4}}));
+  setFree(*low);
+  low->setOnSize([] { throw std::runtime_error("no"); });
+  EXPECT_THROW(low->systemLayoutSizeFittingSize({300, 300}), std::runtime_error);
+  low->setOnSize({});
+  for (const auto axis : {UILayoutConstraintAxis::horizontal, UILayoutConstraintAxis::vertical})
+    low->setContentHuggingPriority(1, axis);
+  top->layoutIfNeeded();
+  EXPECT_EQ(low->frame().size, (CGSize{5, 5}));
+}
+
+// A view whose content is a tree of its own.
+class SelfSizing final : public UIView {
+ public:
+  static std::shared_ptr<SelfSizing> make() { return made(std::shared_ptr<SelfSizing>(new SelfSizing), {}); }
+  const std::shared_ptr<UIView>& inner() const { return inner_; }
+  CGSize intrinsicContentSize() const override {
+    return inner_->systemLayoutSizeFittingSize(UILayoutFittingCompressedSize);
+  }
+
+ private:
+  SelfSizing() = default;
+  std::shared_ptr<UIView> inner_ = UIView::initWithFrame({{}, {77, 77}});
+};
+
+// So many of them around a content of 10 × 20 points, each with a point more on all sides.
+std::shared_ptr<UIView> nestedSelfSizing(int depth) {
+  std::shared_ptr<UIView> view = TestBox::make({10, 20});
+  for (; depth > 0; --depth) {
+    const auto around = SelfSizing::make();
+    setFree(*view);
+    around->inner()->addSubview(view);
+    active(view->leftAnchor().constraintEqualToAnchor(around->inner()->leftAnchor(), 1));
+    active(view->topAnchor().constraintEqualToAnchor(around->inner()->topAnchor(), 1));
+    active(view->rightAnchor().constraintEqualToAnchor(around->inner()->rightAnchor(), -1));
+    active(view->bottomAnchor().constraintEqualToAnchor(around->inner()->bottomAnchor(), -1));
+    view = around;
+  }
+  return view;
+}
+
+TEST_F(ViewLayout, FindsTheSizeOfViewsThatLayOutTheirContentHoweverDeep) {
+  for (int depth = 1; depth <= 8; ++depth)
+    EXPECT_EQ(nestedSelfSizing(depth)->intrinsicContentSize(), (CGSize{10.0 + 2 * depth, 20.0 + 2 * depth})) << depth;
+}
+
+TEST_F(ViewLayout, TellsWhereLayoutsNestWithoutEnd) {
+  const LogRecord log;
+  std::vector<std::shared_ptr<TestBox>> boxes;
+  std::function<void()> layOutAnother = [&] {
+    const auto box = boxes.emplace_back(fixedIn(nullptr));
+    box->setOnLayout(layOutAnother);
+    box->layoutIfNeeded();
+  };
+  layOutAnother();
+  EXPECT_EQ(boxes.size(), 65U);
+  EXPECT_EQ(LogRecord::lines().size(), 1U);
 }
 
 TEST_F(ViewLayout, AsksForTheSizeOfAContentOnceUntilItChanges) {

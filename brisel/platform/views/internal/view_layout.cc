@@ -43,6 +43,17 @@ std::shared_ptr<Item> takeLast(std::vector<Item*>& list) {
   return last;
 }
 
+// Asks views. Where they throw, what was to be asked is put back.
+template <class Ask, class PutBack>
+void askOrPutBack(const Ask& ask, const PutBack& putBack) {
+  try {
+    ask();
+  } catch (...) {
+    putBack();
+    throw;
+  }
+}
+
 }  // namespace
 
 ViewLayout::ViewLayout(UIView& top) : top_(&top) { addTree(top); }
@@ -139,6 +150,13 @@ void ViewLayout::leave(LayoutItem& item) {
   if (!placeInHere(item)) return;
   LayoutPlace& place = *item.place_;
   markConstraints(place);
+  // First what mentions the variables, of which the solver would have to go in search.
+  for (const LayoutPlace::Content& content : place.contents) {
+    solver_.removeConstraint(content.hugging);
+    solver_.removeConstraint(content.compression);
+  }
+  for (const NSLayoutConstraint* const constraint : place.constraints)
+    if (constraint->layout_ == this) solver_.removeConstraint(rows_[constraint->row_].handle);
   for (const Solver::Variable variable : {place.width, place.height, place.x, place.y})
     solver_.removeVariable(variable);
   place.x = place.y = {};
@@ -247,26 +265,48 @@ void ViewLayout::layOut(UIView& top) {
   layout->report();
 }
 
-// A view that stands where it was set is free for once.
+// A view that is asked for its size, weakly for this one. If it stands where it was set, it is free for as long.
+class ViewLayout::FreeForOnce {
+ public:
+  FreeForOnce(ViewLayout& layout, UIView& view, CGSize size)
+      : layout_(layout), view_(view), wasFree_(layout.placeInHere(view) != nullptr) {
+    if (!wasFree_) {
+      view.place().rest = view.frame_;
+      layout.enter(view);
+    }
+    layout.isStale_ = true;
+    width_ = ask(view.place_->width, size.width);
+    height_ = ask(view.place_->height, size.height);
+  }
+  FreeForOnce(const FreeForOnce&) = delete;
+  FreeForOnce& operator=(const FreeForOnce&) = delete;
+  ~FreeForOnce() {
+    layout_.solver_.removeConstraint(width_);
+    layout_.solver_.removeConstraint(height_);
+    if (!wasFree_) layout_.leave(view_);
+  }
+
+ private:
+  Solver::Constraint ask(Solver::Variable variable, CGFloat length) {
+    const Solver::Term term{variable, 1};
+    return layout_.solver_
+        .addConstraint({&term, 1}, -cutLength(std::isnan(length) ? 0 : length), Solver::Relation::equal,
+                       UILayoutPriorityFittingSizeLevel)
+        .value_or(Solver::Constraint{});
+  }
+
+  ViewLayout& layout_;
+  UIView& view_;
+  bool wasFree_;
+  Solver::Constraint width_, height_;
+};
+
 CGSize ViewLayout::fit(UIView& view, CGSize size) {
   UIView& top = view.top();
   top.isConstrained_ = true;
   const auto layout = of(top);
   layout->takeInDirections();
-  const bool wasFree = layout->placeInHere(view) != nullptr;
-  if (!wasFree) {
-    view.place().rest = view.frame_;
-    layout->enter(view);
-  }
-  layout->isStale_ = true;
-  const auto ask = [&](Solver::Variable variable, CGFloat length) {
-    const Solver::Term term{variable, 1};
-    return layout->solver_
-        .addConstraint({&term, 1}, -cutLength(std::isnan(length) ? 0 : length), Solver::Relation::equal,
-                       UILayoutPriorityFittingSizeLevel)
-        .value_or(Solver::Constraint{});
-  };
-  const auto width = ask(view.place_->width, size.width), height = ask(view.place_->height, size.height);
+  const FreeForOnce free(*layout, view, size);
   CGSize found = view.frame_.size;
   for (int round = 0; round < kMostRounds && layout->placeInHere(view); ++round) {
     layout->takeIn();
@@ -276,9 +316,6 @@ CGSize ViewLayout::fit(UIView& view, CGSize size) {
              std::max(0.0, layout->solver_.value(view.place_->height))};
     if (!layout->measureHeights()) break;
   }
-  layout->solver_.removeConstraint(width);
-  layout->solver_.removeConstraint(height);
-  if (!wasFree) layout->leave(view);
   return found;
 }
 
@@ -294,11 +331,19 @@ void ViewLayout::takeInDirections() {
 void ViewLayout::takeIn() {
   for (auto left = markedContents_.size(); left > 0 && !markedContents_.empty(); --left) {
     markedContents_.back()->place_->isContentMarked = false;
-    if (const auto view = takeLast(markedContents_)) takeInContent(*view);
+    if (const auto view = takeLast(markedContents_))
+      askOrPutBack([&] { takeInContent(*view); },
+                   [&] {
+                     if (placeInHere(*view)) markContent(*view);
+                   });
   }
   for (auto left = markedRows_.size(); left > 0 && !markedRows_.empty(); --left) {
     rows_[markedRows_.back()->row_].isMarked = false;
-    if (const auto constraint = takeLast(markedRows_)) takeInRow(*constraint);
+    if (const auto constraint = takeLast(markedRows_))
+      askOrPutBack([&] { takeInRow(*constraint); },
+                   [&] {
+                     if (constraint->layout_ == this) markRow(*constraint);
+                   });
   }
 }
 
@@ -438,7 +483,15 @@ bool ViewLayout::measureHeights() {
     if (!placeInHere(*view)) continue;
     const CGFloat width = widthOf(*view);
     view->place_->measuredWidth = width;
-    const CGFloat height = contentLength(view->sizeThatFits({width, Solver::kLargestConstant}).height);
+    CGFloat height = UIViewNoIntrinsicMetric;
+    askOrPutBack(
+        [&] {
+          height = contentLength(view->sizeThatFits({width, Solver::kLargestConstant}).height);
+        },
+        [&] {
+          view->place_->measuredWidth = std::numeric_limits<CGFloat>::quiet_NaN();
+          isStale_ = true;
+        });
     if (!placeInHere(*view) || view->place_->contents[1].size == height) continue;
     setContent(*view, 1, height);
     isStale_ = hasChanged = true;

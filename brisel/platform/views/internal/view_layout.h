@@ -51,25 +51,9 @@ struct LayoutPlace {
   CGSize baselineSize;  // for which the baseline was asked
 };
 
-/// Counts the calls of layout that are under way within each other. What is nested too deeply is not done, so that
-/// callbacks which always ask for more come to an end.
-class Nesting {
- public:
-  Nesting() { ++depth_; }
-  Nesting(const Nesting&) = delete;
-  Nesting& operator=(const Nesting&) = delete;
-  ~Nesting() { --depth_; }
-
-  bool isOutermost() const { return depth_ == 1; }
-  bool isTooDeep() const { return depth_ > kDeepest; }
-
- private:
-  static constexpr int kDeepest = 4;
-  inline static int depth_ = 0;
-};
-
 /// Kept by the top view of a tree in which there are constraints, from the first layout on. Changes are noted, and are
-/// worked in at the next layout, each costing what it touches.
+/// worked in at the next layout. The solver starts from the last solution; besides, a layout after any change looks at
+/// every item once, and at every row where there are baselines.
 class ViewLayout {
  public:
   using Solver = ConstraintSolver;
@@ -128,6 +112,7 @@ class ViewLayout {
   void takeIn();
   void takeInDirections();
   void takeInContent(UIView& view);
+  class FreeForOnce;
   void takeInRow(NSLayoutConstraint& constraint);
   bool measureHeights();
 
