@@ -1,17 +1,20 @@
 #include "brisel/platform/views/label.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <utility>
 
-#include "brisel/platform/font_descriptor.h"
-#include "brisel/platform/screen.h"
+#include "brisel/platform/internal/attribute.h"
+#include "brisel/platform/port.h"
 #include "brisel/platform/views/text_drawing.h"
+#include "brisel/platform/views/view_text.h"
 
 namespace Brisel::Platform {
 namespace {
+
+using internal::roundedUpToPixels;
 
 constexpr CGFloat kDefaultPointSize = 17;
 constexpr CGFloat kInfinity = std::numeric_limits<CGFloat>::infinity();
@@ -24,12 +27,14 @@ struct Shaping {
   std::shared_ptr<const NSAttributedString> text;
   TextSpans spans;
   UIUserInterfaceLayoutDirection fallback;
+  std::uint64_t generation;  // the engine's
   std::shared_ptr<const ShapedText> shaped;
 };
 
 // Whether what `from` was shaped into is what `to` would be: sizes and colours do not matter.
 bool shapesAlike(const Shaping& from, const Shaping& to) {
-  if (from.spans.direction != to.spans.direction || from.fallback != to.fallback) return false;
+  if (from.spans.direction != to.spans.direction || from.fallback != to.fallback || from.generation != to.generation)
+    return false;
   const bool anySize = from.shaped->scalesLinearly;
   const auto isAlike = [anySize](const TypefaceSpan& a, const TypefaceSpan& b) {
     return a.end == b.end && a.typeface == b.typeface && a.usesLigatures == b.usesLigatures &&
@@ -39,18 +44,6 @@ bool shapesAlike(const Shaping& from, const Shaping& to) {
                     to.spans.typefaces.end(), isAlike) &&
          from.text->utf16() == to.text->utf16();
 }
-
-// Up to whole pixels, so that a frame on the pixel grid has room for it. What rounding has left above one does not
-// count.
-CGFloat roundedUp(CGFloat points) {
-  constexpr CGFloat kRounding = 1e-6;
-  if (!(points > 0)) return 0;
-  const CGFloat scale = UIScreen::mainScreen().scale();
-  const CGFloat rounded = std::ceil(points * scale - kRounding) / scale;
-  return std::isfinite(rounded) ? rounded : points;
-}
-
-CGSize roundedUp(CGSize size) { return {roundedUp(size.width), roundedUp(size.height)}; }
 
 // Of text of a height that stands in the middle of its view.
 FirstBaseline centred(CGFloat baseline, CGFloat height) {
@@ -88,8 +81,9 @@ struct UILabel::State {
   // What was made of it. A shaping that is stale may still lend its glyphs to the next.
   std::optional<Shaping> shaping;
   bool shapingIsStale = false;
-  std::optional<CGSize> intrinsicSize;  // not rounded
-  std::shared_ptr<const UIFont> substituteFont;
+  std::optional<CGSize> intrinsicSize;           // not rounded
+  std::shared_ptr<const UIFont> substituteFont;  // the one of this generation of the engine
+  std::uint64_t substituteGeneration = 0;
   std::shared_ptr<const NSParagraphStyle> paragraphStyle;
   struct Drawn {
     CGSize bounds;
@@ -118,9 +112,10 @@ struct UILabel::State {
 
   const std::shared_ptr<const UIFont>& ownFont() {
     if (font) return font;
-    if (!substituteFont) {
-      substituteFont = UIFont::fontWithDescriptor(UIFontDescriptor::fontDescriptorWithName("", kDefaultPointSize),
-                                                  kDefaultPointSize);
+    const std::uint64_t generation = engine().generation();
+    if (!substituteFont || substituteGeneration != generation) {
+      substituteFont = internal::substituteFont(kDefaultPointSize);
+      substituteGeneration = generation;
     }
     return substituteFont;
   }
@@ -144,13 +139,12 @@ struct UILabel::State {
     if (colorIsNewer && textColor) changed->addAttribute(NSForegroundColorAttributeName, Value(textColor), all);
     if (colorIsNewer && !textColor) changed->removeAttribute(NSForegroundColorAttributeName, all);
     if (alignmentIsNewer || lineBreakModeIsNewer) {
-      changed->enumerateAttributesInRange(all, [&](NSRange range, const Dictionary& attributes) {
-        const Value* value = attributes.find(NSParagraphStyleAttributeName);
-        const auto old = value ? value->as<NSParagraphStyle>() : nullptr;
+      changed->changeAttributesInRange(all, [&](NSRange, const Dictionary& attributes) {
+        const auto old = internal::attribute<NSParagraphStyle>(attributes, NSParagraphStyleAttributeName);
         const auto style = (old ? *old : *ownParagraphStyle()).mutableCopy();
         if (alignmentIsNewer) style->setAlignment(textAlignment);
         if (lineBreakModeIsNewer) style->setLineBreakMode(lineBreakMode);
-        changed->addAttribute(NSParagraphStyleAttributeName, Value(style), range);
+        return attributes.with(Value(NSParagraphStyleAttributeName), Value(style));
       });
     }
     setText(changed->copy(), false);
@@ -301,7 +295,7 @@ class UILabel::Typesetter {
     std::optional<Shaping>& kept = state.shaping;
     if (kept && !state.shapingIsStale && kept->fallback == fallback) return *kept;
     const TextDefaults defaults{state.ownFont(), state.textColor, state.ownParagraphStyle()};
-    Shaping next{text, TextSpans(*text, defaults), fallback, nullptr};
+    Shaping next{text, TextSpans(*text, defaults), fallback, engine().generation(), nullptr};
     next.shaped = kept && shapesAlike(*kept, next) ? kept->shaped : shape(*text, next.spans, fallback);
     kept = std::move(next);
     state.shapingIsStale = false;
@@ -339,14 +333,14 @@ CGSize UILabel::intrinsicContentSize() const {
     const bool hasWidth = state.numberOfLines != 1 && state.preferredMaxLayoutWidth > 0;
     state.intrinsicSize = Typesetter(*this).layOut(hasWidth ? state.preferredMaxLayoutWidth : kInfinity).size();
   }
-  return roundedUp(*state.intrinsicSize);
+  return roundedUpToPixels(*state.intrinsicSize);
 }
 
 CGSize UILabel::sizeThatFits(CGSize size) const {
   const State& state = *state_;
   if (!state.text || state.text->length() == 0) return {0, 0};
   const bool hasWidth = state.numberOfLines != 1 && size.width > 0;
-  return roundedUp(Typesetter(*this).layOut(hasWidth ? size.width : kInfinity).size());
+  return roundedUpToPixels(Typesetter(*this).layOut(hasWidth ? size.width : kInfinity).size());
 }
 
 FirstBaseline UILabel::firstBaseline() const {
