@@ -40,7 +40,8 @@ bool cutsPair(std::u16string_view text, std::size_t position) {
 
 }  // namespace
 
-NSAttributedString::NSAttributedString(std::shared_ptr<const Characters> characters, std::vector<AttributeRun> runs)
+NSAttributedString::NSAttributedString(Factory, std::shared_ptr<const Characters> characters,
+                                       std::vector<AttributeRun> runs)
     : characters_(std::move(characters)), runs_(std::move(runs)) {}
 
 std::shared_ptr<const NSAttributedString::Characters> NSAttributedString::charactersOf(std::string_view text) {
@@ -56,7 +57,7 @@ std::shared_ptr<const NSAttributedString> NSAttributedString::initWithString(std
                                                                              const Dictionary& attributes) {
   auto characters = charactersOf(text);
   std::vector<AttributeRun> runs = oneRun(characters->utf16.size(), attributes);
-  return std::shared_ptr<const NSAttributedString>(new NSAttributedString(std::move(characters), std::move(runs)));
+  return std::make_shared<const NSAttributedString>(Factory(), std::move(characters), std::move(runs));
 }
 
 const Dictionary& NSAttributedString::attributesAtIndex(std::size_t index, NSRange* effectiveRange) const {
@@ -76,16 +77,24 @@ std::shared_ptr<const NSAttributedString> NSAttributedString::attributedSubstrin
   range = checked(range);
   std::vector<AttributeRun> runs;
   appendRuns(runs, runs_, range);
-  return std::shared_ptr<const NSAttributedString>(new NSAttributedString(
-      charactersOf(std::u16string(utf16().substr(range.location, range.length))), std::move(runs)));
+  return std::make_shared<const NSAttributedString>(
+      Factory(), charactersOf(std::u16string(utf16().substr(range.location, range.length))), std::move(runs));
 }
 
 std::shared_ptr<NSMutableAttributedString> NSAttributedString::mutableCopy() const {
-  return std::shared_ptr<NSMutableAttributedString>(new NSMutableAttributedString(characters_, runs_));
+  return std::make_shared<NSMutableAttributedString>(Factory(), characters_, runs_);
 }
 
 std::shared_ptr<const NSAttributedString> NSAttributedString::copy() const {
-  return std::shared_ptr<const NSAttributedString>(new NSAttributedString(characters_, runs_));
+  return std::static_pointer_cast<const NSAttributedString>(shared_from_this());
+}
+
+std::shared_ptr<const NSAttributedString> NSMutableAttributedString::copy() const {
+  return std::make_shared<const NSAttributedString>(Factory(), characters_, runs_);
+}
+
+std::shared_ptr<const NSAttributedString> NSAttributedString::withAttributes(const Dictionary& attributes) const {
+  return std::make_shared<const NSAttributedString>(Factory(), characters_, oneRun(length(), attributes));
 }
 
 bool NSAttributedString::isEqual(const NSObject& other) const {
@@ -127,8 +136,7 @@ std::shared_ptr<NSMutableAttributedString> NSMutableAttributedString::initWithSt
                                                                                      const Dictionary& attributes) {
   auto characters = charactersOf(text);
   std::vector<AttributeRun> runs = oneRun(characters->utf16.size(), attributes);
-  return std::shared_ptr<NSMutableAttributedString>(
-      new NSMutableAttributedString(std::move(characters), std::move(runs)));
+  return std::make_shared<NSMutableAttributedString>(Factory(), std::move(characters), std::move(runs));
 }
 
 void NSMutableAttributedString::replaceCharactersInRange(NSRange range, std::string_view text) {

@@ -45,10 +45,19 @@ class NSMutableAttributedString;
 /// programming error; a range that cuts a surrogate pair stands for the one with the whole pair, so that no half ever
 /// comes about. Equal when texts and attributes are equal.
 class NSAttributedString : public NSObject {
+ protected:
+  struct Characters;
+  // Only factories can make one, and with it a string.
+  struct Factory {
+    explicit Factory() = default;
+  };
+
  public:
   /// `initWithString:attributes:`: a text with the same attributes throughout. Ill-formed bytes are replaced.
   static std::shared_ptr<const NSAttributedString> initWithString(std::string_view text,
                                                                   const Dictionary& attributes = {});
+
+  NSAttributedString(Factory, std::shared_ptr<const Characters> characters, std::vector<AttributeRun> runs);
 
   const std::string& string() const noexcept { return characters_->utf8; }
   std::u16string_view utf16() const noexcept { return characters_->utf16; }
@@ -74,8 +83,13 @@ class NSAttributedString : public NSObject {
 
   std::shared_ptr<const NSAttributedString> attributedSubstringFromRange(NSRange range) const;
   std::shared_ptr<NSMutableAttributedString> mutableCopy() const;
-  /// The string as it is now, which nobody can change.
-  std::shared_ptr<const NSAttributedString> copy() const;
+  /// The string as it is now, which nobody can change: one that nobody can change anyway is its own copy.
+  virtual std::shared_ptr<const NSAttributedString> copy() const;
+
+  /// The same characters with these attributes and no others.
+  std::shared_ptr<const NSAttributedString> withAttributes(const Dictionary& attributes) const;
+  /// A copy with the fonts that `fixAttributesInRange` would set. Needs a port.
+  std::shared_ptr<const NSAttributedString> withFixedAttributes() const;
 
   bool isEqual(const NSObject& other) const override;
   std::size_t objectHash() const override;
@@ -87,7 +101,6 @@ class NSAttributedString : public NSObject {
     std::u16string utf16;
   };
 
-  NSAttributedString(std::shared_ptr<const Characters> characters, std::vector<AttributeRun> runs);
   static std::shared_ptr<const Characters> charactersOf(std::string_view text);
   static std::shared_ptr<const Characters> charactersOf(std::u16string text);
 
@@ -95,6 +108,8 @@ class NSAttributedString : public NSObject {
   NSRange checked(NSRange range) const;
   /// The runs of a part, cut to it, at their places in the whole.
   std::vector<AttributeRun> runsIn(NSRange range) const;
+  /// Whether all characters of a part, which is checked, are in their font or its cascade.
+  bool hasFontsFor(NSRange range) const;
 
   std::shared_ptr<const Characters> characters_;
   std::vector<AttributeRun> runs_;
@@ -103,8 +118,11 @@ class NSAttributedString : public NSObject {
 /// An attributed string that can be changed. For one thread at a time.
 class NSMutableAttributedString final : public NSAttributedString {
  public:
+  using NSAttributedString::NSAttributedString;
   static std::shared_ptr<NSMutableAttributedString> initWithString(std::string_view text,
                                                                    const Dictionary& attributes = {});
+
+  std::shared_ptr<const NSAttributedString> copy() const override;
 
   /// `replaceCharactersInRange:withString:`: the new text takes the attributes of the first replaced character; where
   /// none is replaced, those of the character before, else of the one behind.
@@ -130,9 +148,6 @@ class NSMutableAttributedString final : public NSAttributedString {
   void fixAttributesInRange(NSRange range);
 
  private:
-  friend class NSAttributedString;
-  using NSAttributedString::NSAttributedString;
-
   void replace(NSRange range, std::u16string_view text, std::span<const AttributeRun> runs);
   /// Puts runs, which need not be the longest, in the place of those of a checked range.
   void replaceRuns(NSRange range, std::span<const AttributeRun> runs);

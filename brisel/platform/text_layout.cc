@@ -67,36 +67,30 @@ class TextLayout::Filler {
   }
 
  private:
-  struct Placement {
-    NSTextAlignment alignment;
-    bool isRightToLeft;
-  };
-
   // What a line goes by, as it was before the line was filled.
   struct Start {
-    std::size_t paragraph;
-    std::size_t firstSize;
-    CGFloat bottom;
-    CGFloat spacing;
-    CGFloat paragraphSpacing;
-    CGFloat width;
-    bool isTruncated;
-    bool tearsWords;
+    std::size_t paragraph = 0;
+    std::size_t firstSize = 0;
+    CGFloat bottom = 0;
+    CGFloat spacing = 0;
+    CGFloat paragraphSpacing = 0;
+    CGFloat width = 0;
+    bool isTruncated = false;
+    bool tearsWords = false;
   };
 
   void noteStart() {
-    if (!options_.limits) return;  // Nobody goes back.
+    if (!options_.limits || layout_.lines_.empty()) return;  // Nobody goes back, or nothing was filled before.
     starts_.push_back({paragraph_, firstSize_, bottom_, spacing_, paragraphSpacing_, layout_.size_.width,
                        layout_.isTruncated_, layout_.tearsWords_});
   }
 
-  // Takes the lines from this one on out. Not all of them, or a text of many lines of which only the first are low
-  // enough for a high last one would take as many fillings as it has lines.
+  // Takes out the lines from this one on, and no more: where a last line is far higher than the others, that may happen
+  // as often as there are lines.
   void goBackTo(std::size_t line) {
-    const Start start = starts_[line];
-    starts_.resize(line);
+    const Start start = line > 0 ? starts_[line - 1] : Start();
+    starts_.resize(line > 0 ? line - 1 : 0);
     layout_.lines_.resize(line);
-    placements_.resize(line);
     layout_.omission_.reset();
     layout_.size_.width = start.width;
     layout_.isTruncated_ = start.isTruncated;
@@ -241,14 +235,18 @@ class TextLayout::Filler {
   // Makes the line as high as these clusters are, and returns the size span of the last.
   std::size_t raise(TextLine& line, std::uint32_t first, std::uint32_t end) {
     std::size_t size = firstSize_;
-    std::uint32_t run = 0;
-    for (std::uint32_t i = first; i < end; ++i) {
-      const std::size_t sizeHere = spanAt<TextSizeSpan>(sizes_, size, clusters_[i].begin);
-      if (i == first || sizeHere != size || clusters_[i].run != run) {
-        size = sizeHere;
-        run = clusters_[i].run;
-        raise(line, sizes_[size].metrics, sizes_[size]);
-        raise(line, runs_[run].metrics, sizes_[size]);
+    for (std::uint32_t i = first; i < end;) {
+      size = spanAt<TextSizeSpan>(sizes_, size, clusters_[i].begin);
+      const ShapedRun& run = runs_[clusters_[i].run];
+      raise(line, sizes_[size].metrics, sizes_[size]);
+      raise(line, run.metrics, sizes_[size]);
+      // On to where the run or the size changes.
+      const std::uint32_t runEnd = std::min(end, run.endCluster);
+      ++i;
+      if (size + 1 == sizes_.size()) {
+        i = std::max(i, runEnd);
+      } else {
+        while (i < runEnd && clusters_[i].begin < sizes_[size].end) ++i;
       }
     }
     return size;
@@ -287,8 +285,9 @@ class TextLayout::Filler {
     spacing_ = styleDistance(style_->lineSpacing());
     paragraphSpacing_ = styleDistance(style_->paragraphSpacing());
     layout_.size_.width = std::max(layout_.size_.width, line.isCut ? options_.width : line.width);
+    line.alignment = style_->alignment();
+    line.isRightToLeft = isRightToLeft;
     layout_.lines_.push_back(line);
-    placements_.push_back({style_->alignment(), isRightToLeft});
   }
 
   // The line that a final line ending opens: as high as the one that it closes.
@@ -302,11 +301,9 @@ class TextLayout::Filler {
 
   void align() {
     const CGFloat width = std::isfinite(options_.width) ? options_.width : layout_.size_.width;
-    for (std::size_t i = 0; i < placements_.size(); ++i) {
-      TextLine& line = layout_.lines_[i];
-      const auto [alignment, isRightToLeft] = placements_[i];
+    for (TextLine& line : layout_.lines_) {
       const CGFloat room = width - line.width;
-      if (alignment == NSTextAlignment::justified && !line.endsParagraph && room > 0) {
+      if (line.alignment == NSTextAlignment::justified && !line.endsParagraph && room > 0) {
         const auto* first = clusters_.data() + line.firstCluster;
         const auto* end = clusters_.data() + line.endVisibleCluster;
         const auto spaces = std::count_if(first, end, [](const auto& cluster) { return cluster.isSpace; });
@@ -316,7 +313,7 @@ class TextLayout::Filler {
         }
       }
       // Of a line that is cut, its beginning is seen.
-      switch (line.isCut ? sideOf(NSTextAlignment::natural, isRightToLeft) : sideOf(alignment, isRightToLeft)) {
+      switch (sideOf(line.isCut ? NSTextAlignment::natural : line.alignment, line.isRightToLeft)) {
         case Side::left:
           break;
         case Side::center:
@@ -336,8 +333,7 @@ class TextLayout::Filler {
   std::span<const ParagraphSpan> paragraphs_;
   const Options& options_;
   CGFloat room_;
-  std::vector<Placement> placements_;
-  std::vector<Start> starts_;  // of each line
+  std::vector<Start> starts_;  // of each line but the first
   std::shared_ptr<const NSParagraphStyle> style_;
   std::size_t paragraph_ = 0;
   std::size_t firstSize_ = 0;  // the size span of the line's first cluster

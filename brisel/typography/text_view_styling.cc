@@ -1,16 +1,24 @@
 #include "brisel/typography/text_view_styling.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <limits>
 #include <memory>
+#include <new>
 #include <utility>
 
+#include "brisel/infrastructure/cache.h"
 #include "brisel/platform/attributed_string.h"
 #include "brisel/platform/font.h"
+#include "brisel/platform/internal/hash.h"
 #include "brisel/platform/paragraph_style.h"
 #include "brisel/platform/value.h"
+#include "brisel/platform/views/text_case.h"
+#include "brisel/tokens/internal/lazy_table.h"
 #include "brisel/typography/content_size_category.h"
 #include "brisel/typography/dynamic_type_monitor.h"
-#include "brisel/typography/fitting.h"
 #include "brisel/typography/font.h"
+#include "brisel/typography/internal/fitted_string.h"
 #include "brisel/typography/style_recorder.h"
 #include "brisel/typography/styled_string.h"
 
@@ -41,12 +49,46 @@ Dictionary foreground(const Platform::ColorPtr& color) {
 
 // --- What the views say already ---
 
-Dictionary baseAttributes(const UILabel& label) {
-  const auto paragraphStyle = NSMutableParagraphStyle::init();
-  paragraphStyle->setAlignment(label.textAlignment());
-  paragraphStyle->setLineBreakMode(label.lineBreakMode());
-  return {{Platform::NSParagraphStyleAttributeName, paragraphStyle}};
-}
+// What the attributes of a styled label are made of.
+struct LabelAttributes {
+  std::shared_ptr<const UIFont> font;
+  Platform::NSTextAlignment alignment;
+  Platform::NSLineBreakMode lineBreakMode;
+
+  Dictionary dictionary() const {
+    const auto paragraphStyle = NSMutableParagraphStyle::init();
+    paragraphStyle->setAlignment(alignment);
+    paragraphStyle->setLineBreakMode(lineBreakMode);
+    return {{Platform::NSParagraphStyleAttributeName, paragraphStyle}, {Platform::NSFontAttributeName, font}};
+  }
+
+  friend bool operator==(const LabelAttributes&, const LabelAttributes&) = default;
+  friend void hashInto(Platform::internal::Hasher& hasher, const LabelAttributes& attributes) {
+    hasher(attributes.font.get(), attributes.alignment, attributes.lineBreakMode);
+  }
+};
+
+// A screen has many labels in few styles: those that are styled alike share their attributes.
+class SharedAttributes {
+ public:
+  Dictionary of(const LabelAttributes& attributes) const {
+    if (auto shared = cache_.getValue(attributes)) return *std::move(shared);
+    Dictionary dictionary = attributes.dictionary();
+    cache_.setValue(dictionary, attributes, 0);
+    return dictionary;
+  }
+
+ private:
+  static constexpr std::int64_t kCapacity = 64;
+
+  // May be changed by any thread.
+  mutable Cache<LabelAttributes, Dictionary, Platform::internal::FieldHash<LabelAttributes>> cache_{
+      kCapacity, std::numeric_limits<std::int64_t>::max()};
+};
+
+void buildSharedAttributes(void* place, std::size_t) noexcept { ::new (place) SharedAttributes; }
+
+constinit internal::LazyTable<SharedAttributes, 1, buildSharedAttributes> sharedAttributes;
 
 Dictionary baseAttributes(const UITextView& textView) {
   const auto paragraphStyle = NSMutableParagraphStyle::init();
@@ -80,16 +122,21 @@ void apply(UILabel& label, const TypeStyle& typeStyle, const UIContentSizeCatego
 
   const double scale = ContentSizeCategory(contentSizeCategory).rawValue();
   const TypeStyle::Configuration& configuration = typeStyle.configuration();
-  label.setFont(Font::font(typeStyle.primaryFont(), typeStyle.fallbackFonts(), typeStyle.fontWeight(),
-                           configuration.fontSize().value(scale), configuration.fontFeatures()));
+  const auto font = Font::font(typeStyle.primaryFont(), typeStyle.fallbackFonts(), typeStyle.fontWeight(),
+                               configuration.fontSize().value(scale), configuration.fontFeatures());
+  // Before the font is set, which would be put into this text first.
+  const auto text = label.attributedText();
+  label.setFont(font);
 
-  const auto text = label.text();
   if (!text) return;
+  const Dictionary attributes = sharedAttributes[0].of({font, label.textAlignment(), label.lineBreakMode()});
+  const auto styled = configuration.usesUpperCaseLayout() ? Platform::NSAttributedString::initWithString(
+                                                                Platform::upperCased(text->string()), attributes)
+                                                          : text->withAttributes(attributes);
   // Deliberately this way round: who shrinks his text himself gets it as it is.
   const double minimumScaleFactor = label.adjustsFontSizeToFitWidth() ? -1.0 : label.minimumScaleFactor();
-  // New and with its fonts substituted already: to copy and to fix it once more would change nothing.
-  label.setAttributedText(attributedString(*text, typeStyle, contentSizeCategory, minimumScaleFactor,
-                                           label.numberOfLines(), label, baseAttributes(label)));
+  label.setAttributedText(
+      internal::fitted(styled->withFixedAttributes(), minimumScaleFactor, label.numberOfLines(), label));
 }
 
 void disableDynamicTypeMonitor(UILabel& label) { DynamicTypeMonitor::shared()->unsubscribe(label); }

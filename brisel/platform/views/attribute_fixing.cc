@@ -33,15 +33,26 @@ std::shared_ptr<const UIFont> fontNamed(const UIFont& font, const std::string& n
 
 }  // namespace
 
-void NSMutableAttributedString::fixAttributesInRange(NSRange range) {
-  range = checked(range);
-  const auto isComplete = [&](const AttributeRun& run) {
+bool NSAttributedString::hasFontsFor(NSRange range) const {
+  return std::all_of(runs_.begin(), runs_.end(), [&](const AttributeRun& run) {
     const NSRange part = sharedBy(run.range, range);
     if (part.length == 0) return true;
     const auto font = fontOf(run.attributes);
     return !font || font->typeface()->hasCharacters(utf16().substr(part.location, part.length));
-  };
-  if (std::all_of(runs_.begin(), runs_.end(), isComplete)) return;
+  });
+}
+
+std::shared_ptr<const NSAttributedString> NSAttributedString::withFixedAttributes() const {
+  const NSRange all{0, length()};
+  if (hasFontsFor(all)) return copy();
+  const auto fixed = mutableCopy();
+  fixed->fixAttributesInRange(all);
+  return fixed->copy();
+}
+
+void NSMutableAttributedString::fixAttributesInRange(NSRange range) {
+  range = checked(range);
+  if (hasFontsFor(range)) return;
 
   std::vector<TypefaceSpan> typefaces;
   for (const AttributeRun& run : runs_) {

@@ -4,7 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "brisel/platform/internal/attribute.h"
 #include "brisel/platform/port.h"
@@ -22,28 +24,50 @@ constexpr CGFloat kInfinity = std::numeric_limits<CGFloat>::infinity();
 // How often the range of scales is halved in search of the one at which several lines fit.
 constexpr int kHalvings = 12;
 
-// A text as it was shaped, with what it is drawn in.
-struct Shaping {
-  std::shared_ptr<const NSAttributedString> text;
-  TextSpans spans;
-  UIUserInterfaceLayoutDirection fallback;
-  std::uint64_t generation;  // the engine's
-  std::shared_ptr<const ShapedText> shaped;
-};
+bool areEqual(std::u16string_view a, std::u16string_view b) { return a.data() == b.data() || a == b; }
 
-// Whether what `from` was shaped into is what `to` would be: sizes and colours do not matter.
-bool shapesAlike(const Shaping& from, const Shaping& to) {
-  if (from.spans.direction != to.spans.direction || from.fallback != to.fallback || from.generation != to.generation)
-    return false;
-  const bool anySize = from.shaped->scalesLinearly;
-  const auto isAlike = [anySize](const TypefaceSpan& a, const TypefaceSpan& b) {
-    return a.end == b.end && a.typeface == b.typeface && a.usesLigatures == b.usesLigatures &&
-           (anySize || a.pointSize == b.pointSize);
-  };
-  return std::equal(from.spans.typefaces.begin(), from.spans.typefaces.end(), to.spans.typefaces.begin(),
-                    to.spans.typefaces.end(), isAlike) &&
-         from.text->utf16() == to.text->utf16();
-}
+// A text as it was shaped, with what it is drawn in. It is updated in place, so that a label that is restyled again and
+// again needs no new room, and keeps its glyphs as long as only sizes and colours change.
+class Shaping {
+ public:
+  void update(const std::shared_ptr<const NSAttributedString>& text, const TextDefaults& defaults,
+              UIUserInterfaceLayoutDirection fallback) {
+    const WritingDirection direction = spans_.direction;
+    typefacesBefore_.swap(spans_.typefaces);
+    spans_.assign(*text, defaults);
+    const std::uint64_t generation = engine().generation();
+    const bool isAlike = shaped_ && generation_ == generation && fallback_ == fallback &&
+                         spans_.direction == direction && typefacesAreAlike() &&
+                         areEqual(text_->utf16(), text->utf16());
+    typefacesBefore_.clear();
+    text_ = text;
+    fallback_ = fallback;
+    generation_ = generation;
+    if (!isAlike) shaped_ = shape(*text_, spans_, fallback_);
+  }
+
+  const NSAttributedString& text() const noexcept { return *text_; }
+  const TextSpans& spans() const noexcept { return spans_; }
+  UIUserInterfaceLayoutDirection fallback() const noexcept { return fallback_; }
+  const std::shared_ptr<const ShapedText>& shaped() const noexcept { return shaped_; }
+
+ private:
+  bool typefacesAreAlike() const {
+    const auto isAlike = [anySize = shaped_->scalesLinearly](const TypefaceSpan& a, const TypefaceSpan& b) {
+      return a.end == b.end && a.typeface == b.typeface && a.usesLigatures == b.usesLigatures &&
+             (anySize || a.pointSize == b.pointSize);
+    };
+    return std::equal(typefacesBefore_.begin(), typefacesBefore_.end(), spans_.typefaces.begin(),
+                      spans_.typefaces.end(), isAlike);
+  }
+
+  std::shared_ptr<const NSAttributedString> text_;
+  TextSpans spans_;
+  std::vector<TypefaceSpan> typefacesBefore_;  // empty but during an update
+  UIUserInterfaceLayoutDirection fallback_{};
+  std::uint64_t generation_ = 0;  // the engine's
+  std::shared_ptr<const ShapedText> shaped_;
+};
 
 // Of text of a height that stands in the middle of its view.
 FirstBaseline centred(CGFloat baseline, CGFloat height) {
@@ -79,8 +103,8 @@ struct UILabel::State {
   bool lineBreakModeIsNewer = false;
 
   // What was made of it. A shaping that is stale may still lend its glyphs to the next.
-  std::optional<Shaping> shaping;
-  bool shapingIsStale = false;
+  Shaping shaping;
+  bool shapingIsStale = true;
   std::optional<CGSize> intrinsicSize;           // not rounded
   std::shared_ptr<const UIFont> substituteFont;  // the one of this generation of the engine
   std::uint64_t substituteGeneration = 0;
@@ -260,19 +284,19 @@ class UILabel::Typesetter {
   explicit Typesetter(const UILabel& label) : state_(*label.state_), shaping_(shaping(label)) {}
 
   TextLayout layOut(CGFloat width, CGFloat height = kInfinity, CGFloat scale = 1) const {
-    const TextSpans& spans = shaping_.spans;
+    const TextSpans& spans = shaping_.spans();
     TextLayout::Options options{.width = width, .scale = scale};
     options.limits.emplace();
     options.limits->lines = state_.mostLines();
     options.limits->height = height;
-    if (scale == 1 || shaping_.shaped->scalesLinearly) {
+    if (scale == 1 || shaping_.shaped()->scalesLinearly) {
       options.limits->ellipsis = [&spans](std::uint32_t unit) { return shapeEllipsis(spans, unit); };
-      return TextLayout(shaping_.shaped, spans.sizes, spans.paragraphs, options);
+      return TextLayout(shaping_.shaped(), spans.sizes, spans.paragraphs, options);
     }
     TextSpans scaled = spans;
     for (TypefaceSpan& span : scaled.typefaces) span.pointSize *= scale;
     options.limits->ellipsis = [&scaled](std::uint32_t unit) { return shapeEllipsis(scaled, unit); };
-    const auto shaped = shape(*shaping_.text, scaled, shaping_.fallback);
+    const auto shaped = shape(shaping_.text(), scaled, shaping_.fallback());
     return TextLayout(shaped, spans.sizes, spans.paragraphs, options);
   }
 
@@ -284,7 +308,7 @@ class UILabel::Typesetter {
   }
 
   void draw(Canvas& canvas, CGPoint at, const TextLayout& layout) const {
-    layout.draw(canvas, at, shaping_.spans.paints);
+    layout.draw(canvas, at, shaping_.spans().paints);
   }
 
  private:
@@ -292,15 +316,12 @@ class UILabel::Typesetter {
     State& state = *label.state_;
     const auto& text = state.currentText();
     const auto fallback = label.effectiveUserInterfaceLayoutDirection();
-    std::optional<Shaping>& kept = state.shaping;
-    if (kept && !state.shapingIsStale && kept->fallback == fallback) return *kept;
-    const TextDefaults defaults{state.ownFont(), state.textColor, state.ownParagraphStyle()};
-    Shaping next{text, TextSpans(*text, defaults), fallback, engine().generation(), nullptr};
-    next.shaped = kept && shapesAlike(*kept, next) ? kept->shaped : shape(*text, next.spans, fallback);
-    kept = std::move(next);
+    Shaping& shaping = state.shaping;
+    if (!state.shapingIsStale && shaping.fallback() == fallback) return shaping;
+    shaping.update(text, {state.ownFont(), state.textColor, state.ownParagraphStyle()}, fallback);
     state.shapingIsStale = false;
     state.drawn.reset();
-    return *kept;
+    return shaping;
   }
 
   // As large as it can be, at most as large as it is.

@@ -36,8 +36,14 @@ struct Attributes {
 
 }  // namespace
 
-TextSpans::TextSpans(const NSAttributedString& text, const TextDefaults& defaults) {
+void TextSpans::assign(const NSAttributedString& text, const TextDefaults& defaults) {
+  typefaces.clear();
+  sizes.clear();
+  paragraphs.clear();
+  paints.clear();
+  direction = WritingDirection::natural;
   const std::size_t count = text.attributeRuns().size();
+  typefaces.reserve(count);
   sizes.reserve(count);
   paragraphs.reserve(count);
   paints.reserve(count);

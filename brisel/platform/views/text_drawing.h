@@ -24,7 +24,11 @@ struct TextDefaults {
 /// What an attributed string asks of shaping, layout and painting, span by span. The paragraph style at a paragraph's
 /// first character holds for all of it; the base direction at the text's first character holds for the text.
 struct TextSpans {
-  explicit TextSpans(const NSAttributedString& text, const TextDefaults& defaults = {});
+  TextSpans() = default;
+  explicit TextSpans(const NSAttributedString& text, const TextDefaults& defaults = {}) { assign(text, defaults); }
+
+  /// As if made anew, in the room that there is.
+  void assign(const NSAttributedString& text, const TextDefaults& defaults);
 
   std::vector<TypefaceSpan> typefaces;
   std::vector<TextSizeSpan> sizes;
