@@ -61,6 +61,8 @@ class NSAttributedString : public NSObject {
 
   const std::string& string() const noexcept { return characters_->utf8; }
   std::u16string_view utf16() const noexcept { return characters_->utf16; }
+  /// The same, kept alive by the pointer without the attributes.
+  std::shared_ptr<const std::u16string> sharedUtf16() const noexcept { return {characters_, &characters_->utf16}; }
   std::size_t length() const noexcept { return characters_->utf16.size(); }
 
   /// All attributes in order: the runs are never empty and cover the text.

@@ -105,6 +105,23 @@ TEST(AttributedString, CopiesAreIndependent) {
   EXPECT_EQ(copy->string(), "a");
 }
 
+TEST(AttributedString, ThatNobodyCanChangeIsItsOwnCopy) {
+  const auto string = NSAttributedString::initWithString("a", {{"a", 1}});
+  EXPECT_EQ(string->copy(), string);
+  const std::shared_ptr<const NSAttributedString> changeable = string->mutableCopy();
+  EXPECT_NE(changeable->copy(), changeable);
+}
+
+TEST(AttributedString, WithOtherAttributesSharesItsCharacters) {
+  const auto string = NSMutableAttributedString::initWithString("a\U0001F300", {{"a", 1}});
+  string->addAttribute("b", 2, {0, 1});
+  const auto other = string->withAttributes({{"c", 3}});
+  EXPECT_TRUE(other->isEqual(*NSAttributedString::initWithString("a\U0001F300", {{"c", 3}})));
+  EXPECT_EQ(other->sharedUtf16(), string->sharedUtf16());
+  string->replaceCharactersInRange({0, 1}, "b");
+  EXPECT_EQ(other->string(), "a\U0001F300");
+}
+
 TEST(AttributedString, MayBeChangedWhileItIsEnumerated) {
   const auto string = NSMutableAttributedString::initWithString("ab");
   string->addAttribute("a", 1, {0, 1});

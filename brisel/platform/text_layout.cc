@@ -53,7 +53,9 @@ class TextLayout::Filler {
         sizes_(layout.sizes_),
         paragraphs_(paragraphs),
         options_(options),
-        room_(options.limits ? options.width + kRounding : options.width) {}
+        width_(options.width > 0 ? options.width : 0),
+        scale_(distance(options.scale)),
+        room_(options.limits ? width_ + kRounding : width_) {}
 
   void fill() {
     std::size_t most = options_.limits ? std::max<std::size_t>(options_.limits->lines, 1) : SIZE_MAX;
@@ -258,7 +260,7 @@ class TextLayout::Filler {
     if (options_.usesFontLeading) line.leading = std::max(line.leading, metrics.leading * size.pointSize);
   }
 
-  CGFloat styleDistance(CGFloat points) const { return distance(points) * options_.scale; }
+  CGFloat styleDistance(CGFloat points) const { return distance(points) * scale_; }
 
   // What the paragraph asks for beyond the faces' own height is put above the text.
   void applyRules(TextLine& line) const {
@@ -284,7 +286,7 @@ class TextLayout::Filler {
     bottom_ = line.baseline + line.descent + line.leading;
     spacing_ = styleDistance(style_->lineSpacing());
     paragraphSpacing_ = styleDistance(style_->paragraphSpacing());
-    layout_.size_.width = std::max(layout_.size_.width, line.isCut ? options_.width : line.width);
+    layout_.size_.width = std::max(layout_.size_.width, line.isCut ? width_ : line.width);
     line.alignment = style_->alignment();
     line.isRightToLeft = isRightToLeft;
     layout_.lines_.push_back(line);
@@ -300,7 +302,7 @@ class TextLayout::Filler {
   }
 
   void align() {
-    const CGFloat width = std::isfinite(options_.width) ? options_.width : layout_.size_.width;
+    const CGFloat width = std::isfinite(width_) ? width_ : layout_.size_.width;
     for (TextLine& line : layout_.lines_) {
       const CGFloat room = width - line.width;
       if (line.alignment == NSTextAlignment::justified && !line.endsParagraph && room > 0) {
@@ -332,6 +334,8 @@ class TextLayout::Filler {
   std::span<const TextSizeSpan> sizes_;
   std::span<const ParagraphSpan> paragraphs_;
   const Options& options_;
+  CGFloat width_;
+  CGFloat scale_;
   CGFloat room_;
   std::vector<Start> starts_;  // of each line but the first
   std::shared_ptr<const NSParagraphStyle> style_;
@@ -346,17 +350,14 @@ TextLayout::TextLayout(std::shared_ptr<const ShapedText> text, std::span<const T
                        std::span<const ParagraphSpan> paragraphs, const Options& options)
     : text_(std::move(text)), sizes_(sizes.begin(), sizes.end()) {
   if (!text_ || text_->clusters.empty() || sizes_.empty()) return;
-  Options repaired = options;
-  if (!(repaired.width > 0)) repaired.width = 0;
-  repaired.scale = distance(repaired.scale);
-  const CGFloat scale = repaired.scale;
+  const CGFloat scale = distance(options.scale);
   for (TextSizeSpan& size : sizes_) {
     size.pointSize = distance(size.pointSize) * scale;
     size.kern = finite(size.kern) * scale;
     size.baselineOffset = finite(size.baselineOffset) * scale;
   }
-  room_ = repaired.width;
-  Filler(*this, paragraphs, repaired).fill();
+  room_ = options.width > 0 ? options.width : 0;
+  Filler(*this, paragraphs, options).fill();
 }
 
 }  // namespace Brisel::Platform

@@ -41,19 +41,19 @@ struct PaintSpan {
 /// One line. Distances are points.
 struct TextLine {
   std::uint32_t firstCluster = 0;
-  std::uint32_t endCluster = 0;                          // with the white space that it ends in
-  std::uint32_t endVisibleCluster = 0;                   // without
-  CGFloat x = 0;                                         // of its left end
-  CGFloat baseline = 0;                                  // from the top of the text
-  CGFloat width = 0;                                     // without trailing white space
-  CGFloat ascent = 0;                                    // above the baseline
-  CGFloat descent = 0;                                   // below the baseline, positive
-  CGFloat leading = 0;                                   // below the descent, where the fonts' leading counts
-  CGFloat extraPerSpace = 0;                             // what justification adds to each space
+  std::uint32_t endCluster = 0;         // with the white space that it ends in
+  std::uint32_t endVisibleCluster = 0;  // without
+  CGFloat x = 0;                        // of its left end
+  CGFloat baseline = 0;                 // from the top of the text
+  CGFloat width = 0;                    // without trailing white space
+  CGFloat ascent = 0;                   // above the baseline
+  CGFloat descent = 0;                  // below the baseline, positive
+  CGFloat leading = 0;                  // below the descent, where the fonts' leading counts
+  CGFloat extraPerSpace = 0;            // what justification adds to each space
+  bool endsParagraph = false;
+  bool isCut = false;                                    // wider than there is room, and drawn only as far as that
   NSTextAlignment alignment = NSTextAlignment::natural;  // of its paragraph
   bool isRightToLeft = false;                            // its paragraph is
-  bool endsParagraph = false;
-  bool isCut = false;  // wider than there is room, and drawn only as far as that
 };
 
 /// Where the last line leaves text out, and what stands there instead.

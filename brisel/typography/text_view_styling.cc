@@ -59,7 +59,7 @@ struct LabelAttributes {
     const auto paragraphStyle = NSMutableParagraphStyle::init();
     paragraphStyle->setAlignment(alignment);
     paragraphStyle->setLineBreakMode(lineBreakMode);
-    return {{Platform::NSParagraphStyleAttributeName, paragraphStyle}, {Platform::NSFontAttributeName, font}};
+    return {{Platform::NSParagraphStyleAttributeName, paragraphStyle->copy()}, {Platform::NSFontAttributeName, font}};
   }
 
   friend bool operator==(const LabelAttributes&, const LabelAttributes&) = default;

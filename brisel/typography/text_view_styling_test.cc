@@ -138,6 +138,20 @@ TEST_F(LabelStyling, KeepsTheLabelsAlignmentAndLineBreakMode) {
   EXPECT_EQ(paragraph->lineBreakMode(), NSLineBreakMode::byTruncatingMiddle);
 }
 
+TEST_F(LabelStyling, SharesAttributesAmongLabelsThatAreStyledAlike) {
+  const auto styled = [](NSTextAlignment alignment, const UIContentSizeCategory& category) {
+    const auto label = UILabel::initWithFrame();
+    label->setText("A");
+    label->setTextAlignment(alignment);
+    apply(*label, TypeStyle::ballad(), category, false);
+    return label->attributedText()->attributesAtIndex(0);
+  };
+  const Dictionary attributes = styled(NSTextAlignment::left, kSmall);
+  EXPECT_EQ(styled(NSTextAlignment::left, kSmall).begin(), attributes.begin());
+  EXPECT_FALSE(styled(NSTextAlignment::right, kSmall) == attributes);
+  EXPECT_FALSE(styled(NSTextAlignment::left, kHuge) == attributes);
+}
+
 TEST_F(LabelStyling, SetsTheFontAloneWhereThereIsNoText) {
   const auto label = CountingLabel::initWithFrame();
   apply(*label, TypeStyle::ballad(), kSmall, false);

@@ -70,6 +70,14 @@ TEST_F(AttributeFixing, LeavesACompleteTextAsItIs) {
   EXPECT_EQ(empty->length(), 0U);
 }
 
+TEST_F(AttributeFixing, OfACopyLeavesTheTextAsItIs) {
+  const auto lacking = text("abx");
+  EXPECT_THAT(fonts(*lacking->withFixedAttributes()), ElementsAre(Pair(2, "Any-Book"), Pair(1, "Other-Bold")));
+  EXPECT_THAT(fonts(*lacking), ElementsAre(Pair(3, "Any-Book")));
+  const auto complete = text("abc")->copy();
+  EXPECT_EQ(complete->withFixedAttributes(), complete);
+}
+
 TEST_F(AttributeFixing, AFaceOfTheCascadeReplacesNoFont) {
   const Dictionary cascade{
       {UIFontDescriptorCascadeListAttribute, List{Value(UIFontDescriptor::fontDescriptorWithName("Other-Bold", 20))}}};

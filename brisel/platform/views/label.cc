@@ -24,29 +24,26 @@ constexpr CGFloat kInfinity = std::numeric_limits<CGFloat>::infinity();
 // How often the range of scales is halved in search of the one at which several lines fit.
 constexpr int kHalvings = 12;
 
-bool areEqual(std::u16string_view a, std::u16string_view b) { return a.data() == b.data() || a == b; }
-
 // A text as it was shaped, with what it is drawn in. It is updated in place, so that a label that is restyled again and
 // again needs no new room, and keeps its glyphs as long as only sizes and colours change.
 class Shaping {
  public:
-  void update(const std::shared_ptr<const NSAttributedString>& text, const TextDefaults& defaults,
-              UIUserInterfaceLayoutDirection fallback) {
+  void update(const NSAttributedString& text, const TextDefaults& defaults, UIUserInterfaceLayoutDirection fallback) {
     const WritingDirection direction = spans_.direction;
     typefacesBefore_.swap(spans_.typefaces);
-    spans_.assign(*text, defaults);
+    spans_.assign(text, defaults);
+    auto characters = text.sharedUtf16();
     const std::uint64_t generation = engine().generation();
     const bool isAlike = shaped_ && generation_ == generation && fallback_ == fallback &&
                          spans_.direction == direction && typefacesAreAlike() &&
-                         areEqual(text_->utf16(), text->utf16());
+                         (characters_ == characters || *characters_ == *characters);
     typefacesBefore_.clear();
-    text_ = text;
+    characters_ = std::move(characters);
     fallback_ = fallback;
     generation_ = generation;
-    if (!isAlike) shaped_ = shape(*text_, spans_, fallback_);
+    if (!isAlike) shaped_ = shape(text, spans_, fallback_);
   }
 
-  const NSAttributedString& text() const noexcept { return *text_; }
   const TextSpans& spans() const noexcept { return spans_; }
   UIUserInterfaceLayoutDirection fallback() const noexcept { return fallback_; }
   const std::shared_ptr<const ShapedText>& shaped() const noexcept { return shaped_; }
@@ -61,7 +58,8 @@ class Shaping {
                       spans_.typefaces.end(), isAlike);
   }
 
-  std::shared_ptr<const NSAttributedString> text_;
+  // Without the attributes: they would keep fonts alive, and the text that is replaced.
+  std::shared_ptr<const std::u16string> characters_;
   TextSpans spans_;
   std::vector<TypefaceSpan> typefacesBefore_;  // empty but during an update
   UIUserInterfaceLayoutDirection fallback_{};
@@ -296,7 +294,7 @@ class UILabel::Typesetter {
     TextSpans scaled = spans;
     for (TypefaceSpan& span : scaled.typefaces) span.pointSize *= scale;
     options.limits->ellipsis = [&scaled](std::uint32_t unit) { return shapeEllipsis(scaled, unit); };
-    const auto shaped = shape(shaping_.text(), scaled, shaping_.fallback());
+    const auto shaped = shape(*state_.text, scaled, shaping_.fallback());
     return TextLayout(shaped, spans.sizes, spans.paragraphs, options);
   }
 
@@ -318,7 +316,7 @@ class UILabel::Typesetter {
     const auto fallback = label.effectiveUserInterfaceLayoutDirection();
     Shaping& shaping = state.shaping;
     if (!state.shapingIsStale && shaping.fallback() == fallback) return shaping;
-    shaping.update(text, {state.ownFont(), state.textColor, state.ownParagraphStyle()}, fallback);
+    shaping.update(*text, {state.ownFont(), state.textColor, state.ownParagraphStyle()}, fallback);
     state.shapingIsStale = false;
     state.drawn.reset();
     return shaping;

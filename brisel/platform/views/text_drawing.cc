@@ -17,12 +17,18 @@ struct Attributes {
     for (const auto& [key, value] : attributes) {
       const std::string* name = key.asString();
       if (!name) continue;
-      if (*name == NSFontAttributeName) font = value.as<UIFont>();
-      if (*name == NSParagraphStyleAttributeName) paragraphStyle = value.as<NSParagraphStyle>();
-      if (*name == NSForegroundColorAttributeName) foreground = value.as<UIColor>();
-      if (*name == NSBackgroundColorAttributeName) background = value.as<UIColor>();
-      if (*name == NSKernAttributeName) kern = value.asDouble().value_or(0);
-      if (*name == NSBaselineOffsetAttributeName) baselineOffset = value.asDouble().value_or(0);
+      if (*name == NSFontAttributeName)
+        font = value.as<UIFont>();
+      else if (*name == NSParagraphStyleAttributeName)
+        paragraphStyle = value.as<NSParagraphStyle>();
+      else if (*name == NSForegroundColorAttributeName)
+        foreground = value.as<UIColor>();
+      else if (*name == NSBackgroundColorAttributeName)
+        background = value.as<UIColor>();
+      else if (*name == NSKernAttributeName)
+        kern = value.asDouble().value_or(0);
+      else if (*name == NSBaselineOffsetAttributeName)
+        baselineOffset = value.asDouble().value_or(0);
     }
   }
 
@@ -35,6 +41,8 @@ struct Attributes {
 };
 
 }  // namespace
+
+TextSpans::TextSpans(const NSAttributedString& text, const TextDefaults& defaults) { assign(text, defaults); }
 
 void TextSpans::assign(const NSAttributedString& text, const TextDefaults& defaults) {
   typefaces.clear();

@@ -25,7 +25,7 @@ struct TextDefaults {
 /// first character holds for all of it; the base direction at the text's first character holds for the text.
 struct TextSpans {
   TextSpans() = default;
-  explicit TextSpans(const NSAttributedString& text, const TextDefaults& defaults = {}) { assign(text, defaults); }
+  explicit TextSpans(const NSAttributedString& text, const TextDefaults& defaults = {});
 
   /// As if made anew, in the room that there is.
   void assign(const NSAttributedString& text, const TextDefaults& defaults);
