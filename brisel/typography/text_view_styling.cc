@@ -124,15 +124,14 @@ void apply(UILabel& label, const TypeStyle& typeStyle, const UIContentSizeCatego
   const TypeStyle::Configuration& configuration = typeStyle.configuration();
   const auto font = Font::font(typeStyle.primaryFont(), typeStyle.fallbackFonts(), typeStyle.fontWeight(),
                                configuration.fontSize().value(scale), configuration.fontFeatures());
-  // Before the font is set, which would be put into this text first.
-  const auto text = label.attributedText();
   label.setFont(font);
 
-  if (!text) return;
+  const auto characters = label.characters();
+  if (!characters) return;
   const Dictionary attributes = sharedAttributes[0].of({font, label.textAlignment(), label.lineBreakMode()});
   const auto styled = configuration.usesUpperCaseLayout() ? Platform::NSAttributedString::initWithString(
-                                                                Platform::upperCased(text->string()), attributes)
-                                                          : text->withAttributes(attributes);
+                                                                Platform::upperCased(characters->string()), attributes)
+                                                          : characters->withAttributes(attributes);
   // Deliberately this way round: who shrinks his text himself gets it as it is.
   const double minimumScaleFactor = label.adjustsFontSizeToFitWidth() ? -1.0 : label.minimumScaleFactor();
   label.setAttributedText(

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -189,6 +190,8 @@ std::optional<std::string> UILabel::text() const {
   if (!state_->text) return std::nullopt;
   return state_->text->string();
 }
+
+const std::shared_ptr<const NSAttributedString>& UILabel::characters() const noexcept { return state_->text; }
 
 void UILabel::setText(const std::optional<std::string>& text) {
   state_->setText(text ? NSAttributedString::initWithString(*text) : nullptr, true);

@@ -27,6 +27,8 @@ class UILabel : public UIView {
   /// The characters of what is shown; nothing where neither text nor attributed text has been set.
   std::optional<std::string> text() const;
   virtual void setText(const std::optional<std::string>& text);
+  /// The same as a string for `withAttributes`: its own attributes say nothing. Null where there is no text.
+  const std::shared_ptr<const NSAttributedString>& characters() const noexcept;
   /// Null where there is no text. A text set without attributes answers with those that the label gives it.
   std::shared_ptr<const NSAttributedString> attributedText() const;
   /// Copied: what the caller does to it later does not show.

@@ -160,9 +160,10 @@ void UIView::drawHierarchy(Canvas& canvas, CGPoint at) const {
       canvas.clipToPath(UIBezierPath::bezierPathWithRect(rect));
       steps.push_back({});
     }
-    for (auto below = view->subviews_.rbegin(); below != view->subviews_.rend(); ++below) {
-      const CGPoint origin = (*below)->frame_.origin;
-      steps.push_back({*below, {corner.x + origin.x, corner.y + origin.y}});
+    for (std::size_t i = view->subviews_.size(); i-- > 0;) {
+      const auto& below = view->subviews_[i];
+      const CGPoint origin = below->frame_.origin;
+      steps.push_back({below, {corner.x + origin.x, corner.y + origin.y}});
     }
   }
 }
