@@ -157,26 +157,26 @@ void NSMutableAttributedString::appendAttributedString(const NSAttributedString&
 }
 
 void NSMutableAttributedString::replace(NSRange range, std::u16string_view text, std::span<const AttributeRun> runs) {
+  std::u16string units(utf16());
+  units.replace(range.location, range.length, text);
+  auto characters = charactersOf(std::move(units));
+  replaceRuns(range, runs);
+  characters_ = std::move(characters);
+}
+
+void NSMutableAttributedString::replaceRuns(NSRange range, std::span<const AttributeRun> runs) {
   std::vector<AttributeRun> result;
   appendRuns(result, runs_, {0, range.location});
   for (const AttributeRun& run : runs) appendRun(result, run.range.length, run.attributes);
   appendRuns(result, runs_, {range.end(), length() - range.end()});
-  std::u16string units(utf16());
-  units.replace(range.location, range.length, text);
-  characters_ = charactersOf(std::move(units));
-  runs_ = std::move(result);
+  runs_.swap(result);
 }
 
-template <class Change>
-void NSMutableAttributedString::changeAttributes(NSRange range, Change change) {
-  range = checked(range);
-  std::vector<AttributeRun> changed;
-  appendRuns(changed, runs_, range);
-  std::vector<AttributeRun> result;
-  appendRuns(result, runs_, {0, range.location});
-  for (const AttributeRun& run : changed) appendRun(result, run.range.length, change(run.attributes));
-  appendRuns(result, runs_, {range.end(), length() - range.end()});
-  runs_.swap(result);
+void NSMutableAttributedString::changeAttributesInRange(
+    NSRange range, const std::function<Dictionary(NSRange part, const Dictionary& attributes)>& change) {
+  std::vector<AttributeRun> runs = runsIn(range);
+  for (AttributeRun& run : runs) run.attributes = change(run.range, run.attributes);
+  replaceRuns(checked(range), runs);
 }
 
 void NSMutableAttributedString::addAttribute(std::string_view name, Value value, NSRange range) {
@@ -184,15 +184,15 @@ void NSMutableAttributedString::addAttribute(std::string_view name, Value value,
 }
 
 void NSMutableAttributedString::addAttributes(const Dictionary& attributes, NSRange range) {
-  changeAttributes(range, [&](const Dictionary& old) { return old.mergedWith(attributes); });
+  changeAttributesInRange(range, [&](NSRange, const Dictionary& old) { return old.mergedWith(attributes); });
 }
 
 void NSMutableAttributedString::setAttributes(const Dictionary& attributes, NSRange range) {
-  changeAttributes(range, [&](const Dictionary&) { return attributes; });
+  changeAttributesInRange(range, [&](NSRange, const Dictionary&) { return attributes; });
 }
 
 void NSMutableAttributedString::removeAttribute(std::string_view name, NSRange range) {
-  changeAttributes(range, [&](const Dictionary& old) { return old.without(name); });
+  changeAttributesInRange(range, [&](NSRange, const Dictionary& old) { return old.without(name); });
 }
 
 }  // namespace Brisel::Platform

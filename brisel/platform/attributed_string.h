@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -138,6 +139,10 @@ class NSMutableAttributedString final : public NSAttributedString {
   /// `setAttributes:range:`: these and no others.
   void setAttributes(const Dictionary& attributes, NSRange range);
   void removeAttribute(std::string_view name, NSRange range);
+  /// Gives the part of each run that lies in `range` the attributes that `change` answers for it, all in one walk: as
+  /// many changes one by one would each walk over all runs. `change` may not change the string.
+  void changeAttributesInRange(NSRange range,
+                               const std::function<Dictionary(NSRange part, const Dictionary& attributes)>& change);
 
   /// `fixAttributesInRange:`: where neither a font nor its cascade has a character, sets the font of a face that has
   /// it, with all that the old one asked for besides its name. Combining marks and the like go with their base; what
@@ -146,8 +151,8 @@ class NSMutableAttributedString final : public NSAttributedString {
 
  private:
   void replace(NSRange range, std::u16string_view text, std::span<const AttributeRun> runs);
-  template <class Change>
-  void changeAttributes(NSRange range, Change change);
+  /// Puts runs, which need not be the longest, in the place of those of a checked range.
+  void replaceRuns(NSRange range, std::span<const AttributeRun> runs);
 };
 
 }  // namespace Brisel::Platform

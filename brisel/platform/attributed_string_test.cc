@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 #include <rapidcheck.h>
 
+#include "brisel/platform/internal/compared_object_test.h"
 #include "brisel/platform/internal/utf.h"
 
 namespace Brisel::Platform {
@@ -145,6 +146,33 @@ TEST(AttributedString, EnumeratesThePartsOfItsRunsThatLieInARange) {
   EXPECT_EQ(found, (std::vector<NSRange>{{1, 1}, {2, 2}}));
   EXPECT_EQ(attributes, (std::vector<Dictionary>{{{"a", 1}}, {}}));
   string->enumerateAttributesInRange({2, 0}, [](NSRange, const Dictionary&) { FAIL(); });
+}
+
+TEST(AttributedString, ChangesTheAttributesOfEachPartOfARange) {
+  const auto string = NSMutableAttributedString::initWithString("abcde");
+  string->addAttribute("a", 1, {0, 2});
+  string->addAttribute("b", 1, {4, 1});
+  std::vector<NSRange> found;
+  string->changeAttributesInRange({1, 3}, [&](NSRange part, const Dictionary& attributes) {
+    found.push_back(part);
+    return attributes.with("c", static_cast<std::int64_t>(part.location));
+  });
+  EXPECT_EQ(found, (std::vector<NSRange>{{1, 1}, {2, 2}}));
+  EXPECT_EQ(ranges(*string), (std::vector<NSRange>{{0, 1}, {1, 1}, {2, 2}, {4, 1}}));
+  EXPECT_EQ(string->attributesAtIndex(0), (Dictionary{{"a", 1}}));
+  EXPECT_EQ(string->attributesAtIndex(1), (Dictionary{{"a", 1}, {"c", 1}}));
+  EXPECT_EQ(string->attributesAtIndex(3), (Dictionary{{"c", 2}}));
+  EXPECT_EQ(string->attributesAtIndex(4), (Dictionary{{"b", 1}}));
+  string->changeAttributesInRange({0, 5}, [](NSRange, const Dictionary&) { return Dictionary(); });
+  EXPECT_EQ(ranges(*string), (std::vector<NSRange>{{0, 5}}));
+}
+
+TEST(AttributedString, ChangesAllOfItsRunsInOneWalk) {
+  const auto string = textOfRuns(std::string(200, 'a'), {});
+  string->changeAttributesInRange({0, 200},
+                                  [](NSRange, const Dictionary& attributes) { return attributes.with("b", 1); });
+  EXPECT_EQ(string->attributeRuns().size(), 200U);
+  EXPECT_LE(ComparedObject::comparisons, 400U);
 }
 
 TEST(AttributedStringDeathTest, RefusesPositionsBeyondTheText) {

@@ -34,11 +34,21 @@ PortObject::~PortObject() = default;
 Engine::~Engine() = default;
 SystemEvents::~SystemEvents() = default;
 
-Engine::Registration Engine::registerFontFile(const std::filesystem::path& file) { return onRegisterFontFile(file); }
+Engine::Registration Engine::registerFontFile(const std::filesystem::path& file) {
+  const Registration result = onRegisterFontFile(file);
+  if (result == Registration::registered) fontGeneration_.fetch_add(1, std::memory_order_release);
+  return result;
+}
 
-void Engine::setSubstituteFamily(std::string_view family) { onSetSubstituteFamily(internal::wellFormed(family)); }
+void Engine::setSubstituteFamily(std::string_view family) {
+  onSetSubstituteFamily(internal::wellFormed(family));
+  fontGeneration_.fetch_add(1, std::memory_order_release);
+}
 
-void Engine::setUsesHostFonts(bool uses) { onSetUsesHostFonts(uses); }
+void Engine::setUsesHostFonts(bool uses) {
+  onSetUsesHostFonts(uses);
+  fontGeneration_.fetch_add(1, std::memory_order_release);
+}
 
 std::shared_ptr<const Typeface> Engine::typeface(const TypefaceRequest& request) {
   auto typeface = onTypeface(request);

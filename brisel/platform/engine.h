@@ -10,6 +10,7 @@
 // not, the public call ends the process.
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -125,6 +126,10 @@ class Engine {
   /// have been shaped keep what they have.
   void setUsesHostFonts(bool uses);
 
+  /// How often the faces that texts get have changed by a call of the three above. What was shaped before may be in
+  /// other faces than the same request gets now.
+  std::uint64_t generation() const noexcept { return fontGeneration_.load(std::memory_order_acquire); }
+
   /// Never null. A name that nobody has registered is answered by the port's substitute; unknown names in the cascade
   /// are left out. Equal requests may get the same object.
   std::shared_ptr<const Typeface> typeface(const TypefaceRequest& request);
@@ -168,6 +173,9 @@ class Engine {
   virtual std::vector<std::uint8_t> onEncodePng(const Bitmap& bitmap) = 0;
   virtual PngPicture onDecodePng(std::span<const std::uint8_t> file) = 0;
   virtual std::string onUpperCase(const std::string& text) = 0;
+
+ private:
+  std::atomic<std::uint64_t> fontGeneration_{0};
 };
 
 /// The levels of memory pressure that are told of.

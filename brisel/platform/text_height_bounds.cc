@@ -3,12 +3,16 @@
 #include <algorithm>
 #include <cmath>
 
+#include "brisel/platform/internal/distance.h"
+
 namespace Brisel::Platform {
+
+using internal::distance;
+using internal::finite;
+
 namespace {
 
 constexpr CGFloat kInfinity = std::numeric_limits<CGFloat>::infinity();
-
-CGFloat distance(CGFloat value) { return std::isfinite(value) && value > 0 ? value : 0; }
 
 // What sums of so many terms may be off by, as a share of the whole: several times what the additions, of which there
 // are four to a line and two to a cluster, can round.
@@ -25,7 +29,7 @@ CGFloat scaled(CGFloat ems, const TextSizeRange& range, bool isLeast) {
 TextHeightBounds::TextHeightBounds(const ShapedText& text, const FontMetrics& metrics, CGFloat baselineOffset,
                                    const NSParagraphStyle& style, CGFloat width)
     : ownMetrics_(metrics),
-      baselineOffset_(std::isfinite(baselineOffset) ? baselineOffset : 0),
+      baselineOffset_(finite(baselineOffset)),
       width_(width > 0 ? width : 0),
       lineHeightMultiple_(distance(style.lineHeightMultiple())),
       minimumLineHeight_(distance(style.minimumLineHeight())),

@@ -4,11 +4,14 @@
 #include <cmath>
 #include <utility>
 
+#include "brisel/platform/internal/distance.h"
 #include "brisel/platform/internal/text_spans.h"
 #include "brisel/platform/internal/truncation.h"
 
 namespace Brisel::Platform {
 
+using internal::distance;
+using internal::finite;
 using internal::spanAt;
 
 namespace {
@@ -16,10 +19,6 @@ namespace {
 // By how many points a text may exceed its limits: what sums of distances differ by when they are taken in other
 // orders.
 constexpr CGFloat kRounding = 1e-6;
-
-CGFloat distance(CGFloat value) { return std::isfinite(value) && value > 0 ? value : 0; }
-
-CGFloat finite(CGFloat value) { return std::isfinite(value) ? value : 0; }
 
 bool wraps(NSLineBreakMode mode) {
   return mode == NSLineBreakMode::byWordWrapping || mode == NSLineBreakMode::byCharWrapping;
@@ -63,27 +62,54 @@ class TextLayout::Filler {
     while (!fillLines(most)) {
       // What seemed to be one line of many is the last.
       most = layout_.lines_.size() - 1;
-      startAnew();
+      goBackTo(most - 1);
     }
     layout_.size_.height = bottom_;
     align();
   }
 
  private:
-  void startAnew() {
-    layout_.lines_.clear();
+  // What a line goes by, as it was before the line was filled.
+  struct Start {
+    std::size_t paragraph = 0;
+    std::size_t firstSize = 0;
+    CGFloat bottom = 0;
+    CGFloat spacing = 0;
+    CGFloat paragraphSpacing = 0;
+    CGFloat width = 0;
+    bool isTruncated = false;
+    bool tearsWords = false;
+  };
+
+  void noteStart() {
+    if (!options_.limits || layout_.lines_.empty()) return;  // Nobody goes back, or nothing was filled before.
+    starts_.push_back({paragraph_, firstSize_, bottom_, spacing_, paragraphSpacing_, layout_.size_.width,
+                       layout_.isTruncated_, layout_.tearsWords_});
+  }
+
+  // Takes out the lines from this one on, and no more: where a last line is far higher than the others, that may happen
+  // as often as there are lines.
+  void goBackTo(std::size_t line) {
+    const Start start = line > 0 ? starts_[line - 1] : Start();
+    starts_.resize(line > 0 ? line - 1 : 0);
+    layout_.lines_.resize(line);
     layout_.omission_.reset();
-    layout_.size_ = {};
-    layout_.isTruncated_ = layout_.tearsWords_ = false;
-    paragraph_ = firstSize_ = 0;
-    bottom_ = spacing_ = paragraphSpacing_ = 0;
+    layout_.size_.width = start.width;
+    layout_.isTruncated_ = start.isTruncated;
+    layout_.tearsWords_ = start.tearsWords;
+    firstSize_ = start.firstSize;
+    bottom_ = start.bottom;
+    spacing_ = start.spacing;
+    paragraphSpacing_ = start.paragraphSpacing;
+    takeParagraph(start.paragraph);
   }
 
   // False where the last line that was filled is too low down; at least one never is.
   bool fillLines(std::size_t most) {
     const auto count = static_cast<std::uint32_t>(clusters_.size());
     const bool endsWithLineBreak = layout_.text_->endsWithLineBreak;
-    for (std::uint32_t first = 0; first < count;) {
+    for (std::uint32_t first = layout_.lines_.empty() ? 0 : layout_.lines_.back().endCluster; first < count;) {
+      noteStart();
       if (clusters_[first].isParagraphStart || first == 0) beginParagraph(first);
       TextLine line = fillLine(first);
       const bool isLast = layout_.lines_.size() + 1 == most;
@@ -99,6 +125,7 @@ class TextLayout::Filler {
       first = line.endCluster;
     }
     if (!endsWithLineBreak) return true;
+    noteStart();
     addEmptyLine(count);
     return fitsHeight();
   }
@@ -149,7 +176,11 @@ class TextLayout::Filler {
   }
 
   void beginParagraph(std::uint32_t cluster) {
-    paragraph_ = spanAt(paragraphs_, paragraph_, clusters_[cluster].begin);
+    takeParagraph(spanAt(paragraphs_, paragraph_, clusters_[cluster].begin));
+  }
+
+  void takeParagraph(std::size_t paragraph) {
+    paragraph_ = paragraph;
     style_ = paragraphs_.empty() ? nullptr : paragraphs_[paragraph_].style;
     if (!style_) style_ = NSParagraphStyle::defaultParagraphStyle();
   }
@@ -306,6 +337,7 @@ class TextLayout::Filler {
   CGFloat width_;
   CGFloat scale_;
   CGFloat room_;
+  std::vector<Start> starts_;  // of each line but the first
   std::shared_ptr<const NSParagraphStyle> style_;
   std::size_t paragraph_ = 0;
   std::size_t firstSize_ = 0;  // the size span of the line's first cluster

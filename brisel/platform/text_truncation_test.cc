@@ -241,6 +241,27 @@ TEST_F(TextTruncationTest, ALargeEllipsisTakesTheRoomOfTheTextBehindIt) {
   EXPECT_THAT(drawn(layout), ElementsAre("…ef"));
 }
 
+TEST_F(TextTruncationTest, AHighEllipsisTakesTheRoomOfTheLinesBelowIt) {
+  const auto layOutWithHighEllipsis = [&](std::u16string_view text, CGFloat height) {
+    style_->setLineBreakMode(Mode::byTruncatingTail);
+    auto options = this->options(40, 99, height);
+    options.limits->ellipsis = [this](std::uint32_t) {
+      auto high = std::make_shared<ShapedText>(*shape(u"\u2026"));
+      high->runs[0].metrics.ascender = 2.75;  // 60 points from top to bottom
+      return high;
+    };
+    return layOut(text, options);
+  };
+  const TextLayout two = layOutWithHighEllipsis(u"a\nb\nc\nd\ne", 90);
+  EXPECT_THAT(drawn(two), ElementsAre("a", "b…"));
+  EXPECT_EQ(two.size(), (CGSize{20, 80}));
+  // Nothing remains of what was laid out below it.
+  const TextLayout one = layOutWithHighEllipsis(u"a\nb\ncccccc\n", 70);
+  EXPECT_THAT(drawn(one), ElementsAre("a…"));
+  EXPECT_EQ(one.size(), (CGSize{20, 60}));
+  EXPECT_FALSE(one.tearsWords());
+}
+
 TEST_F(TextTruncationTest, AHeadThatIsLeftOutTakesItsParagraphsStyleAlong) {
   const auto first = NSMutableParagraphStyle::init();
   first->setLineBreakMode(Mode::byTruncatingHead);

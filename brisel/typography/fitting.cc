@@ -8,6 +8,8 @@
 
 #include "brisel/platform/fatal_error.h"
 #include "brisel/platform/font.h"
+#include "brisel/platform/internal/attribute.h"
+#include "brisel/platform/internal/distance.h"
 #include "brisel/platform/paragraph_style.h"
 #include "brisel/platform/screen.h"
 #include "brisel/platform/text_height_bounds.h"
@@ -31,6 +33,9 @@ using Platform::TextLine;
 using Platform::Typeface;
 using Platform::UIFont;
 using Platform::Value;
+using Platform::internal::attribute;
+using Platform::internal::distance;
+using Platform::internal::finite;
 
 namespace {
 
@@ -50,16 +55,6 @@ struct Step {
   CGFloat scale = 1;
   CGFloat kern = 0;
 };
-
-template <class T>
-std::shared_ptr<const T> object(const Dictionary& attributes, std::string_view name) {
-  const Value* value = attributes.find(name);
-  return value ? value->as<T>() : nullptr;
-}
-
-CGFloat distance(CGFloat value) { return std::isfinite(value) && value > 0 ? value : 0; }
-
-CGFloat finite(CGFloat value) { return std::isfinite(value) ? value : 0; }
 
 CGFloat onPixelGrid(CGFloat height) {
   const CGFloat scale = Platform::UIScreen::mainScreen().scale();
@@ -144,7 +139,7 @@ class Fitting {
         numberOfLines_(numberOfLines),
         lastStep_(lastStep(font_->pointSize(), minScale)),
         attributes_(string.attributesAtIndex(0)),
-        initialStyle_(object<NSParagraphStyle>(attributes_, NSParagraphStyleAttributeName)),
+        initialStyle_(attribute<NSParagraphStyle>(attributes_, NSParagraphStyleAttributeName)),
         style_(initialStyle_ ? initialStyle_->mutableCopy() : nullptr),
         text_(string.string(), measuredAttributes(), size.width),
         probe_(probeText(numberOfLines), measuredAttributes(), size.width) {
@@ -303,7 +298,7 @@ ScaledResult scaledToFit(const std::shared_ptr<const NSAttributedString>& string
   if (numberOfLines < 1) return {string, true};
   if (size.width < 1.0) return {string, false};
   if (!string || string->length() == 0) Platform::fatalError("An empty text cannot be scaled to fit");
-  auto font = object<UIFont>(string->attributesAtIndex(0), NSFontAttributeName);
+  auto font = attribute<UIFont>(string->attributesAtIndex(0), NSFontAttributeName);
   if (!font) return {string, false};
   return Fitting(*string, std::move(font), size, numberOfLines, minScale).run();
 }

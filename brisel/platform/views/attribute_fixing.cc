@@ -7,14 +7,14 @@
 
 #include "brisel/platform/attributed_string.h"
 #include "brisel/platform/font.h"
+#include "brisel/platform/internal/attribute.h"
 #include "brisel/platform/port.h"
 
 namespace Brisel::Platform {
 namespace {
 
 std::shared_ptr<const UIFont> fontOf(const Dictionary& attributes) {
-  const Value* value = attributes.find(NSFontAttributeName);
-  return value ? value->as<UIFont>() : nullptr;
+  return internal::attribute<UIFont>(attributes, NSFontAttributeName);
 }
 
 // The part that two ranges share; empty where they do not meet.
@@ -60,14 +60,23 @@ void NSMutableAttributedString::fixAttributesInRange(NSRange range) {
     typefaces.push_back({static_cast<std::uint32_t>(run.range.end()), font ? font->typeface() : engine().typeface({}),
                          font ? font->pointSize() : 0, true});
   }
-  for (const FaceSubstitution& found : engine().substitutions({utf16(), typefaces})) {
-    const NSRange part = sharedBy({found.begin, found.end - found.begin}, range);
-    if (part.length == 0) continue;
-    enumerateAttributesInRange(part, [&](NSRange stretch, const Dictionary& attributes) {
-      if (const auto font = fontOf(attributes))
-        addAttribute(NSFontAttributeName, fontNamed(*font, found.name), stretch);
-    });
+  const std::vector<FaceSubstitution> found = engine().substitutions({utf16(), typefaces});
+  auto next = found.begin();
+  std::vector<AttributeRun> fixed;
+  for (const AttributeRun& run : runsIn(range)) {
+    const auto font = fontOf(run.attributes);
+    for (std::size_t at = run.range.location; at < run.range.end();) {
+      while (next != found.end() && next->end <= at) ++next;
+      const bool isFound = next != found.end() && next->begin <= at;
+      std::size_t end = run.range.end();
+      if (next != found.end()) end = std::min<std::size_t>(end, isFound ? next->end : next->begin);
+      fixed.push_back({{at, end - at}, run.attributes});
+      if (isFound && font)
+        fixed.back().attributes = run.attributes.with(Value(NSFontAttributeName), Value(fontNamed(*font, next->name)));
+      at = end;
+    }
   }
+  replaceRuns(range, fixed);
 }
 
 }  // namespace Brisel::Platform

@@ -10,6 +10,7 @@
 #include "brisel/platform/attributed_string.h"
 #include "brisel/platform/font.h"
 #include "brisel/platform/font_descriptor.h"
+#include "brisel/platform/internal/compared_object_test.h"
 #include "brisel/platform/port.h"
 #include "brisel/platform/recording/engine.h"
 
@@ -137,6 +138,32 @@ TEST_F(AttributeFixing, ASecondTimeChangesNothing) {
   const auto twice = once->mutableCopy();
   twice->fixAttributesInRange({0, 3});
   EXPECT_TRUE(twice->isEqual(*once));
+}
+
+TEST_F(AttributeFixing, GoesOnceThroughTheRunsOfAText) {
+  std::string characters;
+  for (int i = 0; i < 100; ++i) characters += "ax";
+  const auto text = textOfRuns(characters, {{NSFontAttributeName, font(20)}});
+  text->fixAttributesInRange({0, 200});
+  EXPECT_EQ(text->attributeRuns().size(), 200U);
+  EXPECT_EQ(text->attribute(NSFontAttributeName, 199)->as<UIFont>()->fontName(), "Other-Bold");
+  EXPECT_LE(ComparedObject::comparisons, 400U);
+}
+
+TEST_F(AttributeFixing, FixesALongTextOfAlternatingFonts) {
+  std::string characters;
+  for (int i = 0; i < 10'000; ++i) characters += "ax";
+  const auto text = this->text(characters.c_str());
+  text->fixAttributesInRange({0, 20'000});
+  EXPECT_EQ(text->attributeRuns().size(), 20'000U);
+}
+
+TEST_F(AttributeFixing, FixesThePartsOfSubstitutedStretchesThatLieInItsRange) {
+  const auto text = this->text("axxbxxa");
+  text->addAttribute(NSKernAttributeName, 1, {2, 1});
+  text->fixAttributesInRange({2, 3});
+  EXPECT_THAT(fonts(*text), ElementsAre(Pair(2, "Any-Book"), Pair(1, "Other-Bold"), Pair(1, "Any-Book"),
+                                        Pair(1, "Other-Bold"), Pair(2, "Any-Book")));
 }
 
 using AttributeFixingDeathTest = AttributeFixing;

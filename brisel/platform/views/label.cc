@@ -1,19 +1,22 @@
 #include "brisel/platform/views/label.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <string>
 #include <utility>
 #include <vector>
 
-#include "brisel/platform/font_descriptor.h"
-#include "brisel/platform/screen.h"
+#include "brisel/platform/internal/attribute.h"
+#include "brisel/platform/port.h"
 #include "brisel/platform/views/text_drawing.h"
+#include "brisel/platform/views/view_text.h"
 
 namespace Brisel::Platform {
 namespace {
+
+using internal::roundedUpToPixels;
 
 constexpr CGFloat kDefaultPointSize = 17;
 constexpr CGFloat kInfinity = std::numeric_limits<CGFloat>::infinity();
@@ -30,11 +33,14 @@ class Shaping {
     typefacesBefore_.swap(spans_.typefaces);
     spans_.assign(text, defaults);
     auto characters = text.sharedUtf16();
-    const bool isAlike = shaped_ && fallback_ == fallback && spans_.direction == direction && typefacesAreAlike() &&
+    const std::uint64_t generation = engine().generation();
+    const bool isAlike = shaped_ && generation_ == generation && fallback_ == fallback &&
+                         spans_.direction == direction && typefacesAreAlike() &&
                          (characters_ == characters || *characters_ == *characters);
     typefacesBefore_.clear();
     characters_ = std::move(characters);
     fallback_ = fallback;
+    generation_ = generation;
     if (!isAlike) shaped_ = shape(text, spans_, fallback_);
   }
 
@@ -57,20 +63,9 @@ class Shaping {
   TextSpans spans_;
   std::vector<TypefaceSpan> typefacesBefore_;  // empty but during an update
   UIUserInterfaceLayoutDirection fallback_{};
+  std::uint64_t generation_ = 0;  // the engine's
   std::shared_ptr<const ShapedText> shaped_;
 };
-
-// Up to whole pixels, so that a frame on the pixel grid has room for it. What rounding has left above one does not
-// count.
-CGFloat roundedUp(CGFloat points) {
-  constexpr CGFloat kRounding = 1e-6;
-  if (!(points > 0)) return 0;
-  const CGFloat scale = UIScreen::mainScreen().scale();
-  const CGFloat rounded = std::ceil(points * scale - kRounding) / scale;
-  return std::isfinite(rounded) ? rounded : points;
-}
-
-CGSize roundedUp(CGSize size) { return {roundedUp(size.width), roundedUp(size.height)}; }
 
 // Of text of a height that stands in the middle of its view.
 FirstBaseline centred(CGFloat baseline, CGFloat height) {
@@ -108,8 +103,9 @@ struct UILabel::State {
   // What was made of it. A shaping that is stale may still lend its glyphs to the next.
   Shaping shaping;
   bool shapingIsStale = true;
-  std::optional<CGSize> intrinsicSize;  // not rounded
-  std::shared_ptr<const UIFont> substituteFont;
+  std::optional<CGSize> intrinsicSize;           // not rounded
+  std::shared_ptr<const UIFont> substituteFont;  // the one of this generation of the engine
+  std::uint64_t substituteGeneration = 0;
   std::shared_ptr<const NSParagraphStyle> paragraphStyle;
   struct Drawn {
     CGSize bounds;
@@ -138,9 +134,10 @@ struct UILabel::State {
 
   const std::shared_ptr<const UIFont>& ownFont() {
     if (font) return font;
-    if (!substituteFont) {
-      substituteFont = UIFont::fontWithDescriptor(UIFontDescriptor::fontDescriptorWithName("", kDefaultPointSize),
-                                                  kDefaultPointSize);
+    const std::uint64_t generation = engine().generation();
+    if (!substituteFont || substituteGeneration != generation) {
+      substituteFont = internal::substituteFont(kDefaultPointSize);
+      substituteGeneration = generation;
     }
     return substituteFont;
   }
@@ -164,13 +161,12 @@ struct UILabel::State {
     if (colorIsNewer && textColor) changed->addAttribute(NSForegroundColorAttributeName, Value(textColor), all);
     if (colorIsNewer && !textColor) changed->removeAttribute(NSForegroundColorAttributeName, all);
     if (alignmentIsNewer || lineBreakModeIsNewer) {
-      changed->enumerateAttributesInRange(all, [&](NSRange range, const Dictionary& attributes) {
-        const Value* value = attributes.find(NSParagraphStyleAttributeName);
-        const auto old = value ? value->as<NSParagraphStyle>() : nullptr;
+      changed->changeAttributesInRange(all, [&](NSRange, const Dictionary& attributes) {
+        const auto old = internal::attribute<NSParagraphStyle>(attributes, NSParagraphStyleAttributeName);
         const auto style = (old ? *old : *ownParagraphStyle()).mutableCopy();
         if (alignmentIsNewer) style->setAlignment(textAlignment);
         if (lineBreakModeIsNewer) style->setLineBreakMode(lineBreakMode);
-        changed->addAttribute(NSParagraphStyleAttributeName, Value(style), range);
+        return attributes.with(Value(NSParagraphStyleAttributeName), Value(style));
       });
     }
     setText(changed->copy(), false);
@@ -360,14 +356,14 @@ CGSize UILabel::intrinsicContentSize() const {
     const bool hasWidth = state.numberOfLines != 1 && state.preferredMaxLayoutWidth > 0;
     state.intrinsicSize = Typesetter(*this).layOut(hasWidth ? state.preferredMaxLayoutWidth : kInfinity).size();
   }
-  return roundedUp(*state.intrinsicSize);
+  return roundedUpToPixels(*state.intrinsicSize);
 }
 
 CGSize UILabel::sizeThatFits(CGSize size) const {
   const State& state = *state_;
   if (!state.text || state.text->length() == 0) return {0, 0};
   const bool hasWidth = state.numberOfLines != 1 && size.width > 0;
-  return roundedUp(Typesetter(*this).layOut(hasWidth ? size.width : kInfinity).size());
+  return roundedUpToPixels(Typesetter(*this).layOut(hasWidth ? size.width : kInfinity).size());
 }
 
 FirstBaseline UILabel::firstBaseline() const {

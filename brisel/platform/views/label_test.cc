@@ -399,6 +399,37 @@ TEST_F(LabelTest, AnotherTextTypefaceOrLigatureIsShapedAnew) {
   EXPECT_EQ(shapings(), expected);
 }
 
+TEST_F(LabelTest, IsShapedAnewWhenItsTextIsSetAfterTheFacesHaveChanged) {
+  const auto label = this->label("abc", 100, 20);
+  std::size_t expected = 0;
+  const auto setAgain = [&] {
+    label->setText("abc");
+    label->intrinsicContentSize();
+    return shapings();
+  };
+  EXPECT_EQ(setAgain(), ++expected);
+  EXPECT_EQ(setAgain(), expected);
+  engine_->setUsesHostFonts(false);
+  EXPECT_EQ(setAgain(), ++expected);
+  engine_->setSubstituteFamily("Other");
+  EXPECT_EQ(setAgain(), ++expected);
+  engine_->registerFontFile("a.otf");
+  EXPECT_EQ(setAgain(), ++expected);
+  engine_->registerFontFile("a.otf");  // Known already: nothing changes.
+  EXPECT_EQ(setAgain(), expected);
+}
+
+TEST_F(LabelTest, AsksForASubstituteAnewWhenTheFacesHaveChanged) {
+  const auto label = UILabel::initWithFrame();
+  label->firstBaseline();
+  const auto requests = engine_->record().typefaces.size();
+  label->firstBaseline();
+  EXPECT_EQ(engine_->record().typefaces.size(), requests);
+  engine_->setSubstituteFamily("Other");
+  label->firstBaseline();
+  EXPECT_EQ(engine_->record().typefaces.size(), requests + 1);
+}
+
 TEST_F(LabelTest, AnotherDirectionOfItsSurroundingsIsShapedAnew) {
   const auto label = this->label("abc", 100, 20);
   label->intrinsicContentSize();

@@ -64,8 +64,7 @@ class TextDrawing {
 /// Options for measuring, to be combined with |.
 enum NSStringDrawingOptions : unsigned {
   /// The rectangle's origin is the upper left corner, and lines wrap at the width; else it is the first baseline, and
-  /// only
-  /// line endings begin new lines.
+  /// only line endings begin new lines.
   NSStringDrawingUsesLineFragmentOrigin = 1U << 0,
   /// The fonts' leading counts as part of the lines.
   NSStringDrawingUsesFontLeading = 1U << 1,

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "brisel/platform/internal/attribute.h"
 #include "brisel/platform/views/view_text.h"
 
 namespace Brisel::Platform {
@@ -11,12 +12,6 @@ using namespace internal;
 
 constexpr CGFloat kFontSize = 17;
 constexpr CGFloat kPlaceholderAlpha = 0.3;  // of the text's own
-
-template <class T>
-std::shared_ptr<const T> objectIn(const Dictionary& attributes, std::string_view name) {
-  const Value* value = attributes.find(name);
-  return value ? value->as<T>() : nullptr;
-}
 
 }  // namespace
 
@@ -28,7 +23,7 @@ struct UITextField::State {
   std::optional<ShownText> shown;  // made anew when what it shows has changed
 
   ColorPtr placeholderColor() const {
-    const auto color = objectIn<UIColor>(defaults, NSForegroundColorAttributeName);
+    const auto color = attribute<UIColor>(defaults, NSForegroundColorAttributeName);
     return color ? color->colorWithAlphaComponent(color->alpha() * kPlaceholderAlpha)
                  : UIColor::initWithWhite(0, kPlaceholderAlpha);
   }
@@ -85,12 +80,12 @@ void UITextField::setDefaultTextAttributes(const Dictionary& attributes) {
 }
 
 std::shared_ptr<const UIFont> UITextField::font() const {
-  return objectIn<UIFont>(state_->defaults, NSFontAttributeName);
+  return attribute<UIFont>(state_->defaults, NSFontAttributeName);
 }
 
 void UITextField::setFont(const std::shared_ptr<const UIFont>& font) { setDefault(NSFontAttributeName, font); }
 
-ColorPtr UITextField::textColor() const { return objectIn<UIColor>(state_->defaults, NSForegroundColorAttributeName); }
+ColorPtr UITextField::textColor() const { return attribute<UIColor>(state_->defaults, NSForegroundColorAttributeName); }
 
 void UITextField::setTextColor(const ColorPtr& color) { setDefault(NSForegroundColorAttributeName, color); }
 

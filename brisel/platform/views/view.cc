@@ -1,20 +1,17 @@
 #include "brisel/platform/views/view.h"
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "brisel/platform/fatal_error.h"
+#include "brisel/platform/internal/distance.h"
 #include "brisel/platform/views/internal/view_layout.h"
 #include "brisel/platform/views/layout_guide.h"
 #include "brisel/platform/views/window.h"
 
 namespace Brisel::Platform {
-namespace {
 
-CGFloat finite(CGFloat distance) noexcept { return std::isfinite(distance) ? distance : 0; }
-
-}  // namespace
+using internal::finite;
 
 std::shared_ptr<UIView> UIView::initWithFrame(const CGRect& frame) {
   return made(std::shared_ptr<UIView>(new UIView), frame);
@@ -146,12 +143,12 @@ CGRect UIView::convertRectToView(const CGRect& rect, const UIView& view) const n
 // Without recursion, as trees may be deep.
 void UIView::drawHierarchy(Canvas& canvas, CGPoint at) const {
   struct Step {
-    const UIView* view = nullptr;  // null: the end of one that clips
+    std::shared_ptr<const UIView> view;  // null: the end of one that clips
     CGPoint at;
   };
-  std::vector<Step> steps = {{this, at}};
+  std::vector<Step> steps = {{layoutView(), at}};
   while (!steps.empty()) {
-    const auto [view, corner] = steps.back();
+    const auto [view, corner] = std::move(steps.back());
     steps.pop_back();
     if (!view) canvas.restore();
     if (!view || view->hidden_) continue;
@@ -163,9 +160,10 @@ void UIView::drawHierarchy(Canvas& canvas, CGPoint at) const {
       canvas.clipToPath(UIBezierPath::bezierPathWithRect(rect));
       steps.push_back({});
     }
-    for (auto below = view->subviews_.rbegin(); below != view->subviews_.rend(); ++below) {
-      const CGPoint origin = (*below)->frame_.origin;
-      steps.push_back({below->get(), {corner.x + origin.x, corner.y + origin.y}});
+    for (std::size_t i = view->subviews_.size(); i-- > 0;) {
+      const auto& below = view->subviews_[i];
+      const CGPoint origin = below->frame_.origin;
+      steps.push_back({below, {corner.x + origin.x, corner.y + origin.y}});
     }
   }
 }

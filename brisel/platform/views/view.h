@@ -168,7 +168,8 @@ class UIView : public LayoutItem {
   /// The rest of initialisation, where `shared_from_this` works. Subclasses call their base class's first.
   virtual void didInitWithFrame();
 
-  /// Draws the view's own content over its background, its upper left corner at the point.
+  /// Draws the view's own content over its background, its upper left corner at the point. It may change the tree;
+  /// siblings that it takes out are still drawn.
   virtual void drawContent(Canvas& canvas, CGPoint at) const;
 
   /// Whether the height of its content depends on its width, as that of wrapped text does; then layout asks

@@ -2,6 +2,7 @@
 
 #include <limits>
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include <gmock/gmock.h>
@@ -177,6 +178,26 @@ TEST_F(ViewDrawing, ClipsSubviewsAndNotSiblings) {
   for (const auto& call : draw()) kinds.push_back(call.kind);
   EXPECT_THAT(kinds, ElementsAre(Kind::fillRect, Kind::fillRect, Kind::save, Kind::clipToPath, Kind::fillRect,
                                  Kind::restore, Kind::fillRect));
+}
+
+// Takes a view out when it is drawn, and lets go of it.
+struct Remover final : UIView {
+  void drawContent(Canvas&, CGPoint) const override {
+    const std::weak_ptr<UIView> weak = victim;
+    std::exchange(victim, nullptr)->removeFromSuperview();
+    foundVictim = !weak.expired();
+  }
+  mutable std::shared_ptr<UIView> victim;
+  mutable bool foundVictim = false;
+};
+
+TEST_F(ViewDrawing, DrawsASiblingThatIsTakenOutMeanwhile) {
+  const auto remover = std::make_shared<Remover>();
+  view->addSubview(remover);
+  remover->victim = colored(view, {{4, 4}, {6, 6}}, 0.3);
+  EXPECT_THAT(fills(), ElementsAre(CGRect{{2, 3}, {20, 10}}, CGRect{{6, 7}, {6, 6}}));
+  EXPECT_TRUE(remover->foundVictim);
+  EXPECT_THAT(view->subviews(), ElementsAre(remover));
 }
 
 TEST_F(ViewDrawing, DrawsNothingForAViewWithoutBackground) {

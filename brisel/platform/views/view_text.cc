@@ -4,6 +4,8 @@
 #include <limits>
 
 #include "brisel/platform/font_descriptor.h"
+#include "brisel/platform/internal/attribute.h"
+#include "brisel/platform/internal/distance.h"
 #include "brisel/platform/screen.h"
 
 namespace Brisel::Platform::internal {
@@ -14,7 +16,8 @@ template <class Change>
 AttributedText changed(const AttributedText& text, const Change& change) {
   if (!text) return nullptr;
   auto result = text->mutableCopy();
-  for (const AttributeRun& run : text->attributeRuns()) result->setAttributes(change(run.attributes), run.range);
+  result->changeAttributesInRange({0, result->length()},
+                                  [&](NSRange, const Dictionary& attributes) { return change(attributes); });
   return result;
 }
 
@@ -25,6 +28,7 @@ AttributedText orSpace(const AttributedText& text) {
 
 CGFloat roundedUp(CGFloat points, CGFloat scale) {
   constexpr CGFloat kRounding = 1e-6;  // What rounding has left above a pixel does not count.
+  if (!(points > 0)) return 0;
   const CGFloat rounded = std::ceil(points * scale - kRounding) / scale;
   return std::isfinite(rounded) ? rounded : points;
 }
@@ -61,12 +65,9 @@ Dictionary withAlignment(const Dictionary& attributes, NSTextAlignment alignment
 }
 
 std::shared_ptr<const NSParagraphStyle> paragraphStyleOf(const Dictionary& attributes) {
-  const Value* value = attributes.find(NSParagraphStyleAttributeName);
-  const auto style = value ? value->as<NSParagraphStyle>() : nullptr;
+  const auto style = attribute<NSParagraphStyle>(attributes, NSParagraphStyleAttributeName);
   return style ? style : NSParagraphStyle::defaultParagraphStyle();
 }
-
-CGFloat finite(CGFloat distance) noexcept { return std::isfinite(distance) ? distance : 0; }
 
 UIEdgeInsets finite(const UIEdgeInsets& insets) noexcept {
   return {finite(insets.top), finite(insets.left), finite(insets.bottom), finite(insets.right)};

@@ -40,8 +40,7 @@ Dictionary withAlignment(const Dictionary& attributes, NSTextAlignment alignment
 /// The paragraph style among attributes; the default one where there is none.
 std::shared_ptr<const NSParagraphStyle> paragraphStyleOf(const Dictionary& attributes);
 
-/// 0 for what is not finite.
-CGFloat finite(CGFloat distance) noexcept;
+/// 0 for distances that are not finite.
 UIEdgeInsets finite(const UIEdgeInsets& insets) noexcept;
 
 /// Up to whole pixels of the main screen, so that a frame on the pixel grid has room for it.

@@ -22,6 +22,7 @@ void UIWindow::setTraitCollection(const std::shared_ptr<const UITraitCollection>
 
 void UIWindow::setRootViewController(const std::shared_ptr<UIViewController>& controller) {
   if (controller == rootViewController_) return;
+  const auto self = shared_from_this();  // What is called below may let go of the window.
   const auto before = std::exchange(rootViewController_, controller);
   const auto root = rootViewController_;  // What is called below may set another, and change what was handed in.
   if (before && before->isViewLoaded() && before->view()->superview().get() == this)

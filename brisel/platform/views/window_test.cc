@@ -107,5 +107,41 @@ TEST_F(Window, TakesTheRootThatItsRootSetsOnLoading) {
   EXPECT_THAT(window->subviews(), ElementsAre(root->view()));
 }
 
+// Lets go of a window, of which it is the last owner, when its view is taken out.
+struct WindowKeeper final : UIViewController {
+  struct View final : UIView {
+    explicit View(WindowKeeper& forKeeper) : keeper(forKeeper) {}
+    void didMoveToWindow() override {
+      UIView::didMoveToWindow();
+      if (!window()) keeper.window.reset();
+    }
+    WindowKeeper& keeper;
+  };
+  std::shared_ptr<UIView> loadView() override { return std::make_shared<View>(*this); }
+
+  std::shared_ptr<UIWindow> window;
+};
+
+// Notes whether a window is there when its view is made.
+struct WindowWatcher final : UIViewController {
+  void viewDidLoad() override { foundWindow = !window.expired(); }
+
+  std::weak_ptr<UIWindow> window;
+  bool foundWindow = false;
+};
+
+TEST_F(Window, StaysUntilItsRootIsSetThoughItsLastOwnerLetsGoOfIt) {
+  const auto keeper = std::make_shared<WindowKeeper>();
+  const auto watcher = std::make_shared<WindowWatcher>();
+  window->setRootViewController(keeper);
+  watcher->window = window;
+  UIWindow& bare = *window;
+  keeper->window = std::move(window);
+  bare.setRootViewController(watcher);
+  EXPECT_TRUE(watcher->foundWindow);
+  EXPECT_TRUE(watcher->window.expired());
+  EXPECT_EQ(watcher->view()->window(), nullptr);
+}
+
 }  // namespace
 }  // namespace Brisel::Platform
