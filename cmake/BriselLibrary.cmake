@@ -17,6 +17,16 @@ function(brisel_target_options target)
   endif()
 endfunction()
 
+# brisel_precompile(<target>): the standard library's headers once for all files, where a preset asks for it. They are a
+# third of what is compiled.
+function(brisel_precompile target)
+  if(BRISEL_PRECOMPILE)
+    target_precompile_headers(
+      ${target} PRIVATE <algorithm> <array> <atomic> <cmath> <filesystem> <functional> <limits> <map> <memory> <mutex>
+      <optional> <span> <string> <string_view> <unordered_map> <variant> <vector>)
+  endif()
+endfunction()
+
 # brisel_library(<name> SOURCES … [PUBLIC …] [PRIVATE …]): the library Brisel<name>, exported as Brisel::<name>.
 function(brisel_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
@@ -24,6 +34,7 @@ function(brisel_library name)
   add_library(${target} ${ARG_SOURCES})
   add_library(Brisel::${name} ALIAS ${target})
   brisel_target_options(${target})
+  brisel_precompile(${target})
   if(BRISEL_BUILD_FUZZERS)
     target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
   endif()

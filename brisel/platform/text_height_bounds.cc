@@ -187,7 +187,8 @@ CGFloat TextHeightBounds::lines(const Stretch& stretch, CGFloat pointSize, CGFlo
                                 CGFloat most) const {
   const auto reach = [&](std::uint32_t place) { return places_[place].advance * pointSize + place * kern; };
   CGFloat count = 1;
-  for (std::uint32_t first = stretch.first; count < most; ++count) {
+  std::uint32_t first = stretch.first;
+  while (count < most) {
     const CGFloat limit = reach(first) + room;
     std::uint32_t fits = first;  // clusters up to here do, those from `end` on do not
     std::uint32_t end = stretch.endVisible;
@@ -198,6 +199,7 @@ CGFloat TextHeightBounds::lines(const Stretch& stretch, CGFloat pointSize, CGFlo
     if (end >= stretch.endVisible) break;
     end = places_[end].nextVisible;
     first = places_[end].lastBreak > first ? places_[end].lastBreak : end;
+    ++count;
   }
   return count;
 }

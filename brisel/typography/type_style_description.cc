@@ -9,13 +9,13 @@ namespace {
 
 using Platform::internal::decimal;
 
-std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
+std::string inQuotes(std::string_view text) { return '"' + std::string(text) + '"'; }
 
 std::string listOfFonts(const std::vector<Font>& fonts) {
   std::string list = "[";
   for (const Font font : fonts) {
     if (list.size() > 1) list += ", ";
-    list += quoted(font.description());
+    list += inQuotes(font.description());
   }
   return list + ']';
 }
@@ -47,7 +47,7 @@ std::string TypeStyle::Configuration::debugDescription() const {
 
 // The configuration's lines are not indented any further; this is deliberate.
 std::string TypeStyle::debugDescription() const {
-  return "TypeStyle: " + quoted(name_) + "\n{\n    primaryFont: " + quoted(primaryFont_.description()) +
+  return "TypeStyle: " + inQuotes(name_) + "\n{\n    primaryFont: " + inQuotes(primaryFont_.description()) +
          "\n    fallbackFonts: " + listOfFonts(fallbackFonts_) +
          "\n    fontWeight: " + std::string(fontWeight_.nameSuffix()) + "\n    fontSize: " + decimal(fontSize_) +
          "\n    configuration: " + configuration_.description() + "\n}";

@@ -54,7 +54,8 @@ void UIView::didInitWithFrame() {}
 void UIView::addSubview(const std::shared_ptr<UIView>& view) {
   if (!view || view.get() == this || (!view->subviews_.empty() && isDescendantOfView(*view)))
     fatalError("A view can be added neither to itself nor below itself");
-  const auto added = view;  // What was handed in may be a place in the list that it is taken from.
+  // What was handed in may be a place in the list that it is taken from.
+  const auto added = view;  // NOLINT(performance-unnecessary-copy-initialization)
   if (added->superview_ == this) {
     const auto at = std::find(subviews_.begin(), subviews_.end(), added);
     std::rotate(at, at + 1, subviews_.end());
