@@ -1,6 +1,4 @@
 // When views are laid out, and what callbacks may do meanwhile.
-#include "brisel/platform/views/placed_views_test.h"
-
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -11,6 +9,7 @@
 #include <rapidcheck.h>
 
 #include "brisel/platform/views/layout_guide.h"
+#include "brisel/platform/views/placed_views_test.h"
 
 #include "tests/view_tree_model.h"
 
