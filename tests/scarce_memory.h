@@ -8,6 +8,15 @@
 #include <limits>
 #include <new>
 
+// The thread sanitizer has operators of its own, which cannot be replaced.
+#define BRISEL_CAN_REPLACE_OPERATORS 1
+#if defined(__has_feature)
+#if __has_feature(thread_sanitizer)
+#undef BRISEL_CAN_REPLACE_OPERATORS
+#define BRISEL_CAN_REPLACE_OPERATORS 0
+#endif
+#endif
+
 namespace Brisel::Tests {
 
 inline std::atomic<std::size_t> largestAllocation{std::numeric_limits<std::size_t>::max()};
@@ -19,9 +28,14 @@ class ScarceMemory {
   ~ScarceMemory() { largestAllocation = std::numeric_limits<std::size_t>::max(); }
   ScarceMemory(const ScarceMemory&) = delete;
   ScarceMemory& operator=(const ScarceMemory&) = delete;
+
+  /// Whether it does so in this build.
+  static constexpr bool isPossible() { return BRISEL_CAN_REPLACE_OPERATORS; }
 };
 
 }  // namespace Brisel::Tests
+
+#if BRISEL_CAN_REPLACE_OPERATORS
 
 // Not inline, or the compiler would see memory of one kind given back as another.
 [[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
@@ -33,3 +47,5 @@ class ScarceMemory {
 }
 [[gnu::noinline]] void operator delete(void* place) noexcept { std::free(place); }
 [[gnu::noinline]] void operator delete(void* place, std::size_t) noexcept { std::free(place); }
+
+#endif

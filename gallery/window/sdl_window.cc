@@ -1,6 +1,7 @@
 // The one file that knows SDL: it hands on what a person does, and shows what the screen draws.
 #include "gallery/window/sdl_window.h"
 
+#include <atomic>
 #include <cmath>
 #include <cstdlib>
 #include <memory>
@@ -53,15 +54,19 @@ struct Video {
 int waitForBoth(GPollFD* descriptors, guint count, int timeout) {
   if (timeout == 0) return g_poll(descriptors, count, 0);
   int ready = 0;
+  std::atomic<bool> isReady = false;
   std::thread watch([&] {
     ready = g_poll(descriptors, count, timeout);
+    isReady = true;
     SDL_Event wake{};
     wake.type = SDL_USEREVENT;
     SDL_PushEvent(&wake);
   });
   SDL_WaitEvent(nullptr);
-  g_main_context_wakeup(nullptr);
+  // Where the other thread waits no longer, a call would end the next waiting at once, and that the one after it.
+  if (!isReady) g_main_context_wakeup(nullptr);
   watch.join();
+  SDL_FlushEvent(SDL_USEREVENT);  // SDL_PollEvent may stop before it, and the next waiting would not begin.
   return ready;
 }
 
