@@ -119,7 +119,8 @@ CGSize UIView::systemLayoutSizeFittingSize(CGSize size) {
 
 void UIView::addLayoutGuide(const std::shared_ptr<UILayoutGuide>& guide) {
   if (!guide || guide->owner_ == this) return;
-  const auto added = guide;  // What was handed in may be a place in the list that it is taken from.
+  // What was handed in may be a place in the list that it is taken from.
+  const auto added = guide;  // NOLINT(performance-unnecessary-copy-initialization)
   if (added->owner_) added->owner_->removeLayoutGuide(added);
   added->owner_ = this;
   layoutGuides_.push_back(added);

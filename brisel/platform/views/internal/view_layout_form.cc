@@ -22,7 +22,7 @@ void addUp(std::vector<ConstraintSolver::Term>& terms) {
   auto kept = terms.begin();
   for (auto it = terms.begin(); it != terms.end();) {
     auto sum = *it;
-    while (++it != terms.end() && it->variable == sum.variable) sum.coefficient += it->coefficient;
+    for (++it; it != terms.end() && it->variable == sum.variable; ++it) sum.coefficient += it->coefficient;
     if (std::fabs(sum.coefficient) >= ConstraintSolver::kSmallestCoefficient) *kept++ = sum;
   }
   terms.erase(kept, terms.end());
