@@ -255,7 +255,7 @@ class TokenChart {
 };
 
 template <class Chart>
-Picture plan(PictureBook& pictures, const std::string& path, std::shared_ptr<const Chart> chart) {
+Picture plan(PictureBook& pictures, const std::string& path, const std::shared_ptr<const Chart>& chart) {
   return pictures.add(path, chart->size(), [chart](Platform::Canvas& canvas) { chart->paint(canvas); });
 }
 

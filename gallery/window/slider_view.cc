@@ -7,7 +7,7 @@
 
 namespace Brisel::Gallery {
 
-using Platform::CGFloat, Platform::CGPoint, Platform::CGRect;
+using Platform::CGFloat, Platform::CGPoint;
 
 namespace {
 
