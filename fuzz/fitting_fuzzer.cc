@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "brisel/platform/bundle.h"
 #include "brisel/platform/font.h"
 #include "brisel/platform/font_descriptor.h"
 #include "brisel/platform/paragraph_style.h"
@@ -12,11 +11,13 @@
 #include "brisel/platform/screen.h"
 #include "brisel/typography/fitting.h"
 
+#include "fuzz/bundle_fonts.h"
 #include "fuzz/input.h"
 #include "tests/written_fitting.h"
 
 using namespace Brisel::Platform;
 using Brisel::ScaledResult;
+using Brisel::Fuzz::registerBundleFonts;
 using Brisel::Fuzz::require;
 using Brisel::Fuzz::Source;
 
@@ -27,15 +28,6 @@ CGFloat takeNumber(Source& source) {
   const auto kind = source.take<std::uint8_t>();
   if (kind % 4 == 0) return source.take<double>();
   return kind % 4 == 1 ? source.take<std::int16_t>() / 8.0 : source.take<std::int8_t>() / 2.0;
-}
-
-void registerFonts() {
-  engine().setUsesHostFonts(false);
-  const auto bundle = NSBundle::bundleWithPath(BRISEL_TEST_BUNDLE);
-  require(bundle != nullptr);
-  const auto files = bundle->URLsForResourcesWithExtension("otf");
-  require(files && !files->empty());
-  for (const auto& file : *files) engine().registerFontFile(file);
 }
 
 Value object(std::shared_ptr<const NSObject> pointer) { return Value(std::move(pointer)); }
@@ -73,7 +65,7 @@ double pointSize(const NSAttributedString& text) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const bool isReady = (registerFonts(), true);
+  static const bool isReady = (registerBundleFonts(), true);
   (void)isReady;
   Source source(data, size);
   const auto kind = source.take<std::uint8_t>();

@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <limits>
 
-#include "brisel/platform/bundle.h"
 #include "brisel/platform/font.h"
 #include "brisel/platform/font_descriptor.h"
 #include "brisel/platform/paragraph_style.h"
@@ -15,9 +14,11 @@
 #include "brisel/platform/views/label.h"
 #include "brisel/platform/views/text_drawing.h"
 
+#include "fuzz/bundle_fonts.h"
 #include "fuzz/input.h"
 
 using namespace Brisel::Platform;
+using Brisel::Fuzz::registerBundleFonts;
 using Brisel::Fuzz::require;
 using Brisel::Fuzz::Source;
 
@@ -27,15 +28,6 @@ namespace {
 CGFloat takeNumber(Source& source) {
   const auto kind = source.take<std::uint8_t>();
   return kind % 4 != 0 ? source.take<std::uint8_t>() : source.take<double>();
-}
-
-void registerFonts() {
-  engine().setUsesHostFonts(false);
-  const auto bundle = NSBundle::bundleWithPath(BRISEL_TEST_BUNDLE);
-  require(bundle != nullptr);
-  const auto files = bundle->URLsForResourcesWithExtension("otf");
-  require(files && !files->empty());
-  for (const auto& file : *files) engine().registerFontFile(file);
 }
 
 std::shared_ptr<const UIFont> takeFont(Source& source) {
@@ -75,7 +67,7 @@ bool isSize(CGSize size) { return size.width >= 0 && size.height >= 0; }
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const bool isReady = (registerFonts(), true);
+  static const bool isReady = (registerBundleFonts(), true);
   (void)isReady;
   Source source(data, size);
   const CGSize frame{takeNumber(source), takeNumber(source)};

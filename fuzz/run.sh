@@ -8,7 +8,6 @@ programs=$1 seconds=$2
 cd "$(dirname "$0")/.."
 mkdir -p out/fuzz
 export ASAN_OPTIONS=detect_stack_use_after_return=1
-export LSAN_OPTIONS=suppressions=$PWD/tests/sanitizers/leaks.txt:print_suppressions=0
 failed=()
 for program in "$programs"/*_fuzzer; do
   name=$(basename "$program" _fuzzer)

@@ -6,16 +6,17 @@
 #include <string>
 #include <string_view>
 
-#include "brisel/platform/bundle.h"
 #include "brisel/platform/font.h"
 #include "brisel/platform/font_descriptor.h"
 #include "brisel/platform/paragraph_style.h"
 #include "brisel/platform/port.h"
 #include "brisel/platform/views/text_drawing.h"
 
+#include "fuzz/bundle_fonts.h"
 #include "fuzz/input.h"
 
 using namespace Brisel::Platform;
+using Brisel::Fuzz::registerBundleFonts;
 using Brisel::Fuzz::require;
 using Brisel::Fuzz::Source;
 
@@ -25,15 +26,6 @@ namespace {
 CGFloat takeNumber(Source& source) {
   const auto kind = source.take<std::uint8_t>();
   return kind % 2 == 0 ? source.take<std::int8_t>() / 2.0 : source.take<double>();
-}
-
-void registerFonts() {
-  engine().setUsesHostFonts(false);
-  const auto bundle = NSBundle::bundleWithPath(BRISEL_TEST_BUNDLE);
-  require(bundle != nullptr);
-  const auto files = bundle->URLsForResourcesWithExtension("otf");
-  require(files && !files->empty());
-  for (const auto& file : *files) engine().registerFontFile(file);
 }
 
 Value object(std::shared_ptr<const NSObject> pointer) { return Value(std::move(pointer)); }
@@ -67,7 +59,7 @@ std::shared_ptr<const NSParagraphStyle> takeParagraphStyle(Source& source) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const bool isReady = (registerFonts(), true);
+  static const bool isReady = (registerBundleFonts(), true);
   (void)isReady;
   Source source(data, size);
   const CGFloat width = takeNumber(source);
