@@ -1,6 +1,9 @@
 #include "brisel/infrastructure/view_sizing.h"
 
 #include <algorithm>
+#include <array>
+#include <memory>
+#include <utility>
 
 #include "brisel/platform/trait_collection.h"
 #include "brisel/platform/views/layout_constraint.h"
@@ -24,6 +27,21 @@ UILayoutPriority fittingPriority(const UIView& view, UILayoutConstraintAxis axis
   return (view.contentHuggingPriorityForAxis(axis) + view.contentCompressionResistancePriorityForAxis(axis)) * 0.5F +
          1.0F;
 }
+
+// Constraints that are active while this lives, even if laying out throws.
+class ActiveConstraints {
+ public:
+  explicit ActiveConstraints(std::array<std::shared_ptr<NSLayoutConstraint>, 2> constraints)
+      : constraints_(std::move(constraints)) {
+    NSLayoutConstraint::activateConstraints(constraints_);
+  }
+  ActiveConstraints(const ActiveConstraints&) = delete;
+  ActiveConstraints& operator=(const ActiveConstraints&) = delete;
+  ~ActiveConstraints() { NSLayoutConstraint::deactivateConstraints(constraints_); }
+
+ private:
+  std::array<std::shared_ptr<NSLayoutConstraint>, 2> constraints_;
+};
 
 void applyCap(const std::shared_ptr<UIViewController>& viewController, ContentSizeCategory maximum,
               ContentSizeCategory category) {
@@ -50,12 +68,10 @@ CGSize brisel_systemLayoutSizeFitting(UIView& view, CGSize size, UILayoutPriorit
   width->setPriority(std::min(horizontalFittingPriority, Platform::UILayoutPriorityRequired));
   const auto height = view.heightAnchor().constraintEqualToConstant(size.height);
   height->setPriority(std::min(verticalFittingPriority, Platform::UILayoutPriorityRequired));
-  NSLayoutConstraint::activateConstraints({width, height});
+  const ActiveConstraints active({width, height});
   view.setNeedsLayout();
   view.layoutIfNeeded();
-  const CGSize measured = view.frame().size;
-  NSLayoutConstraint::deactivateConstraints({width, height});
-  return measured;
+  return view.frame().size;
 }
 
 void briselSwift_setMaxPreferredContentSizeCategory(const std::shared_ptr<UIViewController>& viewController,

@@ -1,7 +1,9 @@
 #include "brisel/infrastructure/view_sizing.h"
 
+#include <cstddef>
 #include <limits>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -119,6 +121,28 @@ TEST(ViewSizing, LeavesTheConstraintsAsTheyWereAndTheFrameAsMeasured) {
   view->setNeedsLayout();
   view->layoutIfNeeded();
   EXPECT_EQ(view->frame().size, (CGSize{80, 30}));
+}
+
+class ThrowingView final : public UIView {
+ public:
+  static std::shared_ptr<ThrowingView> init() {
+    auto view = made(std::shared_ptr<ThrowingView>(new ThrowingView), {});
+    view->setTranslatesAutoresizingMaskIntoConstraints(false);
+    return view;
+  }
+  void layoutSubviews() override {
+    constraintsWhileLaidOut = constraints().size();
+    throw std::runtime_error("cannot be laid out");
+  }
+
+  std::size_t constraintsWhileLaidOut = 0;
+};
+
+TEST(ViewSizing, LeavesNoConstraintWhereLayingOutThrows) {
+  const auto view = ThrowingView::init();
+  EXPECT_THROW(brisel_systemLayoutSizeFitting(*view, {120, 60}), std::runtime_error);
+  EXPECT_EQ(view->constraintsWhileLaidOut, 2U);
+  EXPECT_THAT(view->constraints(), testing::IsEmpty());
 }
 
 TEST(ViewSizing, LaysOutEvenWhatNeedsNone) {
