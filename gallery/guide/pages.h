@@ -35,6 +35,9 @@ Page makeShapePage(PictureBook& pictures);
 Page makeThemePage(PictureBook& pictures);
 Page makeTokenPage(PictureBook& pictures);
 
+/// Lists every published name; what the other pages show, it links to there. Needs no picture.
+Page makeReferencePage(const std::vector<Page>& others);
+
 /// The colour sets and their slots as data of the search, which tells the names of slots from it: there are too many of
 /// them to list each with all its names.
 std::string slotNamesScript();

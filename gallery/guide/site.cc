@@ -25,7 +25,7 @@ namespace {
 constexpr std::string_view kGenerator = "brisel gallery";
 
 constexpr std::string_view kStaticFiles[] = {"page.css",    "faces.js",     "copy.js", "search.js",
-                                             "swatches.js", "text_size.js", "icons.js"};
+                                             "swatches.js", "text_size.js", "icons.js", "reference.js"};
 
 // The faces that page.css sets the pages in.
 constexpr std::string_view kWebFonts[] = {"Tondal-Book", "Tondal-Bold", "TondalTitle-Bold"};
@@ -90,9 +90,10 @@ void writeSite(const std::filesystem::path& directory) {
   Platform::engine().setUsesHostFonts(false);  // pictures are the same on every machine
 
   PictureBook pictures;
-  const std::vector<Page> pages{makeStartPage(pictures),    makeColorPage(pictures), makeTypePage(pictures),
+  std::vector<Page> pages{makeStartPage(pictures),    makeColorPage(pictures), makeTypePage(pictures),
                                 makeTextViewPage(pictures), makeIconPage(pictures),  makeShapePage(pictures),
                                 makeThemePage(pictures),    makeTokenPage(pictures)};
+  pages.push_back(makeReferencePage(pages));
 
   for (const Page& page : pages) output.write(page.file, pageMarkup(pages, page));
   for (const std::string_view name : kStaticFiles) output.write("site/" + std::string(name), siteFile(name));

@@ -18,7 +18,9 @@
 #include "gallery/drawing.h"
 #include "gallery/guide/artwork.h"
 #include "gallery/guide/html.h"
+#include "gallery/guide/name_chart.h"
 #include "gallery/guide/pages.h"
+#include "gallery/guide/published_names.h"
 #include "gallery/guide/site_files.h"
 #include "gallery/guide/specimens.h"
 #include "gallery/guide/swatches.h"
@@ -254,6 +256,14 @@ class TokenChart {
   }
 };
 
+std::size_t publishedEntryCount() {
+  std::size_t count = 0;
+  for (const PublishedSubsystem& subsystem : publishedNames()) {
+    for (const PublishedGroup& group : subsystem.groups) count += group.entries.size();
+  }
+  return count;
+}
+
 template <class Chart>
 Picture plan(PictureBook& pictures, const std::string& path, const std::shared_ptr<const Chart>& chart) {
   return pictures.add(path, chart->size(), [chart](Platform::Canvas& canvas) { chart->paint(canvas); });
@@ -281,6 +291,9 @@ Page makeStartPage(PictureBook& pictures) {
                           std::to_string(Catalogue::slots().size()) + " slots each"},
        {"tokenFacts", std::to_string(Catalogue::spacers().size()) + " spacers and " +
                           std::to_string(Catalogue::opacities().size()) + " opacities"},
+       {"referenceFacts", std::to_string(publishedEntryCount()) + " names, value types beside objects"},
+       {"reference",
+        plan(pictures, "pictures/start/reference", std::make_shared<const NameChart>(kWidth)).attributes()},
        {"themes", plan(pictures, "pictures/start/themes", std::make_shared<const ThemeChart>()).attributes()},
        {"tokens", plan(pictures, "pictures/start/tokens", std::make_shared<const TokenChart>()).attributes()},
        {"icons", plan(pictures, "pictures/start/icons", std::make_shared<const IconChart>()).attributes()},

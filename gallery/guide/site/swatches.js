@@ -20,16 +20,17 @@
 
   document.addEventListener("keydown", (event) => {
     if (!event.target.matches(".swatches button") || event.ctrlKey || event.metaKey || event.altKey) return;
-    const y = rows.findIndex((row) => row.includes(event.target));
-    const x = rows[y].indexOf(event.target);
-    const at = (row, cell) => rows[row]?.[Math.min(cell, rows[row].length - 1)];
+    const shown = rows.filter(([button]) => !button.closest("[hidden]"));
+    const y = shown.findIndex((row) => row.includes(event.target));
+    const x = shown[y].indexOf(event.target);
+    const at = (row, cell) => shown[row]?.[Math.min(cell, shown[row].length - 1)];
     const next = {
       ArrowUp: () => at(y - 1, x),
       ArrowDown: () => at(y + 1, x),
-      ArrowLeft: () => rows[y][x - 1],
-      ArrowRight: () => rows[y][x + 1],
-      Home: () => rows[y][0],
-      End: () => rows[y].at(-1),
+      ArrowLeft: () => shown[y][x - 1],
+      ArrowRight: () => shown[y][x + 1],
+      Home: () => shown[y][0],
+      End: () => shown[y].at(-1),
     }[event.key]?.();
     if (!next) return;
     event.preventDefault();

@@ -1,0 +1,120 @@
+#include <map>
+#include <set>
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "gallery/guide/pages.h"
+#include "gallery/guide/published_names.h"
+#include "gallery/guide/reference_comments.h"
+#include "gallery/guide/reference_names.h"
+
+namespace Brisel::Gallery {
+namespace {
+
+using Kind = PublishedEntry::Kind;
+
+bool isDescribed(const PublishedName& name, Kind kind) {
+  const ReferenceComment* comment = commentOn(name, kind, referenceComments());
+  return comment != nullptr && !comment->sentence.empty();
+}
+
+TEST(Reference, HasASentenceForEveryEntry) {
+  for (const PublishedSubsystem& subsystem : publishedNames()) {
+    for (const PublishedGroup& group : subsystem.groups) {
+      for (const PublishedEntry& entry : group.entries) {
+        EXPECT_TRUE(isDescribed(entry.value, entry.kind) || isDescribed(entry.object, entry.kind))
+            << entry.value.name << entry.value.signature << " " << entry.object.name << entry.object.signature
+            << " has no comment in a public header";
+      }
+    }
+  }
+}
+
+// A page that shows one constant and tells of one operation.
+std::vector<Page> otherPages() {
+  Page page;
+  page.file = "other.html";
+  page.name = "Other";
+  page.items = {{"gray7", "", "", {"Brisel::Color::gray7()", "VLMBriselColors::gray7()"}},
+                {"parsing", "", "", {"Brisel::colorFromRGBHexString"}}};
+  return {page};
+}
+
+TEST(Reference, LeavesToSearchEveryNameOnce) {
+  std::map<std::string, int> found;
+  const std::vector<Page> others = otherPages();
+  const Page page = makeReferencePage(others);
+  for (const Page* each : {&others.front(), &page}) {
+    for (const Item& item : each->items) {
+      for (const std::string& name : item.names) ++found[name.substr(0, name.find("()"))];
+    }
+  }
+  for (const PublishedSubsystem& subsystem : publishedNames()) {
+    for (const PublishedGroup& group : subsystem.groups) {
+      for (const PublishedEntry& entry : group.entries) {
+        for (const PublishedName& name : {entry.value, entry.object}) {
+          if (!name.name.empty()) EXPECT_EQ(found[std::string(name.name)], 1) << name.name;
+        }
+      }
+    }
+  }
+}
+
+TEST(Reference, LinksToWhatOtherPagesShow) {
+  const std::string markup = makeReferencePage(otherPages()).markup;
+  EXPECT_NE(markup.find("href=\"other.html#gray7\""), std::string::npos);
+  EXPECT_EQ(markup.find("id=\"Color-gray7\""), std::string::npos);
+  EXPECT_NE(markup.find("href=\"other.html#parsing\""), std::string::npos);
+  EXPECT_NE(markup.find("id=\"colorFromRGBHexString\""), std::string::npos);
+}
+
+TEST(ReferenceNames, BreakAtScopesAndHumps) {
+  EXPECT_EQ(nameMarkup("Brisel::TypeStyle::withFontSize"),
+            "Brisel::<wbr>TypeStyle::<wbr><b>with<wbr>Font<wbr>Size</b>");
+  EXPECT_EQ(nameMarkup("VLMBriselIconX"), "<b>VLM<wbr>Brisel<wbr>Icon<wbr>X</b>");
+  EXPECT_EQ(nameMarkup("briselSwift_applyStyle"), "<b>brisel<wbr>Swift_<wbr>apply<wbr>Style</b>");
+  EXPECT_EQ(codeMarkup("(std::optional<bool>)"), "(std::<wbr>optional&lt;bool&gt;)");
+}
+
+TEST(ReferenceNames, SetCodeInSentencesApart) {
+  EXPECT_EQ(sentenceMarkup("Is `a < b`, or a ` alone."), "Is <code>a &lt; b</code>, or a ` alone.");
+}
+
+TEST(ReferenceNames, HaveAddressesWithoutTheNamespace) {
+  EXPECT_EQ(fragmentOf("Brisel::TypeStyle::withFontSize"), "TypeStyle-withFontSize");
+  EXPECT_EQ(fragmentOf("brisel_diff"), "brisel_diff");
+  EXPECT_EQ(fragmentOf("double,constUIColor&"), "double-constUIColor-");
+}
+
+TEST(ReferenceNames, ReadSignatures) {
+  EXPECT_EQ(argumentTypes("(Brisel::TypeStyle(double, const Platform::UIColor&) const)"), "double,constUIColor&");
+  EXPECT_EQ(argumentTypes("(std::function<void(int)>())"), "");
+  EXPECT_EQ(argumentTypes("(void(std::function<void(int)>))"), "function<void(int)>");
+  EXPECT_EQ(argumentTypes("(void (A::*)(int, std::map<int, bool>))"), "int,map<int,bool>");
+  EXPECT_EQ(argumentTypes("(std::string, Font::Weight)"), "string,Weight");
+  EXPECT_EQ(shownSignature("(TypeStyle(double) const)"), "(double) const → TypeStyle");
+  EXPECT_EQ(shownSignature("(std::string, Font::Weight)"), "(std::string, Font::Weight)");
+}
+
+TEST(ReferenceNames, FindTheCommentOfAnOverload) {
+  constexpr ReferenceComment kComments[] = {{"A::f", "int", "", "", "first"},
+                                            {"A::f", "constString&", "", "", "second"},
+                                            {"A::f", "constshared_ptr<T>&,Update", "", "", "third"},
+                                            {"A::f", "T&,Update", "", "", "fourth"},
+                                            {"B::B", "", "", "", "made"}};
+  const auto sentence = [&](std::string_view name, std::string_view signature, Kind kind = Kind::function) {
+    const ReferenceComment* comment = commentOn({name, signature}, kind, kComments);
+    return comment == nullptr ? std::string_view() : comment->sentence;
+  };
+  EXPECT_EQ(sentence("A::f", "(void(int))"), "first");
+  EXPECT_EQ(sentence("A::f", "(void(const Other::String&) const)"), "second");
+  EXPECT_EQ(sentence("A::f", "(void (A::*)(const std::shared_ptr<Object>&, A::Update))"), "third");
+  EXPECT_EQ(sentence("A::f", "(void (A::*)(Object&, A::Update))"), "fourth");
+  EXPECT_EQ(sentence("A::f", "(void(int, int, int))"), "first");
+  EXPECT_EQ(sentence("B", "()", Kind::constructor), "made");
+  EXPECT_EQ(sentence("C", "(void())"), "");
+}
+
+}  // namespace
+}  // namespace Brisel::Gallery
