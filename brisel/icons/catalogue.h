@@ -11,11 +11,11 @@ namespace Brisel::Catalogue {
 
 /// An icon and all that it is called. `get` is its accessor, so that walking the names builds nothing.
 struct IconEntry {
-  std::string_view name;        ///< of the accessor as published, such as "delete"
-  std::string_view accessor;    ///< the same in C++, such as "delete_"
-  std::string_view objectName;  ///< of the constant, such as "VLMBriselIconDelete"
-  std::uint64_t number;         ///< the value of the constant, from 1
-  const Icon& (*get)() noexcept;
+  std::string_view name;          ///< of the accessor as published, such as "delete"
+  std::string_view accessor;      ///< the same in C++, such as "delete_"
+  std::string_view objectName;    ///< of the constant, such as "VLMBriselIconDelete"
+  std::uint64_t number;           ///< the value of the constant, from 1
+  const Icon& (*get)() noexcept;  ///< the accessor
 };
 
 /// In published order; constant, and lives until the process ends.

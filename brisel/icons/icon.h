@@ -31,6 +31,7 @@ class Icon {
     constexpr explicit Glyph(char32_t unichar) noexcept
         : unichar_(unichar > 0x10FFFF || (unichar >= 0xD800 && unichar <= 0xDFFF) ? U'\uFFFD' : unichar) {}
 
+    /// The character.
     constexpr char32_t unichar() const noexcept { return unichar_; }
 
     /// The character in hexadecimal, in braces.
@@ -43,10 +44,11 @@ class Icon {
   /// An icon's glyphs by the grid that they are drawn for, of 16 or of 24 points. Every catalogue icon has both.
   class Glyphs {
    public:
+    /// Glyphs for both grids, one or none.
     constexpr explicit Glyphs(std::optional<Glyph> x16, std::optional<Glyph> x24) noexcept : x16_(x16), x24_(x24) {}
 
-    constexpr const std::optional<Glyph>& x16() const noexcept { return x16_; }
-    constexpr const std::optional<Glyph>& x24() const noexcept { return x24_; }
+    constexpr const std::optional<Glyph>& x16() const noexcept { return x16_; }  ///< for the grid of 16 points
+    constexpr const std::optional<Glyph>& x24() const noexcept { return x24_; }  ///< for the grid of 24 points
 
     /// Both glyphs, in braces, one a line.
     std::string debugDescription() const;
@@ -80,6 +82,7 @@ class Icon {
   std::string_view name() const noexcept { return name_; }
   /// Whether whoever lays the icon out from right to left is to mirror it. Nothing in this library does.
   bool autoMirror() const noexcept { return autoMirror_; }
+  /// The glyphs that draw it.
   const Glyphs& glyphs() const noexcept { return glyphs_; }
 
   /// `rightToLeft()`: what to show in a right-to-left layout. `chevronLeft` and `chevronRight`, `pageLeft` and
@@ -108,9 +111,15 @@ class Icon {
 /// The two grids that glyphs are drawn for.
 class Icon::GlyphSize {
  public:
-  enum class Case : std::uint8_t { x16, x24 };
-  static const GlyphSize x16, x24;
+  /// The grids, for `switch`.
+  enum class Case : std::uint8_t {
+    x16,  ///< the grid of 16 points
+    x24,  ///< the grid of 24 points
+  };
+  static const GlyphSize x16;  ///< the grid of 16 points, on which strokes are heavier
+  static const GlyphSize x24;  ///< the grid of 24 points
 
+  /// Both grids, the smaller one first.
   static constexpr std::span<const GlyphSize, 2> allCases() noexcept;
 
   /// The place among all cases: the nearer two ranks, the better one size stands in for the other.
@@ -121,7 +130,7 @@ class Icon::GlyphSize {
   /// "x16 - rank: 0" or "x24 - rank: 1"
   std::string debugDescription() const;
 
-  constexpr operator Case() const noexcept { return case_; }  // for switch
+  constexpr operator Case() const noexcept { return case_; }  ///< for `switch`
   friend constexpr bool operator==(GlyphSize, GlyphSize) noexcept = default;
   friend void operator<=>(GlyphSize, GlyphSize) = delete;  // the conversion would order sizes
   friend void hashInto(Platform::internal::Hasher& hasher, GlyphSize size) { hasher(size.case_); }
@@ -135,17 +144,23 @@ class Icon::GlyphSize {
 /// What the names of object-interface constants begin with.
 class Icon::Prefixes {
  public:
-  enum class Case : std::uint8_t { brisel, moss };
+  /// The prefixes, for `switch`.
+  enum class Case : std::uint8_t {
+    brisel,  ///< "VLMBriselIcon"
+    moss,    ///< "VLMIcon"
+  };
   static const Prefixes brisel;  ///< "VLMBriselIcon"
   static const Prefixes moss;    ///< "VLMIcon"
 
+  /// Both prefixes, the present one first.
   static constexpr std::span<const Prefixes, 2> allCases() noexcept;
 
   /// Nothing for a text that is neither.
   static std::optional<Prefixes> fromRawValue(std::string_view rawValue) noexcept;
+  /// The prefix itself.
   constexpr std::string_view rawValue() const noexcept { return case_ == Case::brisel ? "VLMBriselIcon" : "VLMIcon"; }
 
-  constexpr operator Case() const noexcept { return case_; }  // for switch
+  constexpr operator Case() const noexcept { return case_; }  ///< for `switch`
   friend constexpr bool operator==(Prefixes, Prefixes) noexcept = default;
   friend void operator<=>(Prefixes, Prefixes) = delete;
 

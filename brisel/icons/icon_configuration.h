@@ -21,13 +21,17 @@ class IconConfiguration {
                              std::optional<Icon::GlyphSize> glyphSize, const Platform::ColorPtr& color,
                              const Platform::ColorPtr& backgroundColor, Platform::CGPoint offset);
 
+  /// What is drawn.
   const Icon& icon() const noexcept { return icon_; }
   /// The box that the glyph is drawn in.
   Platform::CGSize iconSize() const noexcept { return iconSize_; }
+  /// The size of the whole image.
   Platform::CGSize imageSize() const noexcept { return imageSize_; }
   /// Absent: chosen by the font size.
   std::optional<Icon::GlyphSize> glyphSize() const noexcept { return glyphSize_; }
+  /// Of the glyph.
   const Platform::ColorPtr& color() const noexcept { return color_.color(); }
+  /// Behind it, all over the image.
   const Platform::ColorPtr& backgroundColor() const noexcept { return backgroundColor_.color(); }
   /// Of the glyph's box from the middle of the image.
   Platform::CGPoint offset() const noexcept { return offset_; }

@@ -10,6 +10,7 @@
 
 namespace Brisel {
 
+/// No icon.
 inline constexpr std::uint64_t kNoIconNumber = 0;
 inline constexpr std::uint64_t kIconNumberCount = 329;  ///< one behind the last icon's
 /// The largest signed number, though numbers of icons are unsigned; this is deliberate.

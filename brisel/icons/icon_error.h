@@ -8,12 +8,17 @@ namespace Brisel::Error {
 /// Why an icon cannot be had.
 class Icon : public std::runtime_error {
  public:
-  enum class Code : std::uint8_t { invalidName };
+  /// What can go wrong.
+  enum class Code : std::uint8_t {
+    invalidName,  ///< no icon bears the name
+  };
   /// No icon bears the name.
   static constexpr Code invalidName = Code::invalidName;
 
+  /// An error of this kind.
   explicit Icon(Code code) : std::runtime_error("No icon bears this name"), code_(code) {}
 
+  /// What went wrong.
   Code code() const noexcept { return code_; }
 
  private:

@@ -66,9 +66,13 @@ class Cache final {
   }
   std::optional<Value> getValue(const LookupKey& key) { return core_->get(key); }
 
+  /// How many entries there are.
   std::int64_t count() const { return core_->count(); }
+  /// Whether there are none.
   bool isEmpty() const { return count() == 0; }
+  /// The most entries, as the cache was made with it.
   std::int64_t capacity() const noexcept { return core_->capacity(); }
+  /// The largest total of declared usages, as the cache was made with it.
   std::int64_t memoryLimit() const noexcept { return core_->memoryLimit(); }
 
  private:

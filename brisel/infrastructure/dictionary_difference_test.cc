@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <concepts>
+#include <cstddef>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -118,10 +119,10 @@ TEST(DictionaryDifference, DescendsAHundredThousandLevels) {
     for (int level = 1; level < 100'000; ++level) dictionary = Dictionary{{"below", dictionary}};
     return dictionary;
   };
-  EXPECT_EQ(difference(nest(1), nest(2)), nest(1));
-  const Dictionary same = difference(nest(1), nest(1));
-  EXPECT_NE(same, nest(1));
-  EXPECT_EQ(difference(nest(1), std::nullopt), nest(1));
+  const Dictionary first = nest(1), second = nest(2), sameAsFirst = nest(1);
+  EXPECT_EQ(difference(first, second), sameAsFirst);
+  EXPECT_NE(difference(first, sameAsFirst), first);  // The branches are there, the value is not.
+  EXPECT_EQ(difference(first, std::nullopt), sameAsFirst);
 }
 
 TEST(DictionaryDifference, ThrowsFromAHundredThousandLevelsBelow) {
@@ -151,30 +152,32 @@ Dictionary differenceAsDesigned(const Dictionary& dictionary, const std::optiona
   return result;
 }
 
+// Few keys and values, so that many meet.
+Dictionary drawnDictionary(int levels) {
+  std::vector<Dictionary::Entry> entries(static_cast<std::size_t>(*rc::gen::inRange(0, 6)));
+  for (Dictionary::Entry& entry : entries) {
+    entry.key = *rc::gen::inRange(0, 4);
+    if (levels > 0 && *rc::gen::arbitrary<bool>())
+      entry.value = drawnDictionary(levels - 1);
+    else
+      entry.value = *rc::gen::element<Value>(0, 1, 1.0, true, "1", nullptr);
+  }
+  return Dictionary(std::move(entries));
+}
+
 TEST(DictionaryDifference, IsWhatTheDesignSays) {
   EXPECT_TRUE(rc::check([] {
-    // Few keys and values, so that many meet.
-    const auto leaf = rc::gen::map(rc::gen::inRange(0, 3), [](int number) { return Value(number); });
-    const auto dictionary = [&](const rc::Gen<Value>& value) {
-      return rc::gen::map(
-          rc::gen::container<std::vector<std::pair<int, Value>>>(rc::gen::pair(rc::gen::inRange(0, 4), value)),
-          [](const std::vector<std::pair<int, Value>>& pairs) {
-            std::vector<Dictionary::Entry> entries;
-            for (const auto& [key, entry] : pairs) entries.push_back({key, entry});
-            return Value(Dictionary(std::move(entries)));
-          });
-    };
-    const auto shallow = rc::gen::oneOf(leaf, dictionary(leaf));
-    const auto deep = dictionary(rc::gen::oneOf(shallow, dictionary(shallow)));
-    const Dictionary first = *(*deep).asDictionary(), second = *(*deep).asDictionary();
+    const int levels = *rc::gen::inRange(0, 4);
+    const Dictionary first = drawnDictionary(levels), second = drawnDictionary(levels);
     std::optional<Dictionary> expected;
+    std::string error = "none";
     try {
       expected = differenceAsDesigned(first, second);
-    } catch (const NotADictionary&) {
-      RC_ASSERT_THROWS_AS(difference(first, second), NotADictionary);
-      return;
+    } catch (const NotADictionary& complaint) {
+      error = complaint.what();
     }
-    RC_ASSERT(difference(first, second) == *expected);
+    RC_ASSERT(complaint(first, second) == error);
+    if (expected) RC_ASSERT(difference(first, second) == *expected);
   }));
 }
 

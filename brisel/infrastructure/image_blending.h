@@ -10,10 +10,10 @@ namespace Brisel {
 
 /// The four bytes of one pixel as they lie in a bitmap: premultiplied, red first.
 struct Pixel {
-  unsigned char red = 0;
-  unsigned char green = 0;
-  unsigned char blue = 0;
-  unsigned char alpha = 0;
+  unsigned char red = 0;    ///< 0…255, as all four
+  unsigned char green = 0;  ///< at most the alpha, as all colours
+  unsigned char blue = 0;   ///< likewise
+  unsigned char alpha = 0;  ///< 0 is clear, 255 opaque
   friend bool operator==(const Pixel&, const Pixel&) = default;
 };
 

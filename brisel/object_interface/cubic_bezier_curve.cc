@@ -27,7 +27,7 @@ struct Cubic {
 // a processor guesses it wrongly; to take all steps and choose among them costs less than that.
 std::optional<double> foundEarly(const Cubic& curve, double x, double epsilon) {
   constexpr std::size_t kSteps = 3;
-  std::array<double, kSteps + 1> tried;
+  std::array<double, kSteps + 1> tried{};
   std::size_t first = 0;
   bool isFound = false, isFlat = false;
   double t = x;

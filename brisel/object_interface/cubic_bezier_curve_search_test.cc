@@ -14,9 +14,13 @@
 
 #include "brisel/object_interface/cubic_bezier_curve.h"
 
+#include "tests/written_curve_search.h"
+
 namespace {
 
 using Brisel::Platform::CGPoint;
+using Brisel::Tests::isSameNumber;
+using Brisel::Tests::solvedAsWritten;
 using testing::ElementsAre;
 using VLMBrisel::BezierPointDefinition;
 using Curve = VLMBriselCubicBezierCurve;
@@ -44,64 +48,34 @@ CGPoint handle() {
   return {x, coordinate()};
 }
 
-// The search as it is designed, but for its last line: after so many rounds it goes on for ever, as bisection halves
-// what no double can be halved as often as that.
-double solvedAsDesigned(const Curve& curve, double x, double epsilon) {
-  double t = x;
-  for (int i = 0; i < 15; ++i) {
-    const double x2 = curve.sampleCurveX(t);
-    if (std::fabs(x2 - x) < epsilon) return t;
-    const double d = curve.sampleCurveDerivativeX(t);
-    if (std::fabs(d) < 1e-6) break;
-    t = t - (x2 - x) / d;
-  }
-  if (x < 0) return 0;
-  if (x > 1) return 1;
-  double lo = 0, hi = 1;
-  t = x;
-  int rounds = 0;
-  do {
-    const double x2 = curve.sampleCurveX(t);
-    if (std::fabs(x2 - x) < epsilon) return t;
-    if (x2 < x)
-      lo = t;
-    else
-      hi = t;
-    t = lo + (hi - lo) * 0.5;
-  } while (lo < hi && ++rounds < 2500);
-  return t;
-}
-
-bool isSame(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
-
 // A curve of another class that overrides nothing.
 class Subclass final : public Curve {
  public:
   static std::shared_ptr<Subclass> make(CGPoint startHandle, CGPoint endHandle) {
-    return made(std::shared_ptr<Subclass>(new Subclass), startHandle, endHandle);
+    return made(std::make_shared<Subclass>(), startHandle, endHandle);
   }
 };
 
 TEST(CubicBezierCurveSearch, HasATolerance) { EXPECT_EQ(curve({0, 0}, {1, 1})->epsilon(), 0.005); }
 
-TEST(CubicBezierCurveSearch, FindsWhatTheDesignedSearchFinds) {
+TEST(CubicBezierCurveSearch, FindsWhatTheSearchFindsAsWritten) {
   EXPECT_TRUE(rc::check([] {
     const CGPoint start = handle(), end = handle();
     const auto any = curve(start, end);
     const double x = coordinate();
     const double epsilon = *rc::gen::element(0.5, 0.005, 1e-3, 1e-7, 1e-12, 0.0);
     const double t = any->solveCurveX(x, epsilon);
-    RC_ASSERT(isSame(t, solvedAsDesigned(*any, x, epsilon)));
-    RC_ASSERT(isSame(t, Subclass::make(start, end)->solveCurveX(x, epsilon)));
-    RC_ASSERT(isSame(any->solveCurveX(x), solvedAsDesigned(*any, x, 0.005)));
-    RC_ASSERT(isSame(any->yForGivenX(x), any->sampleCurveY(solvedAsDesigned(*any, x, 0.005))));
+    RC_ASSERT(isSameNumber(t, solvedAsWritten(*any, x, epsilon)));
+    RC_ASSERT(isSameNumber(t, Subclass::make(start, end)->solveCurveX(x, epsilon)));
+    RC_ASSERT(isSameNumber(any->solveCurveX(x), solvedAsWritten(*any, x, 0.005)));
+    RC_ASSERT(isSameNumber(any->yForGivenX(x), any->sampleCurveY(solvedAsWritten(*any, x, 0.005))));
   }));
 }
 
 TEST(CubicBezierCurveSearch, EndsForAnyNumbersAndFindsTheSame) {
   const auto expectSame = [](CGPoint start, CGPoint end, double x, double epsilon) {
     const auto any = curve(start, end);
-    return isSame(any->solveCurveX(x, epsilon), solvedAsDesigned(*any, x, epsilon));
+    return isSameNumber(any->solveCurveX(x, epsilon), solvedAsWritten(*any, x, epsilon));
   };
   EXPECT_TRUE(rc::check([&] {
     const CGPoint start{anyDouble(), anyDouble()}, end{anyDouble(), anyDouble()};
@@ -166,7 +140,7 @@ class Sampled final : public Curve {
  public:
   using Function = std::function<double(double)>;
   static std::shared_ptr<Sampled> make(Function x, Function derivative) {
-    const auto curve = made(std::shared_ptr<Sampled>(new Sampled), {0, 0}, {1, 1});
+    const auto curve = made(std::make_shared<Sampled>(), {0, 0}, {1, 1});
     curve->x_ = std::move(x);
     curve->derivative_ = std::move(derivative);
     return curve;
@@ -310,7 +284,7 @@ TEST(CubicBezierCurveSubclass, ChangesTheSearchByItsSamples) {
   // Without a slope the search bisects, up from x at first.
   const auto bisecting = Overriding::make(What::derivative);
   EXPECT_EQ(bisecting->solveCurveX(0.75, 0.1), 0.75);
-  EXPECT_EQ(bisecting->solveCurveX(0.75, 1e-9), solvedAsDesigned(*bisecting, 0.75, 1e-9));
+  EXPECT_EQ(bisecting->solveCurveX(0.75, 1e-9), solvedAsWritten(*bisecting, 0.75, 1e-9));
   EXPECT_NE(bisecting->solveCurveX(0.75, 1e-9), plain->solveCurveX(0.75, 1e-9));
 }
 

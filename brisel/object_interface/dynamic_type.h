@@ -16,8 +16,10 @@ class VLMBriselSwiftDynamicTypeMonitor final : public Brisel::Platform::NSObject
   /// Not available; ends the process.
   [[noreturn]] static void init();
 
+  /// The one monitor, around `Brisel::DynamicTypeMonitor::shared()`. Made on first use and never torn down.
   static const std::shared_ptr<VLMBriselSwiftDynamicTypeMonitor>& sharedInstance() noexcept;
 
+  /// The category as it was told last; `UIContentSizeCategoryLarge` until one has been told.
   Brisel::Platform::UIContentSizeCategory preferredContentSizeCategory() const;
 
   /// `subscribe:onUpdate:`, of an object held by a `shared_ptr`. The subscriber is held weakly.
@@ -25,12 +27,13 @@ class VLMBriselSwiftDynamicTypeMonitor final : public Brisel::Platform::NSObject
   void subscribe(Subscriber&& subscriber, Brisel::DynamicTypeMonitor::Update onUpdate) {
     dynamicTypeMonitor_->subscribe(subscriber, std::move(onUpdate));
   }
+  /// `unsubscribe:`: ends a subscription; harmless where there is none.
   template <class Subscriber>
   void unsubscribe(Subscriber&& subscriber) {
     dynamicTypeMonitor_->unsubscribe(subscriber);
   }
 
-  /// `setupWithPreferredContentSizeCategory:`
+  /// `setupWithPreferredContentSizeCategory:`: tells of the user's preferred category, and notifies all subscribers.
   void setupWithPreferredContentSizeCategory(const Brisel::Platform::UIContentSizeCategory& category);
 
   /// `contentSizeCategoryFromAccessibilityScale:`: the category with the nearest scale.
@@ -51,9 +54,12 @@ class VLMBriselSwiftDynamicTypeMonitor final : public Brisel::Platform::NSObject
 /// one: an object that subscribes through both is called by the later subscription alone.
 class VLMBriselDynamicTypeMonitor final : public Brisel::Platform::NSObject {
  public:
+  /// A monitor of its own, though all share what they know.
   static std::shared_ptr<VLMBriselDynamicTypeMonitor> init();
+  /// The one that is shared. Made on first use and never torn down.
   static const std::shared_ptr<VLMBriselDynamicTypeMonitor>& defaultMonitor() noexcept;
 
+  /// The category as it was told last; `UIContentSizeCategoryLarge` until one has been told.
   Brisel::Platform::UIContentSizeCategory contentSizeCategory() const;
   /// The scale of that category.
   double accessibilityScale() const;
@@ -63,17 +69,18 @@ class VLMBriselDynamicTypeMonitor final : public Brisel::Platform::NSObject {
   void subscribe(Subscriber&& subscriber, std::function<void(double)> block) {
     VLMBriselSwiftDynamicTypeMonitor::sharedInstance()->subscribe(subscriber, update(std::move(block)));
   }
+  /// `unsubscribe:`: ends a subscription, also one made through the newer monitor.
   template <class Subscriber>
   void unsubscribe(Subscriber&& subscriber) {
     VLMBriselSwiftDynamicTypeMonitor::sharedInstance()->unsubscribe(subscriber);
   }
 
-  /// `forceSetContentSizeCategory:`
+  /// `forceSetContentSizeCategory:`: tells of the user's preferred category, and notifies all subscribers.
   void forceSetContentSizeCategory(const Brisel::Platform::UIContentSizeCategory& category);
 
-  /// `accessibilityScaleFromContentSizeCategory:`
+  /// `accessibilityScaleFromContentSizeCategory:`: -1.0 to 2.0; 0.0 for unknown categories.
   static double accessibilityScaleFromContentSizeCategory(const Brisel::Platform::UIContentSizeCategory& category);
-  /// `contentSizeCategoryFromAccessibilityScale:`
+  /// `contentSizeCategoryFromAccessibilityScale:`: the category with the nearest scale.
   static Brisel::Platform::UIContentSizeCategory contentSizeCategoryFromAccessibilityScale(double scale);
 
  private:

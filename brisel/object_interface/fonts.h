@@ -22,6 +22,7 @@ class VLMBriselSwiftFontWeight final : public Brisel::Platform::NSObject {
   /// The instance of a weight.
   static const std::shared_ptr<const VLMBriselSwiftFontWeight>& wrapping(Brisel::Font::Weight fontWeight) noexcept;
 
+  /// The weight that it wraps.
   Brisel::Font::Weight fontWeight() const noexcept { return fontWeight_; }
 
  private:
@@ -40,6 +41,7 @@ class VLMBriselSwiftFont final : public Brisel::Platform::NSObject {
   /// The instance of a typeface.
   static const std::shared_ptr<const VLMBriselSwiftFont>& wrapping(Brisel::Font font) noexcept;
 
+  /// The typeface that it wraps.
   Brisel::Font font() const noexcept { return font_; }
 
   /// `fontWithPrimaryFont:fallbackFonts:weight:size:`: `Brisel::Font::font` without features. A null pointer among the
@@ -59,10 +61,11 @@ class VLMBriselSwiftFont final : public Brisel::Platform::NSObject {
 /// A list of `Brisel::Font::Feature` as an object.
 class VLMBriselSwiftFontFeatures final : public Brisel::Platform::NSObject {
  public:
-  /// `createFontFeaturesWithFontFeatures:`
+  /// `createFontFeaturesWithFontFeatures:`: a new object around a list.
   static std::shared_ptr<const VLMBriselSwiftFontFeatures> createFontFeaturesWithFontFeatures(
       std::vector<Brisel::Font::Feature> fontFeatures);
 
+  /// The list that it wraps.
   const std::vector<Brisel::Font::Feature>& value() const noexcept { return fontFeatures_; }
 
  private:
@@ -78,21 +81,28 @@ class VLMBriselSwiftFontFeatures final : public Brisel::Platform::NSObject {
 /// font is equal to that of `VLMBriselSwiftFont::fontWithPrimaryFont`. May be called on any thread.
 class VLMBriselFontLoader final {
  public:
+  /// A font, never null.
   using UIFontPtr = std::shared_ptr<const Brisel::Platform::UIFont>;
+  /// Feature settings; absent: none.
   using FeatureSettings = std::optional<Brisel::Platform::List>;
 
   VLMBriselFontLoader() = delete;
 
-  // `tondalBookStackWithSize:`, `tondalBookStackWithSize:fontDescriptorFeatureSettings:` and so on.
+  // With settings, the selector goes on with `fontDescriptorFeatureSettings:`.
+
+  /// `tondalBookStackWithSize:`: running text in the weight book.
   static UIFontPtr tondalBookStackWithSize(Brisel::Platform::CGFloat size);
   static UIFontPtr tondalBookStackWithSize(Brisel::Platform::CGFloat size,
                                            const FeatureSettings& fontDescriptorFeatureSettings);
+  /// `tondalBoldStackWithSize:`: running text in the weight bold.
   static UIFontPtr tondalBoldStackWithSize(Brisel::Platform::CGFloat size);
   static UIFontPtr tondalBoldStackWithSize(Brisel::Platform::CGFloat size,
                                            const FeatureSettings& fontDescriptorFeatureSettings);
+  /// `tondalTitleBoldStackWithSize:`: titles in the weight bold.
   static UIFontPtr tondalTitleBoldStackWithSize(Brisel::Platform::CGFloat size);
   static UIFontPtr tondalTitleBoldStackWithSize(Brisel::Platform::CGFloat size,
                                                 const FeatureSettings& fontDescriptorFeatureSettings);
+  /// `tondalTitleBlackStackWithSize:`: titles in the weight black.
   static UIFontPtr tondalTitleBlackStackWithSize(Brisel::Platform::CGFloat size);
   static UIFontPtr tondalTitleBlackStackWithSize(Brisel::Platform::CGFloat size,
                                                  const FeatureSettings& fontDescriptorFeatureSettings);

@@ -15,7 +15,7 @@
 
 /// An icon by number: `VLMBriselIconAd` is 1, and so on in published order. Other numbers may occur.
 enum VLMBriselIcon : std::uint64_t {
-  VLMBriselIconNone = 0,
+  VLMBriselIconNone = 0,  ///< no icon
 #define BRISEL_ICON(accessor, name, x16, x24, autoMirror) VLMBriselIcon##name,
 #include "brisel/icons/icons.def"
   VLMBriselIconCount,                         ///< no icon: the one behind the last
@@ -23,7 +23,10 @@ enum VLMBriselIcon : std::uint64_t {
 };
 
 /// `Brisel::Icon::GlyphSize` by number: small is `x16`, medium `x24`. Other numbers may occur.
-enum VLMBriselIconGlyphSize : std::int64_t { VLMBriselIconGlyphSizeSmall = 0, VLMBriselIconGlyphSizeMedium = 1 };
+enum VLMBriselIconGlyphSize : std::int64_t {
+  VLMBriselIconGlyphSizeSmall = 0,   ///< the design for 16 points
+  VLMBriselIconGlyphSizeMedium = 1,  ///< the design for 24 points
+};
 
 /// `Brisel::Icon` as an object.
 class VLMBriselSwiftIcons final : public Brisel::Platform::NSObject {
@@ -44,6 +47,7 @@ class VLMBriselSwiftIcons final : public Brisel::Platform::NSObject {
   /// `fontWithSize:`: `Brisel::iconFont`.
   static std::shared_ptr<const Brisel::Platform::UIFont> fontWithSize(Brisel::Platform::CGFloat size);
 
+  /// The icon that it wraps.
   const Brisel::Icon& icon() const noexcept { return icon_; }
 
  private:
@@ -55,8 +59,13 @@ class VLMBriselSwiftIcons final : public Brisel::Platform::NSObject {
 /// `VLMBriselIconGlyphSize` without other numbers.
 class VLMBriselSwiftIcons::GlyphSize {
  public:
-  enum class Case : std::uint8_t { small, medium };
-  static const GlyphSize small, medium;
+  /// The sizes, for `switch`.
+  enum class Case : std::uint8_t {
+    small,   ///< the design for 16 points
+    medium,  ///< the design for 24 points
+  };
+  static const GlyphSize small;   ///< the design for 16 points
+  static const GlyphSize medium;  ///< the design for 24 points
 
   /// `init(rawValue:)`: nothing for other numbers than 0 and 1.
   static constexpr std::optional<GlyphSize> fromRawValue(std::int64_t rawValue) noexcept;
@@ -67,7 +76,7 @@ class VLMBriselSwiftIcons::GlyphSize {
     return case_ == Case::small ? Brisel::Icon::GlyphSize::x16 : Brisel::Icon::GlyphSize::x24;
   }
 
-  constexpr operator Case() const noexcept { return case_; }  // for switch
+  constexpr operator Case() const noexcept { return case_; }  ///< for `switch`
   friend constexpr bool operator==(GlyphSize, GlyphSize) noexcept = default;
   friend void operator<=>(GlyphSize, GlyphSize) = delete;  // the conversion would order sizes
 

@@ -17,10 +17,12 @@
 /// It follows its own traits, up to a largest category, and not the dynamic-type monitor. For the main thread only.
 class VLMBriselLegacyLabel : public Brisel::Platform::UILabel, public VLMBriselBaseLegacyLabel {
  public:
+  /// A style as the label holds it.
   using Style = std::shared_ptr<const VLMBriselTypeStyle>;
 
+  /// `initWithFrame:`: a label without a style.
   static std::shared_ptr<VLMBriselLegacyLabel> initWithFrame(const Brisel::Platform::CGRect& frame = {});
-  /// `initWithFrame:andStyle:`
+  /// `initWithFrame:andStyle:`: a label in a style.
   static std::shared_ptr<VLMBriselLegacyLabel> initWithFrame(const Brisel::Platform::CGRect& frame, const Style& style);
   /// `initWithStyle:`: 100 points wide and 40 high, at the origin.
   static std::shared_ptr<VLMBriselLegacyLabel> initWithStyle(const Style& style);
@@ -53,17 +55,23 @@ class VLMBriselLegacyLabel : public Brisel::Platform::UILabel, public VLMBriselB
   // Three guides as wide as the label that end at its first baseline. How high they are is for whoever uses them to
   // constrain, so that their tops, which the anchors are, mark the lines they are named after.
 
+  /// The guide whose top is for the font's ascender.
   const std::shared_ptr<Brisel::Platform::UILayoutGuide>& firstAscenderLayoutGuide() const noexcept {
     return firstAscenderLayoutGuide_;
   }
+  /// The guide whose top is for the top of the first line.
   const std::shared_ptr<Brisel::Platform::UILayoutGuide>& firstLineHeightLayoutGuide() const noexcept {
     return firstLineHeightLayoutGuide_;
   }
+  /// The guide whose top is for the top of capitals.
   const std::shared_ptr<Brisel::Platform::UILayoutGuide>& firstCapHeightLayoutGuide() const noexcept {
     return firstCapHeightLayoutGuide_;
   }
+  /// The top of `firstAscenderLayoutGuide`.
   Brisel::Platform::NSLayoutYAxisAnchor firstAscenderAnchor() const noexcept;
+  /// The top of `firstLineHeightLayoutGuide`.
   Brisel::Platform::NSLayoutYAxisAnchor firstLineHeightAnchor() const noexcept;
+  /// The top of `firstCapHeightLayoutGuide`.
   Brisel::Platform::NSLayoutYAxisAnchor firstCapHeightAnchor() const noexcept;
 
   /// Adds and constrains the guides; part of every `init…`.
@@ -78,6 +86,7 @@ class VLMBriselLegacyLabel : public Brisel::Platform::UILabel, public VLMBriselB
   void traitCollectionDidChange(const std::shared_ptr<const Brisel::Platform::UITraitCollection>& previous) override;
 
  protected:
+  /// For subclasses' factories.
   VLMBriselLegacyLabel();
   void didInitWithFrame() override;
 

@@ -7,26 +7,26 @@
 #include "brisel/platform/geometry.h"
 #include "brisel/platform/image.h"
 
-/// `briselSwift_withCircleOfDiameter:lineWidth:lineColor:fillColor:cutOutShape:`
+/// `briselSwift_withCircleOfDiameter:lineWidth:lineColor:fillColor:cutOutShape:`: see `Brisel::withCircle`.
 Brisel::Platform::ImagePtr briselSwift_withCircleOfDiameter(
     const Brisel::Platform::UIImage& image, Brisel::Platform::CGFloat diameter, Brisel::Platform::CGFloat lineWidth,
     const Brisel::Platform::ColorPtr& lineColor, const Brisel::Platform::ColorPtr& fillColor, bool cutOutShape);
 
-/// `briselSwift_withStarOfDiameter:innerDiameter:points:fillColor:cutOutShape:`
+/// `briselSwift_withStarOfDiameter:innerDiameter:points:fillColor:cutOutShape:`: see `Brisel::withStar`.
 Brisel::Platform::ImagePtr briselSwift_withStarOfDiameter(const Brisel::Platform::UIImage& image,
                                                           Brisel::Platform::CGFloat diameter,
                                                           Brisel::Platform::CGFloat innerDiameter, std::int64_t points,
                                                           const Brisel::Platform::ColorPtr& fillColor,
                                                           bool cutOutShape);
 
-/// `briselSwift_withDotOfDiameter:cutOutDiameter:position:fillColor:`
+/// `briselSwift_withDotOfDiameter:cutOutDiameter:position:fillColor:`: see `Brisel::withDot`.
 Brisel::Platform::ImagePtr briselSwift_withDotOfDiameter(const Brisel::Platform::UIImage& image,
                                                          Brisel::Platform::CGFloat diameter,
                                                          Brisel::Platform::CGFloat cutOutDiameter,
                                                          Brisel::Platform::CGPoint position,
                                                          const Brisel::Platform::ColorPtr& fillColor);
 
-/// `briselSwift_verifiedIndicatorForSize:fillColor:`
+/// `briselSwift_verifiedIndicatorForSize:fillColor:`: see `Brisel::verifiedIndicator`.
 Brisel::Platform::ImagePtr briselSwift_verifiedIndicatorForSize(Brisel::Platform::CGSize size,
                                                                 const Brisel::Platform::ColorPtr& fillColor);
 
@@ -44,7 +44,7 @@ Brisel::Platform::ImagePtr brisel_withCircleOfDiameter(const Brisel::Platform::U
                                                        Brisel::Platform::CGFloat lineWidth,
                                                        const Brisel::Platform::ColorPtr& fillColor);
 
-/// `brisel_withStarOfDiameter:innerDiameter:points:fillColor:cutOutShape:`
+/// `brisel_withStarOfDiameter:innerDiameter:points:fillColor:cutOutShape:`: see `Brisel::withStar`.
 Brisel::Platform::ImagePtr brisel_withStarOfDiameter(const Brisel::Platform::UIImage& image,
                                                      Brisel::Platform::CGFloat diameter,
                                                      Brisel::Platform::CGFloat innerDiameter, std::int64_t points,
@@ -55,13 +55,13 @@ Brisel::Platform::ImagePtr brisel_withStarOfDiameter(const Brisel::Platform::UII
                                                      Brisel::Platform::CGFloat innerDiameter, std::int64_t points,
                                                      const Brisel::Platform::ColorPtr& fillColor);
 
-/// `brisel_withDotOfDiameter:cutOutDiameter:position:fillColor:`
+/// `brisel_withDotOfDiameter:cutOutDiameter:position:fillColor:`: see `Brisel::withDot`.
 Brisel::Platform::ImagePtr brisel_withDotOfDiameter(const Brisel::Platform::UIImage& image,
                                                     Brisel::Platform::CGFloat diameter,
                                                     Brisel::Platform::CGFloat cutOutDiameter,
                                                     Brisel::Platform::CGPoint position,
                                                     const Brisel::Platform::ColorPtr& fillColor);
 
-/// `brisel_verifiedIndicatorForSize:fillColor:`
+/// `brisel_verifiedIndicatorForSize:fillColor:`: see `Brisel::verifiedIndicator`.
 Brisel::Platform::ImagePtr brisel_verifiedIndicatorForSize(Brisel::Platform::CGSize size,
                                                            const Brisel::Platform::ColorPtr& fillColor);

@@ -18,7 +18,7 @@ void briselSwift_applyStyle(Brisel::Platform::UILabel& label, const std::shared_
 /// `briselSwift_applyStyle:withContentSizeCategory:`: and from now on.
 void briselSwift_applyStyle(Brisel::Platform::UILabel& label, const std::shared_ptr<const VLMBriselTypeStyle>& style,
                             const Brisel::Platform::UIContentSizeCategory& contentSizeCategory);
-/// `briselSwift_applyStyle:withContentSizeCategory:useDynamicTypeMonitor:`
+/// `briselSwift_applyStyle:withContentSizeCategory:useDynamicTypeMonitor:`: and from now on where the flag says so.
 void briselSwift_applyStyle(Brisel::Platform::UILabel& label, const std::shared_ptr<const VLMBriselTypeStyle>& style,
                             const Brisel::Platform::UIContentSizeCategory& contentSizeCategory,
                             bool useDynamicTypeMonitor);
@@ -30,10 +30,10 @@ void briselSwift_disableDynamicTypeMorning(Brisel::Platform::UILabel& label);
 
 // --- Text fields ---
 
-/// `briselSwift_applyStyle:`
+/// `briselSwift_applyStyle:`: for the current category.
 void briselSwift_applyStyle(Brisel::Platform::UITextField& textField,
                             const std::shared_ptr<const VLMBriselTypeStyle>& style);
-/// `briselSwift_applyStyle:contentSizeCategory:`
+/// `briselSwift_applyStyle:contentSizeCategory:`: for a category.
 void briselSwift_applyStyle(Brisel::Platform::UITextField& textField,
                             const std::shared_ptr<const VLMBriselTypeStyle>& style,
                             const Brisel::Platform::UIContentSizeCategory& contentSizeCategory);
@@ -43,7 +43,7 @@ void briselSwift_applyStyle(Brisel::Platform::UITextField& textField,
 /// `briselSwift_applyStyle:`: and from now on.
 void briselSwift_applyStyle(Brisel::Platform::UITextView& textView,
                             const std::shared_ptr<const VLMBriselTypeStyle>& style);
-/// `briselSwift_applyStyle:withContentSizeCategory:useDynamicTypeMonitor:`
+/// `briselSwift_applyStyle:withContentSizeCategory:useDynamicTypeMonitor:`: and from now on where the flag says so.
 void briselSwift_applyStyle(Brisel::Platform::UITextView& textView,
                             const std::shared_ptr<const VLMBriselTypeStyle>& style,
                             const Brisel::Platform::UIContentSizeCategory& contentSizeCategory,
@@ -56,12 +56,12 @@ void briselSwift_disableDynamicTypeMonitor(Brisel::Platform::UITextView& textVie
 
 // --- Buttons ---
 
-/// `briselSwift_applyStyle:`
+/// `briselSwift_applyStyle:`: to the titles of all states, for the current category.
 void briselSwift_applyStyle(Brisel::Platform::UIButton& button, const std::shared_ptr<const VLMBriselTypeStyle>& style);
-/// `briselSwift_applyStyle:withContentSizeCategory:`
+/// `briselSwift_applyStyle:withContentSizeCategory:`: to the titles of all states, for a category.
 void briselSwift_applyStyle(Brisel::Platform::UIButton& button, const std::shared_ptr<const VLMBriselTypeStyle>& style,
                             const Brisel::Platform::UIContentSizeCategory& contentSizeCategory);
-/// `briselSwift_applyStyle:forState:withContentSizeCategory:`
+/// `briselSwift_applyStyle:forState:withContentSizeCategory:`: to the title of one state.
 void briselSwift_applyStyle(Brisel::Platform::UIButton& button, const std::shared_ptr<const VLMBriselTypeStyle>& style,
                             Brisel::Platform::UIControlState state,
                             const Brisel::Platform::UIContentSizeCategory& contentSizeCategory);

@@ -20,11 +20,12 @@ class VLMBriselColorThemeColorState final : public Brisel::Platform::NSObject {
   /// Not available; ends the process.
   [[noreturn]] static void init();
 
+  /// The value that it wraps.
   const Brisel::Theme::State& state() const noexcept { return state_; }
 
-  ColorPtr base() const noexcept { return state_.base(); }
-  ColorPtr highlight() const noexcept { return state_.highlight(); }
-  ColorPtr press() const noexcept { return state_.press(); }
+  ColorPtr base() const noexcept { return state_.base(); }            ///< resting
+  ColorPtr highlight() const noexcept { return state_.highlight(); }  ///< hovered or highlighted
+  ColorPtr press() const noexcept { return state_.press(); }          ///< pressed
 
  private:
   friend class VLMBriselColorThemeBackgroundColors;
@@ -42,14 +43,15 @@ class VLMBriselColorThemeBackgroundColors final : public Brisel::Platform::NSObj
   /// Not available; ends the process.
   [[noreturn]] static void init();
 
+  /// The value that it wraps.
   const Brisel::Theme::Background& background() const noexcept { return background_; }
 
-  StatePtr elevated() const;
-  StatePtr tinted() const;
-  StatePtr unsafeForSmallText() const;
-  ColorPtr base() const noexcept { return background_.base(); }
-  ColorPtr highlight() const noexcept { return background_.highlight(); }
-  ColorPtr press() const noexcept { return background_.press(); }
+  StatePtr elevated() const;            ///< raised surfaces: cards, sheets
+  StatePtr tinted() const;              ///< a translucent tint over the surface
+  StatePtr unsafeForSmallText() const;  ///< a surface colour on which small text must not be set
+  ColorPtr base() const noexcept { return background_.base(); }            ///< the plain state, resting
+  ColorPtr highlight() const noexcept { return background_.highlight(); }  ///< the plain state, hovered or highlighted
+  ColorPtr press() const noexcept { return background_.press(); }          ///< the plain state, pressed
 
  private:
   friend class VLMBriselColorThemeColorSet;
@@ -66,15 +68,16 @@ class VLMBriselColorThemeTextColors final : public Brisel::Platform::NSObject {
   /// Not available; ends the process.
   [[noreturn]] static void init();
 
+  /// The value that it wraps.
   const Brisel::Theme::Text& text() const noexcept { return text_; }
 
-  ColorPtr base() const noexcept { return text_.base(); }
-  ColorPtr subdued() const noexcept { return text_.subdued(); }
-  ColorPtr brightAccent() const noexcept { return text_.brightAccent(); }
-  ColorPtr negative() const noexcept { return text_.negative(); }
-  ColorPtr warning() const noexcept { return text_.warning(); }
-  ColorPtr positive() const noexcept { return text_.positive(); }
-  ColorPtr announcement() const noexcept { return text_.announcement(); }
+  ColorPtr base() const noexcept { return text_.base(); }                  ///< ordinary
+  ColorPtr subdued() const noexcept { return text_.subdued(); }            ///< less prominent
+  ColorPtr brightAccent() const noexcept { return text_.brightAccent(); }  ///< what stands out most
+  ColorPtr negative() const noexcept { return text_.negative(); }          ///< errors and what destroys
+  ColorPtr warning() const noexcept { return text_.warning(); }            ///< warnings
+  ColorPtr positive() const noexcept { return text_.positive(); }          ///< success
+  ColorPtr announcement() const noexcept { return text_.announcement(); }  ///< announcements that inform
 
  private:
   friend class VLMBriselColorThemeColorSet;
@@ -91,15 +94,16 @@ class VLMBriselColorThemeEssentialColors final : public Brisel::Platform::NSObje
   /// Not available; ends the process.
   [[noreturn]] static void init();
 
+  /// The value that it wraps.
   const Brisel::Theme::Essential& essential() const noexcept { return essential_; }
 
-  ColorPtr base() const noexcept { return essential_.base(); }
-  ColorPtr subdued() const noexcept { return essential_.subdued(); }
-  ColorPtr brightAccent() const noexcept { return essential_.brightAccent(); }
-  ColorPtr negative() const noexcept { return essential_.negative(); }
-  ColorPtr warning() const noexcept { return essential_.warning(); }
-  ColorPtr positive() const noexcept { return essential_.positive(); }
-  ColorPtr announcement() const noexcept { return essential_.announcement(); }
+  ColorPtr base() const noexcept { return essential_.base(); }                  ///< ordinary
+  ColorPtr subdued() const noexcept { return essential_.subdued(); }            ///< less prominent
+  ColorPtr brightAccent() const noexcept { return essential_.brightAccent(); }  ///< what stands out most
+  ColorPtr negative() const noexcept { return essential_.negative(); }          ///< errors and what destroys
+  ColorPtr warning() const noexcept { return essential_.warning(); }            ///< warnings
+  ColorPtr positive() const noexcept { return essential_.positive(); }          ///< success
+  ColorPtr announcement() const noexcept { return essential_.announcement(); }  ///< announcements that inform
 
  private:
   friend class VLMBriselColorThemeColorSet;
@@ -116,10 +120,11 @@ class VLMBriselColorThemeDecorativeColors final : public Brisel::Platform::NSObj
   /// Not available; ends the process.
   [[noreturn]] static void init();
 
+  /// The value that it wraps.
   const Brisel::Theme::Decorative& decorative() const noexcept { return decorative_; }
 
-  ColorPtr base() const noexcept { return decorative_.base(); }
-  ColorPtr subdued() const noexcept { return decorative_.subdued(); }
+  ColorPtr base() const noexcept { return decorative_.base(); }        ///< ordinary
+  ColorPtr subdued() const noexcept { return decorative_.subdued(); }  ///< less prominent
 
  private:
   friend class VLMBriselColorThemeColorSet;
@@ -134,12 +139,13 @@ class VLMBriselColorThemeColorSet final : public Brisel::Platform::NSObject {
   /// Not available; ends the process.
   [[noreturn]] static void init();
 
+  /// The value that it wraps.
   const Brisel::Theme::ColorSet& colorSet() const noexcept { return colorSet_; }
 
-  std::shared_ptr<const VLMBriselColorThemeBackgroundColors> background() const;
-  std::shared_ptr<const VLMBriselColorThemeTextColors> text() const;
-  std::shared_ptr<const VLMBriselColorThemeEssentialColors> essential() const;
-  std::shared_ptr<const VLMBriselColorThemeDecorativeColors> decorative() const;
+  std::shared_ptr<const VLMBriselColorThemeBackgroundColors> background() const;  ///< what everything else stands on
+  std::shared_ptr<const VLMBriselColorThemeTextColors> text() const;              ///< what is read
+  std::shared_ptr<const VLMBriselColorThemeEssentialColors> essential() const;    ///< icons and controls
+  std::shared_ptr<const VLMBriselColorThemeDecorativeColors> decorative() const;  ///< what could be left out
 
  private:
   friend class VLMBriselCampaignColorSets;
@@ -183,18 +189,19 @@ class VLMBriselColorTheme final : public Brisel::Platform::NSObject {
   /// The one collection that is shared. Made on first use, from any thread, and never destroyed.
   static const std::shared_ptr<const VLMBriselCampaignColorSets>& campaign() noexcept;
 
+  /// The value that it wraps.
   const Brisel::Theme& theme() const noexcept { return theme_; }
 
-  ColorSetPtr base() const;
-  ColorSetPtr brightAccent() const;
-  ColorSetPtr negative() const;
-  ColorSetPtr warning() const;
-  ColorSetPtr positive() const;
-  ColorSetPtr announcement() const;
-  ColorSetPtr invertedDark() const;
-  ColorSetPtr invertedLight() const;
-  ColorSetPtr mutedAccent() const;
-  ColorSetPtr overMedia() const;
+  ColorSetPtr base() const;           ///< ordinary surfaces
+  ColorSetPtr brightAccent() const;   ///< surfaces in the bright accent colour
+  ColorSetPtr negative() const;       ///< errors and what destroys
+  ColorSetPtr warning() const;        ///< warnings
+  ColorSetPtr positive() const;       ///< success
+  ColorSetPtr announcement() const;   ///< announcements that inform
+  ColorSetPtr invertedDark() const;   ///< a dark inverted surface
+  ColorSetPtr invertedLight() const;  ///< a light inverted surface
+  ColorSetPtr mutedAccent() const;    ///< a muted accent surface
+  ColorSetPtr overMedia() const;      ///< content over images or video
 
  private:
   explicit VLMBriselColorTheme(const Brisel::Theme& theme) : theme_(theme) {}

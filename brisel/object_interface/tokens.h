@@ -15,6 +15,7 @@
 /// of a palette name is `Brisel::Color`'s very own.
 class VLMBriselColors final : public Brisel::Platform::NSObject {
  public:
+  /// A new object, though all members are static.
   static std::shared_ptr<VLMBriselColors> init();
 
 #define BRISEL_GREY(name, white, alpha) static const Brisel::Platform::ColorPtr& name() noexcept;
@@ -32,6 +33,7 @@ class VLMBriselColors final : public Brisel::Platform::NSObject {
 /// The values of `Brisel::Opacity`, 0…1: `opacity0()` … `opacity90()`.
 class VLMBriselOpacities final : public Brisel::Platform::NSObject {
  public:
+  /// A new object, though all members are static.
   static std::shared_ptr<VLMBriselOpacities> init();
 
 #define BRISEL_OPACITY(name, number, objectName) static Brisel::Platform::CGFloat objectName() noexcept;
@@ -44,6 +46,7 @@ class VLMBriselOpacities final : public Brisel::Platform::NSObject {
 /// The values of `Brisel::Spacer`, in points: `spacer4()` … `spacer80()`.
 class VLMBriselSpacers final : public Brisel::Platform::NSObject {
  public:
+  /// A new object, though all members are static.
   static std::shared_ptr<VLMBriselSpacers> init();
 
 #define BRISEL_SPACER(name, number, objectName) static Brisel::Platform::CGFloat objectName() noexcept;
@@ -56,6 +59,7 @@ class VLMBriselSpacers final : public Brisel::Platform::NSObject {
 /// `Brisel::Screen` on this interface.
 class VLMBriselSwiftScreenScale final : public Brisel::Platform::NSObject {
  public:
+  /// A new object, though all members are static.
   static std::shared_ptr<VLMBriselSwiftScreenScale> init();
 
   /// Device pixels per point, read afresh each time. For the main thread.
@@ -68,8 +72,10 @@ class VLMBriselSwiftScreenScale final : public Brisel::Platform::NSObject {
 /// The same reading under its older name.
 class VLMBriselScreenScale final : public Brisel::Platform::NSObject {
  public:
+  /// A new object, though all members are static.
   static std::shared_ptr<VLMBriselScreenScale> init();
 
+  /// Device pixels per point, read afresh each time. For the main thread.
   static Brisel::Platform::CGFloat scale() noexcept;
 
  private:

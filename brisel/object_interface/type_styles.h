@@ -20,7 +20,7 @@
 /// `Brisel::TypeStyle::AccessibilityRange` as an object.
 class VLMBriselTypeStyleAccessibilityRange final : public Brisel::Platform::NSObject {
  public:
-  /// `createAccessibilityRangeWithMin:mid:max:axMax:`
+  /// `createAccessibilityRangeWithMin:mid:max:axMax:`: a range of these values; nothing is checked.
   static std::shared_ptr<const VLMBriselTypeStyleAccessibilityRange> createAccessibilityRangeWithMin(
       Brisel::Platform::CGFloat min, Brisel::Platform::CGFloat mid, Brisel::Platform::CGFloat max,
       Brisel::Platform::CGFloat axMax);
@@ -28,13 +28,15 @@ class VLMBriselTypeStyleAccessibilityRange final : public Brisel::Platform::NSOb
   static std::shared_ptr<const VLMBriselTypeStyleAccessibilityRange> wrapping(
       const Brisel::TypeStyle::AccessibilityRange& range);
 
+  /// The value that it wraps.
   const Brisel::TypeStyle::AccessibilityRange& accessibilityRange() const noexcept { return range_; }
-  Brisel::Platform::CGFloat min() const noexcept { return range_.min(); }
-  Brisel::Platform::CGFloat mid() const noexcept { return range_.mid(); }
-  Brisel::Platform::CGFloat max() const noexcept { return range_.max(); }
+  Brisel::Platform::CGFloat min() const noexcept { return range_.min(); }  ///< at the smallest category
+  Brisel::Platform::CGFloat mid() const noexcept { return range_.mid(); }  ///< at the default category
+  Brisel::Platform::CGFloat max() const noexcept { return range_.max(); }  ///< at the largest plain category
+  /// What the accessibility categories move towards. None reaches it.
   Brisel::Platform::CGFloat axMax() const noexcept { return range_.axMax(); }
 
-  /// `valueForScale:`
+  /// `valueForScale:`: the value at an accessibility scale (see `Brisel::TypeStyle::AccessibilityRange::value`).
   Brisel::Platform::CGFloat valueForScale(double scale) const noexcept { return range_.value(scale); }
 
  private:
@@ -57,10 +59,13 @@ class VLMBriselTypeStyleConfiguration final : public Brisel::Platform::NSObject 
   static std::shared_ptr<const VLMBriselTypeStyleConfiguration> wrapping(
       Brisel::TypeStyle::Configuration configuration);
 
+  /// The value that it wraps.
   const Brisel::TypeStyle::Configuration& configuration() const noexcept { return configuration_; }
-  /// New objects.
+  /// The sizes, in points. A new object.
   std::shared_ptr<const VLMBriselTypeStyleAccessibilityRange> fontSize() const;
+  /// The smallest factors, 0…1, by which a view may shrink the text to make it fit. A new object.
   std::shared_ptr<const VLMBriselTypeStyleAccessibilityRange> minimumScaleFactor() const;
+  /// Whether text is laid out in capitals.
   bool usesUpperCaseLayout() const noexcept { return configuration_.usesUpperCaseLayout(); }
 
  private:
@@ -91,22 +96,28 @@ class VLMBriselTypeStyle final : public Brisel::Platform::NSObject {
   /// A new object around a value, even one of the catalogue.
   static std::shared_ptr<const VLMBriselTypeStyle> wrapping(Brisel::TypeStyle typeStyle);
 
+  /// The value that it wraps.
   const Brisel::TypeStyle& typeStyle() const noexcept { return typeStyle_; }
+  /// As people call it, such as "Ballad Bold".
   const std::string& name() const noexcept { return typeStyle_.name(); }
+  /// The typeface that most characters are drawn in.
   const std::shared_ptr<const VLMBriselSwiftFont>& primaryFont() const noexcept;
+  /// The typefaces tried after the primary one, in order.
   std::vector<std::shared_ptr<const VLMBriselSwiftFont>> fallbackFonts() const;
+  /// The weight, of the fallbacks too where they have it.
   const std::shared_ptr<const VLMBriselSwiftFontWeight>& fontWeight() const noexcept;
+  /// The nominal size in points.
   Brisel::Platform::CGFloat fontSize() const noexcept { return typeStyle_.fontSize(); }
-  /// A new object.
+  /// How it scales, and what it asks of its fonts. A new object.
   std::shared_ptr<const VLMBriselTypeStyleConfiguration> configuration() const;
 
   /// The style's font at its nominal size: unlike `fontWithContentSizeCategory`, it knows neither category nor font
   /// features; this is deliberate.
   std::shared_ptr<const Brisel::Platform::UIFont> font() const;
-  /// `fontWithContentSizeCategory:`
+  /// `fontWithContentSizeCategory:`: the style's font at the size for a category, never null.
   std::shared_ptr<const Brisel::Platform::UIFont> fontWithContentSizeCategory(
       const Brisel::Platform::UIContentSizeCategory& category) const;
-  /// `stringAttributesWithContentSizeCategory:`
+  /// `stringAttributesWithContentSizeCategory:`: that font under `NSFontAttributeName`, and nothing else.
   Brisel::Platform::Dictionary stringAttributesWithContentSizeCategory(
       const Brisel::Platform::UIContentSizeCategory& category) const;
 

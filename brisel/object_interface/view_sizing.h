@@ -10,19 +10,21 @@
 #include "brisel/platform/views/view.h"
 #include "brisel/platform/views/view_controller.h"
 
-/// `briselSwift_systemLayoutSizeFittingSize:`
+/// `briselSwift_systemLayoutSizeFittingSize:`: see `Brisel::brisel_systemLayoutSizeFitting`.
 Brisel::Platform::CGSize briselSwift_systemLayoutSizeFittingSize(Brisel::Platform::UIView& view,
                                                                  Brisel::Platform::CGSize size);
-/// `briselSwift_systemLayoutSizeFittingSize:withHorizontalFittingPriority:verticalFittingPriority:`
+/// `briselSwift_systemLayoutSizeFittingSize:withHorizontalFittingPriority:verticalFittingPriority:`: the same with
+/// given priorities.
 Brisel::Platform::CGSize briselSwift_systemLayoutSizeFittingSize(
     Brisel::Platform::UIView& view, Brisel::Platform::CGSize size,
     Brisel::Platform::UILayoutPriority horizontalFittingPriority,
     Brisel::Platform::UILayoutPriority verticalFittingPriority);
 
-/// `brisel_systemLayoutSizeFittingSize:`
+/// `brisel_systemLayoutSizeFittingSize:`: the same under its older name.
 Brisel::Platform::CGSize brisel_systemLayoutSizeFittingSize(Brisel::Platform::UIView& view,
                                                             Brisel::Platform::CGSize size);
-/// `brisel_systemLayoutSizeFittingSize:withHorizontalFittingPriority:verticalFittingPriority:`
+/// `brisel_systemLayoutSizeFittingSize:withHorizontalFittingPriority:verticalFittingPriority:`: the same with given
+/// priorities.
 Brisel::Platform::CGSize brisel_systemLayoutSizeFittingSize(
     Brisel::Platform::UIView& view, Brisel::Platform::CGSize size,
     Brisel::Platform::UILayoutPriority horizontalFittingPriority,
@@ -30,7 +32,7 @@ Brisel::Platform::CGSize brisel_systemLayoutSizeFittingSize(
 
 /// `briselSwift_setMaxPreferredContentSizeCategory:`: one name, and one function, on both interfaces.
 using Brisel::briselSwift_setMaxPreferredContentSizeCategory;
-/// `brisel_setMaxPreferredContentSizeCategory:`
+/// `brisel_setMaxPreferredContentSizeCategory:`: the same under its older name.
 void brisel_setMaxPreferredContentSizeCategory(
     const std::shared_ptr<Brisel::Platform::UIViewController>& viewController,
     const Brisel::Platform::UIContentSizeCategory& maxPreferredContentSizeCategory);

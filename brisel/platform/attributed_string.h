@@ -17,6 +17,7 @@ namespace Brisel::Platform {
 inline constexpr std::string_view NSFontAttributeName = "NSFontAttributeName";
 /// A UIColor: of the glyphs, and behind them.
 inline constexpr std::string_view NSForegroundColorAttributeName = "NSForegroundColorAttributeName";
+/// A UIColor: behind the glyphs.
 inline constexpr std::string_view NSBackgroundColorAttributeName = "NSBackgroundColorAttributeName";
 /// An NSParagraphStyle; the one at the first character of a paragraph holds for all of it.
 inline constexpr std::string_view NSParagraphStyleAttributeName = "NSParagraphStyleAttributeName";
@@ -27,16 +28,17 @@ inline constexpr std::string_view NSBaselineOffsetAttributeName = "NSBaselineOff
 
 /// A part of a text, in UTF-16 code units.
 struct NSRange {
-  std::size_t location = 0;
-  std::size_t length = 0;
+  std::size_t location = 0;  ///< the first code unit
+  std::size_t length = 0;    ///< how many there are
+  /// One behind the last code unit.
   std::size_t end() const noexcept { return location + length; }
   friend bool operator==(const NSRange&, const NSRange&) = default;
 };
 
 /// A longest part of a text whose attributes are equal.
 struct AttributeRun {
-  NSRange range;
-  Dictionary attributes;
+  NSRange range;          ///< not empty
+  Dictionary attributes;  ///< of all its characters
 };
 
 class NSMutableAttributedString;
@@ -57,12 +59,16 @@ class NSAttributedString : public NSObject {
   static std::shared_ptr<const NSAttributedString> initWithString(std::string_view text,
                                                                   const Dictionary& attributes = {});
 
+  /// For the factories.
   NSAttributedString(Factory, std::shared_ptr<const Characters> characters, std::vector<AttributeRun> runs);
 
+  /// The text in UTF-8, well-formed.
   const std::string& string() const noexcept { return characters_->utf8; }
+  /// The text in UTF-16; lives as long as this string, unchanged.
   std::u16string_view utf16() const noexcept { return characters_->utf16; }
   /// The same, kept alive by the pointer without the attributes.
   std::shared_ptr<const std::u16string> sharedUtf16() const noexcept { return {characters_, &characters_->utf16}; }
+  /// How many UTF-16 code units there are.
   std::size_t length() const noexcept { return characters_->utf16.size(); }
 
   /// All attributes in order: the runs are never empty and cover the text.
@@ -83,7 +89,9 @@ class NSAttributedString : public NSObject {
     for (const AttributeRun& run : runsIn(range)) block(run.range, run.attributes);
   }
 
+  /// `attributedSubstringFromRange:`: a part with its attributes.
   std::shared_ptr<const NSAttributedString> attributedSubstringFromRange(NSRange range) const;
+  /// A string of its own with the same text and attributes, which can be changed.
   std::shared_ptr<NSMutableAttributedString> mutableCopy() const;
   /// The string as it is now, which nobody can change: one that nobody can change anyway is its own copy.
   virtual std::shared_ptr<const NSAttributedString> copy() const;
@@ -99,11 +107,13 @@ class NSAttributedString : public NSObject {
  protected:
   /// The same text twice. Immutable, so that copies share it.
   struct Characters {
-    std::string utf8;
-    std::u16string utf16;
+    std::string utf8;      ///< well-formed
+    std::u16string utf16;  ///< well-formed
   };
 
+  /// A text twice, its ill-formed bytes replaced.
   static std::shared_ptr<const Characters> charactersOf(std::string_view text);
+  /// A text twice.
   static std::shared_ptr<const Characters> charactersOf(std::u16string text);
 
   /// The range, checked against the text, with whole pairs.
@@ -113,14 +123,15 @@ class NSAttributedString : public NSObject {
   /// Whether all characters of a part, which is checked, are in their font or its cascade.
   bool hasFontsFor(NSRange range) const;
 
-  std::shared_ptr<const Characters> characters_;
-  std::vector<AttributeRun> runs_;
+  std::shared_ptr<const Characters> characters_;  ///< never null
+  std::vector<AttributeRun> runs_;                ///< cover the text; neighbours differ
 };
 
 /// An attributed string that can be changed. For one thread at a time.
 class NSMutableAttributedString final : public NSAttributedString {
  public:
   using NSAttributedString::NSAttributedString;
+  /// `initWithString:attributes:`: as of the base class, in a string that can be changed.
   static std::shared_ptr<NSMutableAttributedString> initWithString(std::string_view text,
                                                                    const Dictionary& attributes = {});
 
@@ -129,15 +140,18 @@ class NSMutableAttributedString final : public NSAttributedString {
   /// `replaceCharactersInRange:withString:`: the new text takes the attributes of the first replaced character; where
   /// none is replaced, those of the character before, else of the one behind.
   void replaceCharactersInRange(NSRange range, std::string_view text);
-  /// `replaceCharactersInRange:withAttributedString:`
+  /// `replaceCharactersInRange:withAttributedString:`: the new text keeps its attributes.
   void replaceCharactersInRange(NSRange range, const NSAttributedString& text);
+  /// `appendAttributedString:`: puts a text with its attributes at the end.
   void appendAttributedString(const NSAttributedString& text);
 
   /// `addAttribute:value:range:`, `addAttributes:range:`: sets these and keeps all others.
   void addAttribute(std::string_view name, Value value, NSRange range);
+  /// Sets these and keeps all others.
   void addAttributes(const Dictionary& attributes, NSRange range);
   /// `setAttributes:range:`: these and no others.
   void setAttributes(const Dictionary& attributes, NSRange range);
+  /// `removeAttribute:range:`: takes it from all characters that have it.
   void removeAttribute(std::string_view name, NSRange range);
   /// Gives the part of each run that lies in `range` the attributes that `change` answers for it, all in one walk: as
   /// many changes one by one would each walk over all runs. `change` may not change the string.

@@ -13,11 +13,17 @@ class UIBezierPath {
  public:
   /// A step of the outline. All but `close` lead to `end`; only `curve` has control points.
   struct Element {
-    enum class Kind : std::uint8_t { move, line, curve, close };
-    Kind kind = Kind::move;
-    CGPoint end;
-    CGPoint control1;
-    CGPoint control2;
+    /// The kinds of steps.
+    enum class Kind : std::uint8_t {
+      move,   ///< begins a subpath
+      line,   ///< a straight line
+      curve,  ///< a cubic curve
+      close,  ///< a straight line to the subpath's first point
+    };
+    Kind kind = Kind::move;  ///< which step this is
+    CGPoint end;             ///< where it leads
+    CGPoint control1;        ///< near the beginning of a curve
+    CGPoint control2;        ///< near its end
     friend bool operator==(const Element&, const Element&) = default;
   };
 
@@ -31,8 +37,9 @@ class UIBezierPath {
   void moveToPoint(CGPoint point);
   // Segments need a point to start from: in a path without any they do nothing. Behind a closed subpath they start
   // from its first point.
+  /// A straight line from where the last step led.
   void addLineToPoint(CGPoint point);
-  /// `addCurveToPoint:controlPoint1:controlPoint2:`
+  /// `addCurveToPoint:controlPoint1:controlPoint2:`: a cubic curve from where the last step led.
   void addCurveToPoint(CGPoint endPoint, CGPoint controlPoint1, CGPoint controlPoint2);
   /// A straight line to the subpath's first point.
   void closePath();
@@ -44,7 +51,9 @@ class UIBezierPath {
   CGFloat lineWidth() const noexcept { return lineWidth_; }
   void setLineWidth(CGFloat lineWidth) noexcept { lineWidth_ = lineWidth; }
 
+  /// Whether there is no step.
   bool isEmpty() const noexcept { return elements_.empty(); }
+  /// The steps in order; valid until the path is changed.
   std::span<const Element> elements() const noexcept { return elements_; }
 
   friend bool operator==(const UIBezierPath&, const UIBezierPath&) = default;

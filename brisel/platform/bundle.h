@@ -13,6 +13,7 @@ namespace Brisel::Platform {
 /// A directory with resources. Immutable; the directory is read afresh at each look-up, on any thread.
 class NSBundle final : public NSObject {
  public:
+  /// A path of the file system.
   using Path = std::filesystem::path;
 
   /// The bundle of the program: the directory that holds it. Named resources are looked for there, then in each of

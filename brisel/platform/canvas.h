@@ -22,12 +22,18 @@ enum class CGBlendMode : std::uint8_t {
 /// How smoothly images are enlarged and reduced, by the published numbers. `none` takes the nearest pixel, the others
 /// mix neighbouring ones. On the port that ships these others enlarge alike; in reducing, `low` may pass over pixels
 /// that the rest average.
-enum class CGInterpolationQuality : std::int32_t { default_ = 0, none = 1, low = 2, high = 3, medium = 4 };
+enum class CGInterpolationQuality : std::int32_t {
+  default_ = 0,  ///< as the port likes
+  none = 1,      ///< the nearest pixel
+  low = 2,       ///< quickly
+  high = 3,      ///< as well as can be
+  medium = 4,    ///< between the two
+};
 
 /// A glyph where it is drawn: its origin, in points from the canvas's upper left corner, y downwards.
 struct PositionedGlyph {
-  std::uint32_t id = 0;
-  CGPoint origin;
+  std::uint32_t id = 0;  ///< its number in the face
+  CGPoint origin;        ///< of the glyph, on its baseline
 };
 
 /// A bitmap being painted. For one thread at a time. Coordinates are points from the upper left corner, y downwards.
@@ -47,7 +53,9 @@ class Canvas {
   /// Takes back what has changed since the last `save` that has not been restored; nothing where there is none.
   void restore();
 
+  /// How drawings meet what is there, from now on; `normal` at first.
   void setBlendMode(CGBlendMode mode) { onSetBlendMode(mode); }
+  /// How bitmaps are stretched, from now on; `default_` at first.
   void setInterpolationQuality(CGInterpolationQuality quality) { onSetInterpolationQuality(quality); }
 
   /// From now on draws only within the path (by the nonzero rule): nowhere, where it is empty.
@@ -78,7 +86,10 @@ class Canvas {
   Bitmap takeBitmap() { return onTakeBitmap(); }
 
  protected:
+  /// A canvas of an engine, at `scale` pixels a point.
   Canvas(const Engine& maker, CGFloat scale) noexcept : maker_(&maker), scale_(scale) {}
+  /// @{
+  /// The work of the public call of this name, whose arguments have been checked.
   virtual void onSave() = 0;
   virtual void onRestore() = 0;
   virtual void onSetBlendMode(CGBlendMode mode) = 0;
@@ -93,6 +104,7 @@ class Canvas {
                             const UIColor& color) = 0;
   virtual Bitmap onBitmap() const = 0;
   virtual Bitmap onTakeBitmap() = 0;
+  /// @}
 
  private:
   const Engine* maker_;

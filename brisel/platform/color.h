@@ -22,13 +22,23 @@ using ColorPtr = std::shared_ptr<const UIColor>;
 /// w reads back as (w, w, w).
 class UIColor {
  public:
-  enum class Form : std::uint8_t { grey, rgb };
+  /// The two forms of colours.
+  enum class Form : std::uint8_t {
+    grey,  ///< white level and alpha
+    rgb,   ///< red, green, blue and alpha
+  };
+  /// The components of the grey form, as fractions.
   struct GreyComponents {
-    CGFloat white, alpha;
+    CGFloat white;  ///< 0 is black, 1 white
+    CGFloat alpha;  ///< 0 is clear, 1 opaque
     friend bool operator==(const GreyComponents&, const GreyComponents&) = default;
   };
+  /// The components of the RGB form, as fractions.
   struct RgbComponents {
-    CGFloat red, green, blue, alpha;
+    CGFloat red;    ///< 0…1, as all four
+    CGFloat green;  ///< not premultiplied
+    CGFloat blue;   ///< likewise
+    CGFloat alpha;  ///< 0 is clear, 1 opaque
     friend bool operator==(const RgbComponents&, const RgbComponents&) = default;
   };
 
@@ -36,6 +46,7 @@ class UIColor {
   static constexpr UIColor grey(CGFloat white, CGFloat alpha) noexcept {
     return UIColor(Form::grey, white, white, white, alpha);
   }
+  /// The value of an RGB-form colour, likewise.
   static constexpr UIColor rgb(CGFloat red, CGFloat green, CGFloat blue, CGFloat alpha = 1.0) noexcept {
     return UIColor(Form::rgb, red, green, blue, alpha);
   }
@@ -48,7 +59,9 @@ class UIColor {
   /// `clearColor`: black without any alpha, in grey form. One instance.
   static ColorPtr clearColor() noexcept;
 
+  /// The form in which it was made.
   constexpr Form form() const noexcept { return form_; }
+  /// How opaque it is: 0 is clear, 1 opaque.
   constexpr CGFloat alpha() const noexcept { return alpha_; }
 
   /// `getRed:green:blue:alpha:`: the components as RGB; a grey colour's white level stands for all three.
@@ -66,6 +79,7 @@ class UIColor {
 
   /// Equal when form and components are equal: a grey never equals an RGB colour. 0.0 and -0.0 are equal.
   constexpr bool isEqual(const UIColor& other) const noexcept { return *this == other; }
+  /// A hash that agrees with `isEqual`.
   std::size_t objectHash() const noexcept;
   friend constexpr bool operator==(const UIColor&, const UIColor&) noexcept = default;
 

@@ -1,9 +1,9 @@
 // The seam: what the library asks of the machine that it runs on.
 //
 // A port implements two interfaces. `Engine` knows fonts, shapes text, paints, writes and reads PNG files and
-// upper-cases; `SystemEvents` knows the
-// main queue and memory pressure. Everything else (layout of lines, measuring, views) is ours and the same everywhere.
-// A port defines the two functions of platform/port.h; linking the port is choosing it.
+// upper-cases; `SystemEvents` knows the main queue and memory pressure. Everything else (layout of lines, measuring,
+// views) is ours and the same everywhere. A port defines the two functions of platform/port.h; linking the port is
+// choosing it.
 //
 // Each public call checks its arguments once for every port; the protected hook does the work. Hooks see no null or
 // foreign handles, no ill-formed text, and no distances that are not finite. Where a hook answers null though it must
@@ -32,16 +32,16 @@ namespace Brisel::Platform {
 
 /// A number-coded font feature, as font descriptors carry it.
 struct FontFeatureSetting {
-  int type = 0;
-  int selector = 0;
+  int type = 0;      ///< the feature
+  int selector = 0;  ///< what it is set to
   friend bool operator==(const FontFeatureSetting&, const FontFeatureSetting&) = default;
 };
 
 /// Which faces draw a text, at any size: the named one, and behind it a cascade in order of preference.
 struct TypefaceRequest {
-  std::string name;                  // PostScript name
-  std::vector<std::string> cascade;  // PostScript names
-  std::vector<FontFeatureSetting> features;
+  std::string name;                          ///< PostScript name
+  std::vector<std::string> cascade;          ///< PostScript names
+  std::vector<FontFeatureSetting> features;  ///< asked of all faces
   friend bool operator==(const TypefaceRequest&, const TypefaceRequest&) = default;
 };
 
@@ -50,6 +50,7 @@ class Typeface : public PortObject {
  public:
   /// The PostScript name of the primary face. Differs from the requested one where a substitute stands in.
   const std::string& name() const noexcept { return name_; }
+  /// The vertical measures of the primary face, in ems.
   const FontMetrics& metrics() const noexcept { return metrics_; }
   /// Whether the primary face or one of its cascade has a glyph for the character (the host's fonts do not count).
   bool hasCharacter(char32_t character) const { return onHasCharacter(character); }
@@ -57,9 +58,12 @@ class Typeface : public PortObject {
   bool hasCharacters(std::u16string_view text) const { return onHasCharacters(text); }
 
  protected:
+  /// A typeface of an engine, whose primary face is called `name`.
   Typeface(const Engine& maker, std::string name, const FontMetrics& metrics)
       : PortObject(maker), name_(std::move(name)), metrics_(metrics) {}
+  /// The work of `hasCharacter`.
   virtual bool onHasCharacter(char32_t character) const = 0;
+  /// The work of `hasCharacters`; asks for each character in turn, unless a port knows better.
   virtual bool onHasCharacters(std::u16string_view text) const;
 
  private:
@@ -70,32 +74,33 @@ class Typeface : public PortObject {
 /// The typeface of a stretch of text, which ends before the UTF-16 code unit `end`. A size is given for fonts that do
 /// not scale linearly (bitmap faces, faces with optical sizes); others ignore it.
 struct TypefaceSpan {
-  std::uint32_t end = 0;
-  std::shared_ptr<const Typeface> typeface;
-  CGFloat pointSize = 0;
-  bool usesLigatures = true;  // false where letters are spaced out
+  std::uint32_t end = 0;                     ///< UTF-16 code units
+  std::shared_ptr<const Typeface> typeface;  ///< not null
+  CGFloat pointSize = 0;                     ///< points
+  bool usesLigatures = true;                 ///< false where letters are spaced out
 };
 
+/// A text to be shaped, and what it is set in.
 struct ShapeRequest {
-  std::u16string_view text;                 // well-formed UTF-16
-  std::span<const TypefaceSpan> typefaces;  // ascending; the last ends with the text
-  WritingDirection direction = WritingDirection::natural;
-  bool naturalFallbackIsRightToLeft = false;  // for paragraphs without a strong character
+  std::u16string_view text;                                ///< well-formed UTF-16
+  std::span<const TypefaceSpan> typefaces;                 ///< ascending; the last ends with the text
+  WritingDirection direction = WritingDirection::natural;  ///< of all paragraphs
+  bool naturalFallbackIsRightToLeft = false;               ///< for paragraphs without a strong character
 };
 
 /// A stretch of a text for which there is a better face than those of its typeface.
 struct FaceSubstitution {
-  std::uint32_t begin = 0;  // UTF-16 code units
-  std::uint32_t end = 0;
-  std::string name;  // PostScript name, which `typeface` knows
+  std::uint32_t begin = 0;  ///< UTF-16 code units
+  std::uint32_t end = 0;    ///< one behind the last
+  std::string name;         ///< PostScript name, which `typeface` knows
   friend bool operator==(const FaceSubstitution&, const FaceSubstitution&) = default;
 };
 
 /// What came of reading a PNG file: a picture, or why there is none.
 struct PngPicture {
-  Bitmap bitmap;  // empty where there is none
-  bool hasAlpha = false;
-  std::string problem;  // in a few words without a full stop, such as "not a PNG file"
+  Bitmap bitmap;          ///< empty where there is none
+  bool hasAlpha = false;  ///< whether the file has an alpha channel
+  std::string problem;    ///< in a few words without a full stop, such as "not a PNG file"
 };
 
 /// Fonts, shaping, painting, PNG files written and read, upper-casing. All calls may come from any thread.
@@ -103,15 +108,16 @@ class Engine {
  public:
   /// What became of a font file. The numbers are those of the published error codes; 0 is success.
   enum class Registration : std::uint8_t {
-    registered = 0,
-    fileNotFound = 101,
-    unrecognizedFormat = 103,
-    invalidFontData = 104,
-    alreadyRegistered = 105,
+    registered = 0,            ///< it is known from now on
+    fileNotFound = 101,        ///< it cannot be opened
+    unrecognizedFormat = 103,  ///< it is no font
+    invalidFontData = 104,     ///< it is a damaged one
+    alreadyRegistered = 105,   ///< a font of its name is known already
   };
 
   Engine(const Engine&) = delete;
   Engine& operator=(const Engine&) = delete;
+  /// Whatever it has made must be gone by then, or unused.
   virtual ~Engine();
 
   /// Makes the font of a file (of a collection, the first) known to this process, by its PostScript name. A file that
@@ -163,6 +169,8 @@ class Engine {
 
  protected:
   Engine() = default;
+  /// @{
+  /// The work of the public call of this name, whose arguments have been checked.
   virtual Registration onRegisterFontFile(const std::filesystem::path& file) = 0;
   virtual void onSetSubstituteFamily(const std::string& family) = 0;
   virtual void onSetUsesHostFonts(bool uses) = 0;
@@ -173,18 +181,24 @@ class Engine {
   virtual std::vector<std::uint8_t> onEncodePng(const Bitmap& bitmap) = 0;
   virtual PngPicture onDecodePng(std::span<const std::uint8_t> file) = 0;
   virtual std::string onUpperCase(const std::string& text) = 0;
+  /// @}
 
  private:
   std::atomic<std::uint64_t> fontGeneration_{0};
 };
 
 /// The levels of memory pressure that are told of.
-enum class MemoryPressureLevel : std::uint8_t { warning, critical };
+enum class MemoryPressureLevel : std::uint8_t {
+  warning,   ///< memory grows short
+  critical,  ///< processes may be ended for want of it
+};
 
 /// The main queue and memory pressure.
 class SystemEvents {
  public:
+  /// A piece of work for the main queue.
   using Work = std::function<void()>;
+  /// What to call with the level of an event.
   using PressureHandler = std::function<void(MemoryPressureLevel)>;
 
   SystemEvents(const SystemEvents&) = delete;
@@ -210,10 +224,13 @@ class SystemEvents {
 
  protected:
   SystemEvents() = default;
+  /// @{
+  /// The work of the public call of this name, whose arguments have been checked.
   virtual void onPost(Work work) = 0;
   virtual std::size_t onRunPending() = 0;
   virtual void onWatchMemoryPressure(PressureHandler handler) = 0;
   virtual void onStopWatchingMemoryPressure() = 0;
+  /// @}
 };
 
 }  // namespace Brisel::Platform

@@ -27,16 +27,21 @@ class UIFont final : public NSObject {
   std::string fontName() const { return descriptor_->postscriptName(); }
   /// With the font's own size as its size attribute.
   const std::shared_ptr<const UIFontDescriptor>& fontDescriptor() const noexcept { return descriptor_; }
+  /// In points.
   CGFloat pointSize() const noexcept { return pointSize_; }
 
   // Measures of the primary face at this size, in points.
+  /// Above the baseline.
   CGFloat ascender() const noexcept;
   /// Negative: below the baseline.
   CGFloat descender() const noexcept;
+  /// Between one line's descent and the next one's ascent.
   CGFloat leading() const noexcept;
   /// ascender - descender + leading
   CGFloat lineHeight() const noexcept;
+  /// How high capitals are.
   CGFloat capHeight() const noexcept;
+  /// How high small letters without ascenders are.
   CGFloat xHeight() const noexcept;
 
   /// Never null.

@@ -22,13 +22,16 @@ inline constexpr std::string_view UIFontDescriptorSizeAttribute = "UIFontDescrip
 inline constexpr std::string_view UIFontDescriptorCascadeListAttribute = "UIFontDescriptorCascadeListAttribute";
 /// A list of dictionaries, each of which has an integer under the two keys below, or asks for nothing.
 inline constexpr std::string_view UIFontDescriptorFeatureSettingsAttribute = "UIFontDescriptorFeatureSettingsAttribute";
+/// The number of a feature.
 inline constexpr std::string_view UIFontFeatureTypeIdentifierKey = "UIFontFeatureTypeIdentifierKey";
+/// The number that a feature is set to.
 inline constexpr std::string_view UIFontFeatureSelectorIdentifierKey = "UIFontFeatureSelectorIdentifierKey";
 
 /// An immutable description of a font: attributes, of which the name and the size are always there. Whether there is
 /// such a font is another matter. Equal when all attributes are equal.
 class UIFontDescriptor final : public NSObject {
  public:
+  /// `fontDescriptorWithName:size:`: a description of these two attributes; the size is in points.
   static std::shared_ptr<const UIFontDescriptor> fontDescriptorWithName(std::string_view name, CGFloat size);
 
   /// `fontDescriptorByAddingAttributes:`: a description with these attributes as well; they replace its own of the same
@@ -39,6 +42,7 @@ class UIFontDescriptor final : public NSObject {
   std::string postscriptName() const;
   /// 0 where the size attribute is no number.
   CGFloat pointSize() const;
+  /// All attributes, the name first.
   Dictionary fontAttributes() const;
   /// An attribute, or null; lives as long as the descriptor.
   const Value* objectForKey(std::string_view key) const noexcept;

@@ -8,14 +8,16 @@
 namespace Brisel::Platform {
 
 /// For whom a font is registered.
-enum CTFontManagerScope : std::uint32_t { kCTFontManagerScopeProcess = 1 };
+enum CTFontManagerScope : std::uint32_t {
+  kCTFontManagerScopeProcess = 1,  ///< for this process, until it ends
+};
 
 /// Why a font file was refused.
 enum CTFontManagerError : std::int32_t {
-  kCTFontManagerErrorFileNotFound = 101,
-  kCTFontManagerErrorUnrecognizedFormat = 103,
-  kCTFontManagerErrorInvalidFontData = 104,
-  kCTFontManagerErrorAlreadyRegistered = 105,
+  kCTFontManagerErrorFileNotFound = 101,        ///< it cannot be opened
+  kCTFontManagerErrorUnrecognizedFormat = 103,  ///< it is no font
+  kCTFontManagerErrorInvalidFontData = 104,     ///< it is a damaged one
+  kCTFontManagerErrorAlreadyRegistered = 105,   ///< a font of its name is known already
 };
 
 /// Makes the fonts of a file known to this process, whatever the scope. Returns whether it did; where not, nothing has

@@ -15,18 +15,22 @@ namespace Brisel::Platform {
 
 /// Whether and where a bitmap's pixels carry alpha, by the published numbers.
 enum class CGImageAlphaInfo : std::uint32_t {
-  none = 0,
-  premultipliedLast = 1,
-  premultipliedFirst = 2,
-  last = 3,
-  first = 4,
-  noneSkipLast = 5,
-  noneSkipFirst = 6,
-  only = 7,
+  none = 0,                ///< no alpha, three components
+  premultipliedLast = 1,   ///< behind the colours, which are multiplied by it
+  premultipliedFirst = 2,  ///< before the colours, which are multiplied by it
+  last = 3,                ///< behind the colours
+  first = 4,               ///< before the colours
+  noneSkipLast = 5,        ///< no alpha, but a component behind the colours
+  noneSkipFirst = 6,       ///< no alpha, but a component before the colours
+  only = 7,                ///< alpha without colours
 };
 
 /// Whether views may draw an image in their tint. The library draws each in its own colours.
-enum class UIImageRenderingMode : std::uint8_t { automatic, alwaysOriginal, alwaysTemplate };
+enum class UIImageRenderingMode : std::uint8_t {
+  automatic,       ///< as the view decides
+  alwaysOriginal,  ///< never
+  alwaysTemplate,  ///< always
+};
 
 /// An immutable picture of 8-bit RGBA pixels, or an empty one. It may be shared between threads; images that differ
 /// only in rendering mode share their pixels.
@@ -49,11 +53,14 @@ class UIImage final : public NSObject {
 
   /// The pixels; null for an empty image.
   const std::shared_ptr<const Bitmap>& bitmap() const noexcept { return bitmap_; }
+  /// What the bitmap was, as the image was made with it.
   CGImageAlphaInfo alphaInfo() const noexcept { return alphaInfo_; }
+  /// Pixels a point, above 0.
   CGFloat scale() const noexcept { return scale_; }
   /// Points: the pixels divided by the scale.
   CGSize size() const noexcept;
 
+  /// Whether views may draw it in their tint; `automatic` at first.
   UIImageRenderingMode renderingMode() const noexcept { return renderingMode_; }
   /// `imageWithRenderingMode:`: the same picture in another mode.
   std::shared_ptr<const UIImage> imageWithRenderingMode(UIImageRenderingMode renderingMode) const;
@@ -74,6 +81,7 @@ class UIImage final : public NSObject {
   UIImageRenderingMode renderingMode_;
 };
 
+/// How images are passed on.
 using ImagePtr = std::shared_ptr<const UIImage>;
 
 /// The image as a PNG file's bytes; empty where the image is, and where there is no memory for them. Needs a port, and

@@ -4,7 +4,11 @@
 
 namespace Brisel::Platform {
 
-enum class UIUserInterfaceLayoutDirection : std::uint8_t { leftToRight, rightToLeft };
+/// Where text begins, and leading edges are.
+enum class UIUserInterfaceLayoutDirection : std::uint8_t {
+  leftToRight,  ///< at the left
+  rightToLeft,  ///< at the right
+};
 
 /// The direction of the user interface, as the host reports it; left to right until then. On any thread.
 UIUserInterfaceLayoutDirection userInterfaceLayoutDirection() noexcept;

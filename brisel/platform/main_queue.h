@@ -18,6 +18,7 @@ class MainQueue {
   std::size_t runPending() const;
 };
 
+/// The main queue of the process. On any thread.
 MainQueue mainQueue() noexcept;
 
 }  // namespace Brisel::Platform

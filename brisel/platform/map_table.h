@@ -18,6 +18,7 @@ namespace Brisel::Platform {
 template <class V>
 class NSMapTable {
  public:
+  /// A key as the table holds it.
   using Key = std::weak_ptr<const void>;
 
   NSMapTable() = default;

@@ -16,15 +16,16 @@ namespace Brisel::Platform {
 
 /// What an observer is told: the name of what happened, who posted it (or null), and what more there is to know.
 struct NSNotification {
-  std::string name;
-  std::shared_ptr<const NSObject> object;
-  Dictionary userInfo;
+  std::string name;                        ///< of what happened
+  std::shared_ptr<const NSObject> object;  ///< who posted it; may be null
+  Dictionary userInfo;                     ///< what more there is to know
 };
 
 /// Passes notifications on to whoever observes their name. May be used from any thread, by handlers too: no lock is
 /// held while they run.
 class NSNotificationCenter {
  public:
+  /// What to call with a notification.
   using Handler = std::function<void(const NSNotification&)>;
 
   /// The centre of the process, made on first use and never torn down.

@@ -10,9 +10,11 @@ class PortObject {
   PortObject(const PortObject&) = delete;
   PortObject& operator=(const PortObject&) = delete;
   virtual ~PortObject();
+  /// The engine that made it; not to be called after that has gone.
   const Engine* maker() const noexcept { return maker_; }
 
  protected:
+  /// A thing of this engine.
   explicit PortObject(const Engine& maker) noexcept : maker_(&maker) {}
 
  private:

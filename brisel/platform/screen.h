@@ -7,6 +7,7 @@ namespace Brisel::Platform {
 /// The display. Its scale is what the host reports; until then it is 1.
 class UIScreen {
  public:
+  /// The one screen that there is.
   static UIScreen& mainScreen() noexcept;
 
   /// Device pixels per point, above 0.

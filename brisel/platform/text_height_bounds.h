@@ -12,12 +12,12 @@ namespace Brisel::Platform {
 
 /// The sizes between which a text is set, in points. None is negative but the kern.
 struct TextSizeRange {
-  CGFloat leastPointSize = 0;
-  CGFloat greatestPointSize = 0;
-  CGFloat leastKern = 0;
-  CGFloat greatestKern = 0;
-  CGFloat leastLineSpacing = 0;
-  CGFloat greatestLineSpacing = 0;
+  CGFloat leastPointSize = 0;       ///< of all text
+  CGFloat greatestPointSize = 0;    ///< of all text
+  CGFloat leastKern = 0;            ///< added to each cluster's advance
+  CGFloat greatestKern = 0;         ///< added to each cluster's advance
+  CGFloat leastLineSpacing = 0;     ///< of the paragraph style
+  CGFloat greatestLineSpacing = 0;  ///< of the paragraph style
 };
 
 /// Bounds of the height that `TextLayout` finds, leading included, for a text that is wrapped by words and has one

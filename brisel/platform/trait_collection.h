@@ -11,7 +11,11 @@
 namespace Brisel::Platform {
 
 /// The direction of a part of the user interface; the published numbers.
-enum class UITraitEnvironmentLayoutDirection : std::int8_t { unspecified = -1, leftToRight = 0, rightToLeft = 1 };
+enum class UITraitEnvironmentLayoutDirection : std::int8_t {
+  unspecified = -1,  ///< not said
+  leftToRight = 0,   ///< text begins at the left
+  rightToLeft = 1,   ///< text begins at the right
+};
 
 /// What a part of the user interface is told of its surroundings: the preferred text size and the direction. Each trait
 /// may be unspecified. Immutable; equal when all traits are.
@@ -34,6 +38,7 @@ class UITraitCollection final : public NSObject {
 
   /// `UIContentSizeCategoryUnspecified` where it is not; names that are unknown are kept.
   const UIContentSizeCategory& preferredContentSizeCategory() const noexcept { return preferredContentSizeCategory_; }
+  /// The direction; `unspecified` where it is not.
   UITraitEnvironmentLayoutDirection layoutDirection() const noexcept { return layoutDirection_; }
 
   bool isEqual(const NSObject& other) const override;

@@ -32,11 +32,16 @@ class List {
   List() noexcept = default;
   /// A list of one list is written List{Value(list)}: compilers disagree on whether List{list} is a copy.
   List(std::initializer_list<Value> elements);
+  /// A list of these elements.
   explicit List(std::vector<Value> elements);
 
+  /// How many elements there are.
   std::size_t size() const noexcept;
+  /// Whether there are none.
   bool empty() const noexcept { return size() == 0; }
+  /// The first element, for loops.
   const Value* begin() const noexcept;
+  /// Behind the last one.
   const Value* end() const noexcept;
   /// `index` must be below the size.
   const Value& operator[](std::size_t index) const noexcept;
@@ -52,15 +57,21 @@ class List {
 /// key is given twice, the first one's place and the last one's value stand.
 class Dictionary {
  public:
+  /// A key and its value.
   using Entry = DictionaryEntry;
 
   Dictionary() noexcept = default;
+  /// A dictionary of these entries.
   Dictionary(std::initializer_list<Entry> entries);
   explicit Dictionary(std::vector<Entry> entries);
 
+  /// How many entries there are.
   std::size_t size() const noexcept;
+  /// Whether there are none.
   bool empty() const noexcept { return size() == 0; }
+  /// The first entry, for loops.
   const Entry* begin() const noexcept;
+  /// Behind the last one.
   const Entry* end() const noexcept;
 
   /// The value of a key, or null. Looking up a text allocates nothing.
@@ -95,44 +106,66 @@ concept IntegerType = std::integral<T> && !std::same_as<T, bool> && !CharacterTy
 /// equal and NaN equals nothing; objects and colours are asked; values of other kinds are never equal.
 class Value {
  public:
-  enum class Kind : std::uint8_t { null, boolean, integer, real, string, list, dictionary, object, color };
+  /// The kinds of values.
+  enum class Kind : std::uint8_t {
+    null,        ///< nothing
+    boolean,     ///< true or false
+    integer,     ///< 64 bits, signed
+    real,        ///< a double
+    string,      ///< a text in UTF-8
+    list,        ///< a `List`
+    dictionary,  ///< a `Dictionary`
+    object,      ///< an `NSObject`
+    color,       ///< a `UIColor`
+  };
 
   Value() noexcept = default;
+  /// A null value.
   Value(std::nullptr_t) noexcept {}
-  // Templates, so that neither a pointer nor a text becomes a boolean, nor a character a number.
+  /// A boolean. A template, as the numbers are, so that neither a pointer nor a text becomes one.
   Value(std::same_as<bool> auto boolean) noexcept : storage_(boolean) {}
   /// What exceeds 64 signed bits becomes the nearest double.
   template <internal::IntegerType Integer>
   Value(Integer integer) noexcept;
+  /// A number; a float is widened.
   template <std::floating_point Real>
   Value(Real real) noexcept : storage_(static_cast<double>(real)) {}
   /// A text; its ill-formed bytes are replaced. A null pointer makes a null value.
   Value(const char* text);
   Value(std::string_view text);
   Value(const std::string& text) : Value(std::string_view(text)) {}
+  /// A list, whose elements are shared.
   Value(List list) noexcept : storage_(std::move(list)) {}
+  /// A dictionary, whose entries are shared.
   Value(Dictionary dictionary) noexcept : storage_(std::move(dictionary)) {}
   /// An object, which is shared, not copied. A null pointer makes a null value.
   template <std::derived_from<NSObject> Object>
   Value(std::shared_ptr<Object> object) noexcept {
     if (object) storage_ = std::shared_ptr<const NSObject>(std::move(object));
   }
+  /// A colour, which is shared. A null pointer makes a null value.
   Value(ColorPtr color) noexcept {
     if (color) storage_ = std::move(color);
   }
 
+  /// Which kind this is.
   Kind kind() const noexcept { return static_cast<Kind>(storage_.index()); }
+  /// Whether it is null.
   bool isNull() const noexcept { return kind() == Kind::null; }
 
   /// The number as another kind of number; nothing for what is no number, or cannot be said exactly in that kind
   /// (`asDouble` alone rounds: integers beyond 2⁵³ to the nearest double).
   std::optional<bool> asBool() const noexcept;
+  /// The number as an integer, by the same rule.
   std::optional<std::int64_t> asInteger() const noexcept;
+  /// The number as a double, rounded where it must be.
   std::optional<double> asDouble() const noexcept;
 
   /// The text, list or dictionary; null for other kinds. Lives as long as this value is not assigned to.
   const std::string* asString() const noexcept { return std::get_if<std::string>(&storage_); }
+  /// The list, likewise.
   const List* asList() const noexcept { return std::get_if<List>(&storage_); }
+  /// The dictionary, likewise.
   const Dictionary* asDictionary() const noexcept { return std::get_if<Dictionary>(&storage_); }
 
   /// The object of this class (`UIColor` for colours); null for another class or kind.
@@ -164,9 +197,10 @@ class Value {
       storage_;
 };
 
+/// A key and its value.
 struct DictionaryEntry {
-  Value key;
-  Value value;
+  Value key;    ///< equal to no other of its dictionary
+  Value value;  ///< null too
 };
 
 template <internal::IntegerType Integer>

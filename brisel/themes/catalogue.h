@@ -10,19 +10,22 @@
 
 namespace Brisel::Catalogue {
 
+/// A colour set of a theme, by name.
 struct ColorSetEntry {
-  std::string_view name;  ///< such as "mutedAccent"
-  const Theme::ColorSet& (Theme::*get)() const noexcept;
+  std::string_view name;                                  ///< such as "mutedAccent"
+  const Theme::ColorSet& (Theme::*get)() const noexcept;  ///< the accessor
 };
 
+/// A campaign colour set, by name.
 struct CampaignEntry {
-  std::string_view name;  ///< such as "tierAurel"
-  const Theme::ColorSet& (*get)() noexcept;
+  std::string_view name;                     ///< such as "tierAurel"
+  const Theme::ColorSet& (*get)() noexcept;  ///< the accessor
 };
 
+/// One of a colour set's 28 colours, by the path that leads to it.
 struct SlotEntry {
-  std::string_view path;  ///< such as "background.elevated.press"
-  const Platform::ColorPtr& (*get)(const Theme::ColorSet& set) noexcept;
+  std::string_view path;                                                  ///< such as "background.elevated.press"
+  const Platform::ColorPtr& (*get)(const Theme::ColorSet& set) noexcept;  ///< reads it from a set
 };
 
 /// The ten colour sets of a theme, in field order.

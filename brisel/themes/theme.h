@@ -30,6 +30,7 @@ class Theme {
   /// The colours of something that can be interacted with.
   class State {
    public:
+    /// A state of three colours.
     explicit State(ColorPtr base, ColorPtr highlight, ColorPtr press)
         : base_(std::move(base)), highlight_(std::move(highlight)), press_(std::move(press)) {}
 
@@ -51,14 +52,18 @@ class Theme {
   /// `highlight()` and `press()`. It is the last field, behind the named ones.
   class Background {
    public:
+    /// A background of its named states and the plain one.
     explicit Background(State elevated, State tinted, State unsafeForSmallText, State plain)
         : elevated_(std::move(elevated)),
           tinted_(std::move(tinted)),
           unsafeForSmallText_(std::move(unsafeForSmallText)),
           plain_(std::move(plain)) {}
 
+    /// The plain state, resting.
     const ColorPtr& base() const noexcept { return plain_.base(); }
+    /// The plain state, hovered or highlighted.
     const ColorPtr& highlight() const noexcept { return plain_.highlight(); }
+    /// The plain state, pressed.
     const ColorPtr& press() const noexcept { return plain_.press(); }
     const State& elevated() const noexcept { return elevated_; }  ///< raised surfaces: cards, sheets
     const State& tinted() const noexcept { return tinted_; }      ///< a translucent tint over the surface
@@ -81,6 +86,7 @@ class Theme {
   template <class Role>
   class Foreground {
    public:
+    /// A foreground of seven colours.
     explicit Foreground(ColorPtr base, ColorPtr subdued, ColorPtr brightAccent, ColorPtr negative, ColorPtr warning,
                         ColorPtr positive, ColorPtr announcement)
         : base_(std::move(base)),
@@ -91,13 +97,13 @@ class Theme {
           positive_(std::move(positive)),
           announcement_(std::move(announcement)) {}
 
-    const ColorPtr& base() const noexcept { return base_.color(); }
-    const ColorPtr& subdued() const noexcept { return subdued_.color(); }
-    const ColorPtr& brightAccent() const noexcept { return brightAccent_.color(); }
-    const ColorPtr& negative() const noexcept { return negative_.color(); }
-    const ColorPtr& warning() const noexcept { return warning_.color(); }
-    const ColorPtr& positive() const noexcept { return positive_.color(); }
-    const ColorPtr& announcement() const noexcept { return announcement_.color(); }
+    const ColorPtr& base() const noexcept { return base_.color(); }                  ///< ordinary
+    const ColorPtr& subdued() const noexcept { return subdued_.color(); }            ///< less prominent
+    const ColorPtr& brightAccent() const noexcept { return brightAccent_.color(); }  ///< what stands out most
+    const ColorPtr& negative() const noexcept { return negative_.color(); }          ///< errors and what destroys
+    const ColorPtr& warning() const noexcept { return warning_.color(); }            ///< warnings
+    const ColorPtr& positive() const noexcept { return positive_.color(); }          ///< success
+    const ColorPtr& announcement() const noexcept { return announcement_.color(); }  ///< announcements that inform
 
     friend bool operator==(const Foreground&, const Foreground&) = default;
     friend void hashInto(Hasher& hasher, const Foreground& v) {
@@ -111,16 +117,19 @@ class Theme {
     Swatch base_, subdued_, brightAccent_, negative_, warning_, positive_, announcement_;
   };
 
+  /// The colours of text.
   using Text = Foreground<TextRole>;
   /// Foreground that is not text: icons and controls.
   using Essential = Foreground<EssentialRole>;
 
+  /// What carries no meaning: ornaments and lines that part.
   class Decorative {
    public:
+    /// A pair of colours.
     explicit Decorative(ColorPtr base, ColorPtr subdued) : base_(std::move(base)), subdued_(std::move(subdued)) {}
 
-    const ColorPtr& base() const noexcept { return base_.color(); }
-    const ColorPtr& subdued() const noexcept { return subdued_.color(); }
+    const ColorPtr& base() const noexcept { return base_.color(); }        ///< ordinary
+    const ColorPtr& subdued() const noexcept { return subdued_.color(); }  ///< less prominent
 
     friend bool operator==(const Decorative&, const Decorative&) = default;
     friend void hashInto(Hasher& hasher, const Decorative& v) { hasher(v.base_, v.subdued_); }
@@ -135,15 +144,20 @@ class Theme {
   /// The 28 colours of one context.
   class ColorSet {
    public:
+    /// A colour set of its four groups.
     explicit ColorSet(Background background, Text text, Essential essential, Decorative decorative)
         : background_(std::move(background)),
           text_(std::move(text)),
           essential_(std::move(essential)),
           decorative_(std::move(decorative)) {}
 
+    /// What everything else stands on.
     const Background& background() const noexcept { return background_; }
+    /// What is read.
     const Text& text() const noexcept { return text_; }
+    /// Icons and controls.
     const Essential& essential() const noexcept { return essential_; }
+    /// What could be left out.
     const Decorative& decorative() const noexcept { return decorative_; }
 
     friend bool operator==(const ColorSet&, const ColorSet&) = default;
@@ -171,6 +185,7 @@ class Theme {
     Decorative decorative_;
   };
 
+  /// A theme of ten colour sets; for hosts with a theme of their own.
   explicit Theme(ColorSet base, ColorSet brightAccent, ColorSet negative, ColorSet warning, ColorSet positive,
                  ColorSet announcement, ColorSet invertedDark, ColorSet invertedLight, ColorSet mutedAccent,
                  ColorSet overMedia)

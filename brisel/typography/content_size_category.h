@@ -13,6 +13,7 @@ namespace Brisel {
 /// Ordered from the smallest to the largest.
 class ContentSizeCategory {
  public:
+  /// The categories, for `switch`.
   enum class Case : std::uint8_t {
 #define BRISEL_CONTENT_SIZE(name, scale, platformCategory) name,
 #include "brisel/typography/content_sizes.def"
@@ -27,14 +28,16 @@ class ContentSizeCategory {
   /// The category whose scale is exactly this one.
   static std::optional<ContentSizeCategory> fromRawValue(double accessibilityScale) noexcept;
 
+  /// All categories, from the smallest to the largest.
   static std::span<const ContentSizeCategory, 12> allCases() noexcept;
 
   /// The accessibility scale: -1.0 for `extraSmall`, 0.0 for `large`, 1.0 for `extraExtraExtraLarge`, 2.0 at most.
   double rawValue() const noexcept;
 
+  /// The platform's category of the same name.
   const Platform::UIContentSizeCategory& platformCategory() const noexcept;
 
-  constexpr operator Case() const noexcept { return case_; }  // for switch
+  constexpr operator Case() const noexcept { return case_; }  ///< for `switch`
   friend constexpr auto operator<=>(ContentSizeCategory, ContentSizeCategory) noexcept = default;
 
  private:

@@ -15,7 +15,7 @@ namespace Brisel {
 
 /// What `scaledToFit` found.
 struct ScaledResult {
-  std::shared_ptr<const Platform::NSAttributedString> attributedString;
+  std::shared_ptr<const Platform::NSAttributedString> attributedString;  ///< the text at the size that was found
   /// Whether the text is no higher than the requested lines of its font; the box's height does not count here.
   bool scaledStringFits = false;
 };

@@ -21,6 +21,7 @@ class Font {
   class Weight;
   class Feature;
 
+  /// The typefaces, for `switch`.
   enum class Case : std::uint8_t {
 #define BRISEL_TYPEFACE(name, familyName) name,
 #include "brisel/typography/typefaces.def"
@@ -48,7 +49,7 @@ class Font {
   /// `font name: "TondalArab"`
   std::string debugDescription() const;
 
-  constexpr operator Case() const noexcept { return case_; }  // for switch
+  constexpr operator Case() const noexcept { return case_; }  ///< for `switch`
   friend constexpr bool operator==(Font, Font) noexcept = default;
   friend void operator<=>(Font, Font) = delete;  // the conversion would order fonts
   friend void hashInto(Platform::internal::Hasher& hasher, Font font) { hasher(font.case_); }
@@ -62,6 +63,7 @@ class Font {
 /// The weight of a font: book, bold or black.
 class Font::Weight {
  public:
+  /// The weights, for `switch`.
   enum class Case : std::uint8_t {
 #define BRISEL_FONT_WEIGHT(name, suffix) name,
 #include "brisel/typography/typefaces.def"
@@ -70,12 +72,13 @@ class Font::Weight {
 #define BRISEL_FONT_WEIGHT(name, suffix) static const Weight name;
 #include "brisel/typography/typefaces.def"
 
+  /// Book, bold and black.
   static constexpr std::span<const Weight, 3> allCases() noexcept;
 
   /// What stands behind the hyphen in the names of fonts: "Book", "Bold" or "Black".
   std::string_view nameSuffix() const noexcept;
 
-  constexpr operator Case() const noexcept { return case_; }  // for switch
+  constexpr operator Case() const noexcept { return case_; }  ///< for `switch`
   friend constexpr bool operator==(Weight, Weight) noexcept = default;
   friend void operator<=>(Weight, Weight) = delete;
   friend void hashInto(Platform::internal::Hasher& hasher, Weight weight) { hasher(weight.case_); }
@@ -91,8 +94,10 @@ class Font::Feature {
  public:
   class NumberSpacingOption;
 
+  /// The feature that spaces digits so.
   static constexpr Feature numberSpacing(NumberSpacingOption option) noexcept;
 
+  /// How it spaces digits.
   constexpr NumberSpacingOption numberSpacingOption() const noexcept;
 
   /// "numberSpacing: Default" or "numberSpacing: Monospaced"
@@ -110,6 +115,7 @@ class Font::Feature {
 /// `default_` asks for nothing; `monospaced` gives all digits the same width.
 class Font::Feature::NumberSpacingOption {
  public:
+  /// The spacings, for `switch`.
   enum class Case : std::uint8_t {
 #define BRISEL_NUMBER_SPACING(name, description) name,
 #include "brisel/typography/typefaces.def"
@@ -121,7 +127,7 @@ class Font::Feature::NumberSpacingOption {
   /// "Default" or "Monospaced"
   std::string_view description() const noexcept;
 
-  constexpr operator Case() const noexcept { return case_; }  // for switch
+  constexpr operator Case() const noexcept { return case_; }  ///< for `switch`
   friend constexpr bool operator==(NumberSpacingOption, NumberSpacingOption) noexcept = default;
   friend void operator<=>(NumberSpacingOption, NumberSpacingOption) = delete;
   friend void hashInto(Platform::internal::Hasher& hasher, NumberSpacingOption option) { hasher(option.case_); }

@@ -8,9 +8,10 @@ namespace Brisel {
 
 /// A family and the families tried after it, in order.
 struct FontStack {
-  Font primaryFont;
-  std::span<const Font> fallbackFonts;
+  Font primaryFont;                     ///< what most characters are drawn in
+  std::span<const Font> fallbackFonts;  ///< constant
 
+  /// The stack of running text: `Font::tondal`, then the scripts.
   static const FontStack text;
   /// The tall cut comes before the scripts.
   static const FontStack title;

@@ -11,6 +11,7 @@ class StyleRecorder {
   StyleRecorder& operator=(const StyleRecorder&) = delete;
   virtual ~StyleRecorder();
 
+  /// Keeps a style, which is being applied to this label.
   virtual void recordStyle(const TypeStyle& style) = 0;
 
  protected:

@@ -24,11 +24,17 @@ namespace Brisel {
 class TypeStyle {
  public:
   /// Sizes of styles, from captions to the titles that fill a screen.
-  enum class Group : int { smallText = 0, body = 1, titles = 2, displayTitles = 3 };
+  enum class Group : int {
+    smallText = 0,      ///< captions and labels
+    body = 1,           ///< running text
+    titles = 2,         ///< headings
+    displayTitles = 3,  ///< titles that fill a screen
+  };
 
   /// A quantity that grows with the content size, by its values at four points of the scale.
   class AccessibilityRange {
    public:
+    /// A quantity by its four values; nothing is checked.
     constexpr explicit AccessibilityRange(double min, double mid, double max, double axMax) noexcept
         : min_(min), mid_(mid), max_(max), axMax_(axMax) {}
 
@@ -62,6 +68,7 @@ class TypeStyle {
   /// How a style scales, and what it asks of its fonts.
   class Configuration {
    public:
+    /// A configuration of these four fields.
     explicit Configuration(const AccessibilityRange& fontSize, const AccessibilityRange& minimumScaleFactor,
                            bool usesUpperCaseLayout, std::vector<Font::Feature> fontFeatures)
         : fontSize_(fontSize),
@@ -75,10 +82,12 @@ class TypeStyle {
     const AccessibilityRange& minimumScaleFactor() const noexcept { return minimumScaleFactor_; }
     /// Whether text is laid out in capitals.
     bool usesUpperCaseLayout() const noexcept { return usesUpperCaseLayout_; }
+    /// Empty for every style of the catalogue.
     const std::vector<Font::Feature>& fontFeatures() const noexcept { return fontFeatures_; }
 
     /// All fields, in braces, one a line.
     std::string description() const;
+    /// The same.
     std::string debugDescription() const;
 
     friend bool operator==(const Configuration&, const Configuration&) = default;
@@ -93,6 +102,7 @@ class TypeStyle {
     std::vector<Font::Feature> fontFeatures_;
   };
 
+  /// A style that is not of the catalogue.
   explicit TypeStyle(std::string name, Font primaryFont, std::vector<Font> fallbackFonts, Font::Weight fontWeight,
                      Platform::CGFloat fontSize, Group group, Configuration configuration)
       : name_(std::move(name)),
@@ -114,13 +124,17 @@ class TypeStyle {
 
   /// As people call it, such as "Ballad Bold". A derived style keeps it.
   const std::string& name() const noexcept { return name_; }
+  /// The typeface that most characters are drawn in.
   Font primaryFont() const noexcept { return primaryFont_; }
   /// The typefaces tried after the primary one, in order.
   const std::vector<Font>& fallbackFonts() const noexcept { return fallbackFonts_; }
+  /// The weight, of the fallbacks too where they have it.
   Font::Weight fontWeight() const noexcept { return fontWeight_; }
   /// The nominal size in points. What fonts are made with comes from `configuration().fontSize()`.
   Platform::CGFloat fontSize() const noexcept { return fontSize_; }
+  /// The group by which style guides list it.
   Group group() const noexcept { return group_; }
+  /// How it scales, and what it asks of its fonts.
   const Configuration& configuration() const noexcept { return configuration_; }
 
   // Derived styles. All other fields stay as they are, except that those which touch the configuration drop the font
@@ -138,13 +152,13 @@ class TypeStyle {
   TypeStyle withMinimumScaleFactor(const AccessibilityRange& minimumScaleFactor) const;
   template <std::same_as<bool> Flag>
   TypeStyle withMinimumScaleFactor(Flag) const = delete;
-  /// `with(usesUpperCaseLayout:)`. Drops the font features.
+  /// `with(usesUpperCaseLayout:)`: in capitals, or as written. Drops the font features.
   TypeStyle withUsesUpperCaseLayout(bool usesUpperCaseLayout) const;
   /// `with(fontFeatures:)`: these features instead of the style's own.
   TypeStyle withFontFeatures(std::vector<Font::Feature> fontFeatures) const;
-  /// `with(primaryFont:)`. Keeps the font features.
+  /// `with(primaryFont:)`: this typeface before the fallbacks. Keeps the font features.
   TypeStyle withPrimaryFont(Font primaryFont) const;
-  /// `with(fallbackFonts:)`. Keeps the font features.
+  /// `with(fallbackFonts:)`: these typefaces behind the primary one. Keeps the font features.
   TypeStyle withFallbackFonts(std::vector<Font> fallbackFonts) const;
 
   /// `font(contentSizeCategory:)`: the style's font at the size for a category, never null. See `Font::font`.

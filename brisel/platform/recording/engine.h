@@ -22,22 +22,27 @@ namespace Brisel::Platform {
 /// bidirectional text, except that paragraphs set from right to left run that way throughout. Upper-casing knows ASCII.
 class RecordingEngine final : public Engine {
  public:
+  /// The measures of every font.
   static constexpr FontMetrics kMetrics{
       .ascender = 0.75, .descender = -0.25, .leading = 0, .capHeight = 0.75, .xHeight = 0.5};
+  /// How wide every character is, in ems.
   static constexpr CGFloat kAdvance = 0.5;  // ems
 
+  /// A rectangle that was filled.
   struct Fill {
-    CGRect rect;
-    UIColor color = UIColor::grey(0, 1);
+    CGRect rect;                          ///< points
+    UIColor color = UIColor::grey(0, 1);  ///< as it was given
   };
+  /// Glyphs that were drawn.
   struct GlyphDrawing {
-    std::string face;
-    CGFloat pointSize;
-    std::vector<PositionedGlyph> glyphs;
-    UIColor color = UIColor::grey(0, 1);
+    std::string face;                     ///< the name of their face
+    CGFloat pointSize;                    ///< points
+    std::vector<PositionedGlyph> glyphs;  ///< in the order of drawing
+    UIColor color = UIColor::grey(0, 1);  ///< as it was given
   };
   /// A call on a canvas; of the fields, those that the call has.
   struct CanvasCall {
+    /// The calls, by their names.
     enum class Kind : std::uint8_t {
       save,
       restore,
@@ -51,38 +56,43 @@ class RecordingEngine final : public Engine {
       drawBitmap,
       drawGlyphs,
     };
-    Kind kind = Kind::save;
-    CGRect rect{};
-    UIBezierPath path{};
-    UIColor color = UIColor::grey(0, 1);
-    CGBlendMode blendMode = CGBlendMode::normal;
-    CGInterpolationQuality quality = CGInterpolationQuality::default_;
+    Kind kind = Kind::save;                       ///< which call it was
+    CGRect rect{};                                ///< of `clipToMask`, `fillRect` and `drawBitmap`
+    UIBezierPath path{};                          ///< of `clipToPath`, `fillPath` and `strokePath`
+    UIColor color = UIColor::grey(0, 1);          ///< of what is filled, stroked and drawn
+    CGBlendMode blendMode = CGBlendMode::normal;  ///< of `setBlendMode`
+    CGInterpolationQuality quality = CGInterpolationQuality::default_;  ///< of `setInterpolationQuality`
     friend bool operator==(const CanvasCall&, const CanvasCall&) = default;
   };
+  /// A canvas that was made.
   struct CanvasSize {
-    int pixelWidth = 0;
-    int pixelHeight = 0;
-    CGFloat scale = 1;
-    bool isOpaque = false;
+    int pixelWidth = 0;     ///< pixels
+    int pixelHeight = 0;    ///< pixels
+    CGFloat scale = 1;      ///< pixels a point
+    bool isOpaque = false;  ///< whether it has no alpha
     friend bool operator==(const CanvasSize&, const CanvasSize&) = default;
   };
+  /// What an engine has been asked, kind by kind, each in the order of the calls.
   struct Record {
-    std::vector<std::filesystem::path> registeredFiles;
-    std::vector<TypefaceRequest> typefaces;
-    std::vector<std::u16string> shapedTexts;
-    std::vector<Fill> fills;
-    std::vector<GlyphDrawing> drawings;
-    std::vector<CanvasSize> canvases;
-    std::vector<CanvasCall> calls;  // on all canvases, in order
-    std::string substituteFamily;
-    bool usesHostFonts = true;
+    std::vector<std::filesystem::path> registeredFiles;  ///< by `registerFontFile`
+    std::vector<TypefaceRequest> typefaces;              ///< by `typeface`
+    std::vector<std::u16string> shapedTexts;             ///< by `shape`
+    std::vector<Fill> fills;                             ///< on all canvases
+    std::vector<GlyphDrawing> drawings;                  ///< on all canvases
+    std::vector<CanvasSize> canvases;                    ///< by `makeCanvas`
+    std::vector<CanvasCall> calls;                       ///< on all canvases, in order
+    std::string substituteFamily;                        ///< by `setSubstituteFamily`
+    bool usesHostFonts = true;                           ///< by `setUsesHostFonts`
   };
 
+  /// An engine that has been asked nothing.
   RecordingEngine();
+  /// Its canvases may outlive it.
   ~RecordingEngine() override;
 
   /// All that was asked so far.
   Record record() const;
+  /// Begins the record anew; what was set stays.
   void forget();
 
   /// From now on no face has these characters, or, where a name is given, the face of that name alone.

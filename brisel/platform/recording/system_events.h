@@ -13,7 +13,9 @@ namespace Brisel::Platform {
 /// be called from any thread.
 class RecordingSystemEvents final : public SystemEvents {
  public:
+  /// Events of which none has happened.
   RecordingSystemEvents();
+  /// What has been posted and not run is dropped.
   ~RecordingSystemEvents() override;
 
   /// As if the system ran short of memory: posts one event for whoever watches at the time. Whether anybody does.
@@ -21,6 +23,7 @@ class RecordingSystemEvents final : public SystemEvents {
 
   /// How often the watching of memory has been started, and stopped.
   std::size_t watchCount() const;
+  /// How often the watching of memory has been stopped.
   std::size_t stopCount() const;
 
  protected:

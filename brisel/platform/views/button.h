@@ -17,13 +17,13 @@ class ShownText;
 
 /// What a control is in: a set of flags, and two masks of flags that are not the platform's. The published numbers.
 enum UIControlState : std::uint32_t {
-  UIControlStateNormal = 0,
-  UIControlStateHighlighted = 1U << 0,
-  UIControlStateDisabled = 1U << 1,
-  UIControlStateSelected = 1U << 2,
-  UIControlStateFocused = 1U << 3,
-  UIControlStateApplication = 0x00FF0000U,
-  UIControlStateReserved = 0xFF000000U,
+  UIControlStateNormal = 0,                 ///< no flag
+  UIControlStateHighlighted = 1U << 0,      ///< pressed
+  UIControlStateDisabled = 1U << 1,         ///< not to be used now
+  UIControlStateSelected = 1U << 2,         ///< chosen
+  UIControlStateFocused = 1U << 3,          ///< where keys go
+  UIControlStateApplication = 0x00FF0000U,  ///< a mask: flags for programs
+  UIControlStateReserved = 0xFF000000U,     ///< a mask: flags for the platform
 };
 
 /// A button with a title for each state. Asked for a state, it answers only what was set for exactly that value, of all
@@ -32,27 +32,35 @@ enum UIControlState : std::uint32_t {
 /// without a font is set in the port's substitute at 17 points, one without a colour in the title colour, else black.
 class UIButton : public UIView {
  public:
+  /// `initWithFrame:`: a button without titles.
   static std::shared_ptr<UIButton> initWithFrame(const CGRect& frame = {});
   ~UIButton() override;
 
-  /// `titleForState:`
+  /// `titleForState:`: the title that was set for exactly this state.
   std::optional<std::string> titleForState(UIControlState state) const;
+  /// `setTitle:forState:`: for exactly this state; nothing takes the title away.
   void setTitle(const std::optional<std::string>& title, UIControlState state);
   /// `titleColorForState:`; null where none was set.
   ColorPtr titleColorForState(UIControlState state) const;
+  /// `setTitleColor:forState:`: for exactly this state; null takes the colour away.
   void setTitleColor(const ColorPtr& color, UIControlState state);
   /// `attributedTitleForState:`; null where none was set.
   std::shared_ptr<const NSAttributedString> attributedTitleForState(UIControlState state) const;
+  /// `setAttributedTitle:forState:`: for exactly this state; copied; null takes the title away.
   virtual void setAttributedTitle(const std::shared_ptr<const NSAttributedString>& title, UIControlState state);
 
   /// The flags that are set now.
   UIControlState state() const noexcept { return state_; }
+  /// Whether it can be used; so at first.
   bool isEnabled() const noexcept { return (state_ & UIControlStateDisabled) == 0; }
   void setEnabled(bool enabled);
+  /// Whether it is pressed.
   bool isHighlighted() const noexcept { return (state_ & UIControlStateHighlighted) != 0; }
   void setHighlighted(bool highlighted);
+  /// Whether it is chosen.
   bool isSelected() const noexcept { return (state_ & UIControlStateSelected) != 0; }
   void setSelected(bool selected);
+  /// Whether keys go to it.
   bool isFocused() const noexcept { return (state_ & UIControlStateFocused) != 0; }
   void setFocused(bool focused);
 
@@ -68,6 +76,7 @@ class UIButton : public UIView {
   FirstBaseline firstBaseline() const override;
 
  protected:
+  /// For subclasses' factories.
   UIButton();
   void drawContent(Canvas& canvas, CGPoint at) const override;
 

@@ -10,10 +10,11 @@ namespace Brisel::Platform {
 
 /// What a renderer makes: pixels a point (the main screen's until told), and whether the image has no alpha.
 struct UIGraphicsImageRendererFormat {
+  /// The main screen's scale, with alpha.
   UIGraphicsImageRendererFormat();
 
-  CGFloat scale;
-  bool opaque = false;
+  CGFloat scale;        ///< pixels a point
+  bool opaque = false;  ///< whether the image has no alpha
 };
 
 /// Makes images by drawing on a fresh canvas. May be used on any thread.

@@ -21,6 +21,7 @@ namespace Brisel::Platform {
 /// size is asked for or the label is drawn.
 class UILabel : public UIView {
  public:
+  /// `initWithFrame:`: a label without text.
   static std::shared_ptr<UILabel> initWithFrame(const CGRect& frame = {});
   ~UILabel() override;
 
@@ -72,6 +73,7 @@ class UILabel : public UIView {
   FirstBaseline firstBaseline() const override;
 
  protected:
+  /// For subclasses' factories.
   UILabel();
   void drawContent(Canvas& canvas, CGPoint at) const override;
   bool hasHeightForWidth() const override;

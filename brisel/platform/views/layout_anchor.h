@@ -20,18 +20,18 @@ class ViewLayout;
 /// What of an item a constraint means. Leading and trailing follow the direction of the view that holds the constraint.
 /// The first baseline is that of the item's text as it is drawn; of an item without text, its bottom.
 enum class NSLayoutAttribute : std::uint8_t {
-  notAnAttribute,
-  left,
-  right,
-  top,
-  bottom,
-  leading,
-  trailing,
-  width,
-  height,
-  centerX,
-  centerY,
-  firstBaseline,
+  notAnAttribute,  ///< nothing
+  left,            ///< the left edge
+  right,           ///< the right edge
+  top,             ///< the top edge
+  bottom,          ///< the bottom edge
+  leading,         ///< the edge where text begins
+  trailing,        ///< the edge where text ends
+  width,           ///< a size
+  height,          ///< a size
+  centerX,         ///< the middle from left to right
+  centerY,         ///< the middle from top to bottom
+  firstBaseline,   ///< the baseline of the first line of text
 };
 
 /// An edge, a centre or a size of a view or a layout guide, which it holds weakly. The constraints that it makes are
@@ -41,17 +41,19 @@ class NSLayoutAnchor {
  public:
   /// The view or guide; null once that has been freed.
   std::shared_ptr<LayoutItem> item() const noexcept { return item_.lock(); }
+  /// What of the item it stands for.
   NSLayoutAttribute attribute() const noexcept { return attribute_; }
 
   /// `constraintEqualToAnchor:constant:`: this anchor = the other + constant points.
   std::shared_ptr<NSLayoutConstraint> constraintEqualToAnchor(const Kind& anchor, CGFloat constant = 0) const;
-  /// `constraintGreaterThanOrEqualToAnchor:constant:`
+  /// `constraintGreaterThanOrEqualToAnchor:constant:`: at least that.
   std::shared_ptr<NSLayoutConstraint> constraintGreaterThanOrEqualToAnchor(const Kind& anchor,
                                                                            CGFloat constant = 0) const;
-  /// `constraintLessThanOrEqualToAnchor:constant:`
+  /// `constraintLessThanOrEqualToAnchor:constant:`: at most that.
   std::shared_ptr<NSLayoutConstraint> constraintLessThanOrEqualToAnchor(const Kind& anchor, CGFloat constant = 0) const;
 
  protected:
+  /// An anchor of an item.
   // NOLINTNEXTLINE(bugprone-crtp-constructor-accessibility): the kinds inherit it
   NSLayoutAnchor(std::weak_ptr<LayoutItem> item, NSLayoutAttribute attribute) noexcept
       : item_(std::move(item)), attribute_(attribute) {}
@@ -61,32 +63,39 @@ class NSLayoutAnchor {
   NSLayoutAttribute attribute_;
 };
 
+/// An edge or a centre on the horizontal axis.
 class NSLayoutXAxisAnchor final : public NSLayoutAnchor<NSLayoutXAxisAnchor> {
   friend class LayoutItem;
   using NSLayoutAnchor::NSLayoutAnchor;
 };
 
+/// An edge, a centre or a baseline on the vertical axis.
 class NSLayoutYAxisAnchor final : public NSLayoutAnchor<NSLayoutYAxisAnchor> {
   friend class LayoutItem;
   using NSLayoutAnchor::NSLayoutAnchor;
 };
 
+/// A width or a height.
 class NSLayoutDimension final : public NSLayoutAnchor<NSLayoutDimension> {
  public:
   using NSLayoutAnchor::constraintEqualToAnchor;
   using NSLayoutAnchor::constraintGreaterThanOrEqualToAnchor;
   using NSLayoutAnchor::constraintLessThanOrEqualToAnchor;
 
-  /// `constraintEqualToConstant:` and its sisters: in points.
+  /// `constraintEqualToConstant:`: in points.
   std::shared_ptr<NSLayoutConstraint> constraintEqualToConstant(CGFloat constant) const;
+  /// `constraintGreaterThanOrEqualToConstant:`: at least so many points.
   std::shared_ptr<NSLayoutConstraint> constraintGreaterThanOrEqualToConstant(CGFloat constant) const;
+  /// `constraintLessThanOrEqualToConstant:`: at most so many points.
   std::shared_ptr<NSLayoutConstraint> constraintLessThanOrEqualToConstant(CGFloat constant) const;
 
-  /// `constraintEqualToAnchor:multiplier:constant:` and its sisters: the other size × multiplier + constant points.
+  /// `constraintEqualToAnchor:multiplier:constant:`: the other size × multiplier + constant points.
   std::shared_ptr<NSLayoutConstraint> constraintEqualToAnchor(const NSLayoutDimension& dimension, CGFloat multiplier,
                                                               CGFloat constant) const;
+  /// `constraintGreaterThanOrEqualToAnchor:multiplier:constant:`: at least that.
   std::shared_ptr<NSLayoutConstraint> constraintGreaterThanOrEqualToAnchor(const NSLayoutDimension& dimension,
                                                                            CGFloat multiplier, CGFloat constant) const;
+  /// `constraintLessThanOrEqualToAnchor:multiplier:constant:`: at most that.
   std::shared_ptr<NSLayoutConstraint> constraintLessThanOrEqualToAnchor(const NSLayoutDimension& dimension,
                                                                         CGFloat multiplier, CGFloat constant) const;
 
@@ -104,23 +113,24 @@ class LayoutItem : public NSObject {
  public:
   ~LayoutItem() override;
 
-  NSLayoutXAxisAnchor leadingAnchor() const noexcept;
-  NSLayoutXAxisAnchor trailingAnchor() const noexcept;
-  NSLayoutXAxisAnchor leftAnchor() const noexcept;
-  NSLayoutXAxisAnchor rightAnchor() const noexcept;
-  NSLayoutXAxisAnchor centerXAnchor() const noexcept;
-  NSLayoutYAxisAnchor topAnchor() const noexcept;
-  NSLayoutYAxisAnchor bottomAnchor() const noexcept;
-  NSLayoutYAxisAnchor centerYAnchor() const noexcept;
-  NSLayoutYAxisAnchor firstBaselineAnchor() const noexcept;
-  NSLayoutDimension widthAnchor() const noexcept;
-  NSLayoutDimension heightAnchor() const noexcept;
+  NSLayoutXAxisAnchor leadingAnchor() const noexcept;        ///< the edge where text begins
+  NSLayoutXAxisAnchor trailingAnchor() const noexcept;       ///< the edge where text ends
+  NSLayoutXAxisAnchor leftAnchor() const noexcept;           ///< the left edge
+  NSLayoutXAxisAnchor rightAnchor() const noexcept;          ///< the right edge
+  NSLayoutXAxisAnchor centerXAnchor() const noexcept;        ///< the middle from left to right
+  NSLayoutYAxisAnchor topAnchor() const noexcept;            ///< the top edge
+  NSLayoutYAxisAnchor bottomAnchor() const noexcept;         ///< the bottom edge
+  NSLayoutYAxisAnchor centerYAnchor() const noexcept;        ///< the middle from top to bottom
+  NSLayoutYAxisAnchor firstBaselineAnchor() const noexcept;  ///< of the first line; without text, the bottom
+  NSLayoutDimension widthAnchor() const noexcept;            ///< the width
+  NSLayoutDimension heightAnchor() const noexcept;           ///< the height
 
   /// The view that stands for this item in the tree: the view itself, or the one that owns the guide; null for a guide
   /// without an owner.
   virtual std::shared_ptr<const UIView> layoutView() const = 0;
 
  protected:
+  /// For views and guides.
   LayoutItem();
 
  private:

@@ -15,13 +15,21 @@ namespace Brisel::Platform {
 /// How important a constraint is: above 0, up to 1000. Each distinct value is a level of its own; a constraint gives
 /// way to any that is more important, however many of its own level hold with it.
 using UILayoutPriority = float;
+/// What must hold.
 inline constexpr UILayoutPriority UILayoutPriorityRequired = 1000;
+/// How strongly views resist becoming smaller than their content, until told.
 inline constexpr UILayoutPriority UILayoutPriorityDefaultHigh = 750;
+/// How strongly views resist becoming larger than their content, until told.
 inline constexpr UILayoutPriority UILayoutPriorityDefaultLow = 250;
+/// How strongly a view that is measured is asked for the given size.
 inline constexpr UILayoutPriority UILayoutPriorityFittingSizeLevel = 50;
 
-/// The published numbers.
-enum class NSLayoutRelation : std::int8_t { lessThanOrEqual = -1, equal = 0, greaterThanOrEqual = 1 };
+/// What stands between the two sides of a constraint, by the published numbers.
+enum class NSLayoutRelation : std::int8_t {
+  lessThanOrEqual = -1,   ///< ≤
+  equal = 0,              ///< =
+  greaterThanOrEqual = 1  ///< ≥
+};
 
 /// A relation between two attributes of views or guides, or between one and a number:
 /// first attribute (=, ≤, ≥) second attribute × multiplier + constant. Made by anchors, or from its parts.
@@ -44,17 +52,24 @@ class NSLayoutConstraint final : public NSObject {
                                                                 NSLayoutAttribute secondAttribute, CGFloat multiplier,
                                                                 CGFloat constant);
 
-  /// `activateConstraints:`, `deactivateConstraints:`: all at once.
+  /// `activateConstraints:`: all at once.
   static void activateConstraints(std::span<const std::shared_ptr<NSLayoutConstraint>> constraints);
   static void activateConstraints(std::initializer_list<std::shared_ptr<NSLayoutConstraint>> constraints);
+  /// `deactivateConstraints:`: all at once.
   static void deactivateConstraints(std::span<const std::shared_ptr<NSLayoutConstraint>> constraints);
   static void deactivateConstraints(std::initializer_list<std::shared_ptr<NSLayoutConstraint>> constraints);
 
+  /// The first item; null once that has been freed.
   std::shared_ptr<LayoutItem> firstItem() const noexcept { return firstItem_.lock(); }
+  /// What of the first item is meant.
   NSLayoutAttribute firstAttribute() const noexcept { return firstAttribute_; }
+  /// What stands between the two sides.
   NSLayoutRelation relation() const noexcept { return relation_; }
+  /// The second item; null where there is none, and once it has been freed.
   std::shared_ptr<LayoutItem> secondItem() const noexcept { return secondItem_.lock(); }
+  /// What of the second item is meant; `notAnAttribute` where there is none.
   NSLayoutAttribute secondAttribute() const noexcept { return secondAttribute_; }
+  /// By which the second attribute is multiplied.
   CGFloat multiplier() const noexcept { return multiplier_; }
 
   /// Points. Changing it while the constraint is active costs little more than what moves. In layout, values that are

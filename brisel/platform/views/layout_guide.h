@@ -10,6 +10,7 @@ namespace Brisel::Platform {
 /// A rectangle that takes part in layout like a view, and shows nothing. A view owns it, from `UIView::addLayoutGuide`.
 class UILayoutGuide final : public LayoutItem {
  public:
+  /// A guide that no view owns yet.
   static std::shared_ptr<UILayoutGuide> init();
   ~UILayoutGuide() override;
 

@@ -16,25 +16,26 @@ namespace Brisel::Platform {
 /// What text is set in where its attributes do not say. Null: the port's substitute at 12 points, black, the default
 /// paragraph style.
 struct TextDefaults {
-  std::shared_ptr<const UIFont> font;
-  ColorPtr color;
-  std::shared_ptr<const NSParagraphStyle> paragraphStyle;
+  std::shared_ptr<const UIFont> font;                      ///< where there is no `NSFontAttributeName`
+  ColorPtr color;                                          ///< where there is no `NSForegroundColorAttributeName`
+  std::shared_ptr<const NSParagraphStyle> paragraphStyle;  ///< where there is no `NSParagraphStyleAttributeName`
 };
 
 /// What an attributed string asks of shaping, layout and painting, span by span. The paragraph style at a paragraph's
 /// first character holds for all of it; the base direction at the text's first character holds for the text.
 struct TextSpans {
   TextSpans() = default;
+  /// The spans of a text.
   explicit TextSpans(const NSAttributedString& text, const TextDefaults& defaults = {});
 
   /// As if made anew, in the room that there is.
   void assign(const NSAttributedString& text, const TextDefaults& defaults);
 
-  std::vector<TypefaceSpan> typefaces;
-  std::vector<TextSizeSpan> sizes;
-  std::vector<ParagraphSpan> paragraphs;
-  std::vector<PaintSpan> paints;
-  WritingDirection direction = WritingDirection::natural;
+  std::vector<TypefaceSpan> typefaces;                     ///< for shaping
+  std::vector<TextSizeSpan> sizes;                         ///< for layout
+  std::vector<ParagraphSpan> paragraphs;                   ///< for layout
+  std::vector<PaintSpan> paints;                           ///< for drawing
+  WritingDirection direction = WritingDirection::natural;  ///< for shaping
 };
 
 /// Shapes a text. The result serves all sizes as long as it scales linearly (a change of size within the text parts
@@ -50,10 +51,14 @@ std::shared_ptr<const ShapedText> shapeEllipsis(const TextSpans& spans, std::uin
 /// A text set into lines, with all that is needed to draw it.
 class TextDrawing {
  public:
+  /// Shapes a text and sets it into lines.
   explicit TextDrawing(const NSAttributedString& text, const TextLayout::Options& options = {});
 
+  /// The lines.
   const TextLayout& layout() const noexcept { return layout_; }
+  /// How large the text is, in points, not rounded.
   CGSize size() const noexcept { return layout_.size(); }
+  /// Draws it, its upper left corner at the point.
   void draw(Canvas& canvas, CGPoint at) const { layout_.draw(canvas, at, spans_.paints); }
 
  private:

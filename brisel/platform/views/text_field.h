@@ -21,6 +21,7 @@ class ShownText;
 /// where it has none of its own.
 class UITextField : public UIView {
  public:
+  /// `initWithFrame:`: a field without text.
   static std::shared_ptr<UITextField> initWithFrame(const CGRect& frame = {});
   ~UITextField() override;
 
@@ -28,12 +29,15 @@ class UITextField : public UIView {
   std::optional<std::string> text() const;
   /// Takes the default text attributes.
   void setText(const std::optional<std::string>& text);
+  /// What is entered, with its attributes; null until text has been set. Copied when it is set.
   const std::shared_ptr<const NSAttributedString>& attributedText() const noexcept;
   virtual void setAttributedText(const std::shared_ptr<const NSAttributedString>& text);
 
+  /// The characters of what is shown while there is no text.
   std::optional<std::string> placeholder() const;
   /// In the default text attributes, whatever becomes of them, but in a weaker colour.
   void setPlaceholder(const std::optional<std::string>& placeholder);
+  /// The same with its attributes; null where there is none. Copied when it is set.
   const std::shared_ptr<const NSAttributedString>& attributedPlaceholder() const noexcept;
   virtual void setAttributedPlaceholder(const std::shared_ptr<const NSAttributedString>& placeholder);
 
@@ -45,8 +49,10 @@ class UITextField : public UIView {
   /// port's substitute at 17 points; black.
   std::shared_ptr<const UIFont> font() const;
   void setFont(const std::shared_ptr<const UIFont>& font);
+  /// The colour, by the same rules; null: black.
   ColorPtr textColor() const;
   void setTextColor(const ColorPtr& color);
+  /// The alignment, by the same rules; natural at first.
   NSTextAlignment textAlignment() const;
   void setTextAlignment(NSTextAlignment alignment);
 
@@ -55,6 +61,7 @@ class UITextField : public UIView {
   FirstBaseline firstBaseline() const override;
 
  protected:
+  /// For subclasses' factories.
   UITextField();
   void drawContent(Canvas& canvas, CGPoint at) const override;
 

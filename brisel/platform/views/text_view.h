@@ -20,12 +20,15 @@ class ShownText;
 /// its own.
 class UITextView : public UIView {
  public:
+  /// `initWithFrame:`: a text view without text.
   static std::shared_ptr<UITextView> initWithFrame(const CGRect& frame = {});
   ~UITextView() override;
 
+  /// The characters of the text; nothing until text has been set.
   std::optional<std::string> text() const;
   /// Takes the view's font, colour and alignment.
   void setText(const std::optional<std::string>& text);
+  /// The text with its attributes; null until text has been set. Copied when it is set.
   const std::shared_ptr<const NSAttributedString>& attributedText() const noexcept;
   virtual void setAttributedText(const std::shared_ptr<const NSAttributedString>& text);
 
@@ -33,8 +36,10 @@ class UITextView : public UIView {
   /// whole text too.
   const std::shared_ptr<const UIFont>& font() const noexcept;
   virtual void setFont(const std::shared_ptr<const UIFont>& font);
+  /// The colour, by the same rules; null: black.
   const ColorPtr& textColor() const noexcept;
   void setTextColor(const ColorPtr& color);
+  /// The alignment, by the same rules; natural at first.
   NSTextAlignment textAlignment() const noexcept;
   void setTextAlignment(NSTextAlignment alignment);
 
@@ -49,6 +54,7 @@ class UITextView : public UIView {
   FirstBaseline firstBaseline() const override;
 
  protected:
+  /// For subclasses' factories.
   UITextView();
   void drawContent(Canvas& canvas, CGPoint at) const override;
   bool hasHeightForWidth() const override;

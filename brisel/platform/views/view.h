@@ -22,15 +22,23 @@ namespace internal {
 class Surroundings;
 }
 
-/// The published numbers.
-enum class UILayoutConstraintAxis : std::uint8_t { horizontal = 0, vertical = 1 };
+/// The two axes of layout, by the published numbers.
+enum class UILayoutConstraintAxis : std::uint8_t {
+  horizontal = 0,  ///< widths
+  vertical = 1,    ///< heights
+};
 
 /// Whether a view is mirrored where the interface runs from right to left: as its surroundings are, or never, or
 /// always.
-enum class UISemanticContentAttribute : std::uint8_t { unspecified, forceLeftToRight, forceRightToLeft };
+enum class UISemanticContentAttribute : std::uint8_t {
+  unspecified,       ///< as its surroundings are
+  forceLeftToRight,  ///< never
+  forceRightToLeft,  ///< always
+};
 
-/// The sizes to which views are asked to fit: as small as possible, and as large as wished.
+/// The size to which views are asked to fit as small as they can be.
 inline constexpr CGSize UILayoutFittingCompressedSize{0, 0};
+/// The size to which views are asked to fit as large as they wish.
 inline constexpr CGSize UILayoutFittingExpandedSize{10'000, 10'000};
 
 /// In a view's intrinsic content size: that it has none on this axis.
@@ -38,15 +46,15 @@ inline constexpr CGFloat UIViewNoIntrinsicMetric = -1;
 
 /// Where the first baseline of a view lies: this part of the view's height below its top, and these points more.
 struct FirstBaseline {
-  CGFloat fractionOfHeight = 1;
-  CGFloat offset = 0;
+  CGFloat fractionOfHeight = 1;  ///< 0…1
+  CGFloat offset = 0;            ///< points, downwards
 };
 
 /// A rectangle on the screen, in a tree of such. A view owns its subviews, layout guides and constraints; all that
 /// points up or across is weak. For the main thread only.
 class UIView : public LayoutItem {
  public:
-  /// `initWithFrame:`
+  /// `initWithFrame:`: a view that shows nothing.
   static std::shared_ptr<UIView> initWithFrame(const CGRect& frame = {});
   ~UIView() override;
 
@@ -55,9 +63,11 @@ class UIView : public LayoutItem {
   /// Puts a view in front of the other subviews, out of the place where it was. To add a view to itself or to what is
   /// below it, or none, is a programming error.
   void addSubview(const std::shared_ptr<UIView>& view);
+  /// Takes it out of its superview; harmless where it has none.
   void removeFromSuperview();
   /// From the hindmost to the foremost.
   const std::vector<std::shared_ptr<UIView>>& subviews() const noexcept { return subviews_; }
+  /// The view that owns it; null at the top.
   std::shared_ptr<UIView> superview() const noexcept;
   /// The window at the top of the tree, or null. A window is in itself.
   std::shared_ptr<UIWindow> window() const;
@@ -72,14 +82,15 @@ class UIView : public LayoutItem {
   void setFrame(const CGRect& frame);
   /// The same in its own coordinates: the origin is (0, 0).
   CGRect bounds() const noexcept { return {{}, frame_.size}; }
-  /// `convertPoint:toView:`, `convertRect:toView:`: from its own coordinates to those of a view of the same tree.
+  /// `convertPoint:toView:`: from its own coordinates to those of a view of the same tree.
   CGPoint convertPointToView(CGPoint point, const UIView& view) const noexcept;
+  /// `convertRect:toView:`: likewise.
   CGRect convertRectToView(const CGRect& rect, const UIView& view) const noexcept;
 
   // What is seen.
 
+  /// Whether it is left out when the tree is drawn, with all below it. It keeps its place all the same.
   bool isHidden() const noexcept { return hidden_; }
-  /// It keeps its place all the same.
   void setHidden(bool hidden) noexcept { hidden_ = hidden; }
   /// Null: none.
   const ColorPtr& backgroundColor() const noexcept { return backgroundColor_; }
@@ -109,10 +120,13 @@ class UIView : public LayoutItem {
   bool translatesAutoresizingMaskIntoConstraints() const noexcept { return translatesAutoresizingMask_; }
   void setTranslatesAutoresizingMaskIntoConstraints(bool translates);
 
-  /// How strongly the view resists becoming larger, and smaller, than its intrinsic content: 250 and 750 at first.
+  /// How strongly the view resists becoming larger than its intrinsic content; 250 at first.
   UILayoutPriority contentHuggingPriorityForAxis(UILayoutConstraintAxis axis) const noexcept;
+  /// `setContentHuggingPriority:forAxis:`: from the next layout on.
   void setContentHuggingPriority(UILayoutPriority priority, UILayoutConstraintAxis axis);
+  /// How strongly it resists becoming smaller; 750 at first.
   UILayoutPriority contentCompressionResistancePriorityForAxis(UILayoutConstraintAxis axis) const noexcept;
+  /// `setContentCompressionResistancePriority:forAxis:`: from the next layout on.
   void setContentCompressionResistancePriority(UILayoutPriority priority, UILayoutConstraintAxis axis);
 
   /// The size of its content, in points; `UIViewNoIntrinsicMetric` on an axis without one, as on both of a plain view.
@@ -134,8 +148,11 @@ class UIView : public LayoutItem {
   /// `constraints`: those that it holds, in the order of activation.
   const std::vector<std::shared_ptr<NSLayoutConstraint>>& constraints() const noexcept { return constraints_; }
 
+  /// Takes a guide, out of the view that owned it.
   void addLayoutGuide(const std::shared_ptr<UILayoutGuide>& guide);
+  /// Gives a guide away; the constraints that tie it are deactivated.
   void removeLayoutGuide(const std::shared_ptr<UILayoutGuide>& guide);
+  /// Its guides, in the order in which they were added.
   const std::vector<std::shared_ptr<UILayoutGuide>>& layoutGuides() const noexcept { return layoutGuides_; }
 
   // Its surroundings.
@@ -148,6 +165,7 @@ class UIView : public LayoutItem {
   /// Called when the view has come into a window or left one.
   virtual void didMoveToWindow();
 
+  /// Whether it is mirrored; unspecified at first.
   UISemanticContentAttribute semanticContentAttribute() const noexcept { return semanticContentAttribute_; }
   void setSemanticContentAttribute(UISemanticContentAttribute attribute);
   /// The direction that the semantic attribute forces, else that of its traits, else that of the user interface.
@@ -156,6 +174,7 @@ class UIView : public LayoutItem {
   std::shared_ptr<const UIView> layoutView() const override;
 
  protected:
+  /// For subclasses' factories.
   UIView();
 
   /// What every factory does with the bare object: gives it its frame, and runs `didInitWithFrame`.

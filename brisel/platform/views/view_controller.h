@@ -18,14 +18,18 @@ class Surroundings;
 /// the main thread only.
 class UIViewController : public NSObject {
  public:
+  /// A controller whose view has not been made.
   static std::shared_ptr<UIViewController> init();
   ~UIViewController() override;
 
   /// Made by `loadView` at the first call; never null.
   const std::shared_ptr<UIView>& view();
+  /// Whether the view has been made.
   bool isViewLoaded() const noexcept { return view_ != nullptr; }
 
+  /// The controller that owns it; null at the top.
   std::shared_ptr<UIViewController> parentViewController() const noexcept { return parent_.lock(); }
+  /// Those that it owns, in the order in which they were added.
   const std::vector<std::shared_ptr<UIViewController>>& childViewControllers() const noexcept { return children_; }
   /// `addChildViewController:`: takes it from its parent before; one that is a child already stays as it is. To add a
   /// controller to itself or to one below it, or none, is a programming error. Its view is for the caller to place.
@@ -48,6 +52,7 @@ class UIViewController : public NSObject {
   virtual void traitCollectionDidChange(const std::shared_ptr<const UITraitCollection>& previous);
 
  protected:
+  /// For subclasses' factories.
   UIViewController();
 
   /// Makes the view: a plain one, unless a subclass makes another. Never to answer null.

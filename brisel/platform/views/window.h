@@ -9,6 +9,7 @@ namespace Brisel::Platform {
 /// The top of a tree of views: what a host shows on the screen, and the door through which its surroundings come in.
 class UIWindow final : public UIView {
  public:
+  /// `initWithFrame:`: a window of which nothing is specified, and whose tree is empty.
   static std::shared_ptr<UIWindow> initWithFrame(const CGRect& frame = {});
 
   /// Told by the host of the user's settings; nothing is specified until then. All views below are told. Null: nothing

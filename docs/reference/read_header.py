@@ -1,0 +1,173 @@
+"""A public header as Doxygen is to read it: docs/Doxyfile runs `read_header.py <header>` for each.
+
+- Names that a header takes from a catalogue (a .def file) get a declaration each, and a sentence made of their row.
+- A comment holds for the overloads and for the setter that follow without a blank line or a comment of their own.
+- Members that are defaulted or deleted go, and so do friends without a comment: a class's own comment says whether it
+  is made, copied and compared.
+
+Every line keeps its number, so that warnings name the right one.
+"""
+
+import re
+import sys
+
+# By catalogue and kind of row, in terms of the row's fields and of those that `described` adds.
+SENTENCES = {
+    ("palette", "GREY"): "`{grey}` in the palette{opacity}, in grey form.",
+    ("palette", "RGB"): "`{rgb}` in the palette, of the family {title}.",
+    ("legacy_colors", "GREY"): "`{grey}` by an older name{opacity}, in grey form.",
+    ("legacy_colors", "RGB"): "`{rgb}` by an older name.",
+    ("opacities", "OPACITY"): "The opacity {number}.",
+    ("spacers", "SPACER"): "The spacing of {points} points.",
+    ("campaign", "CAMPAIGN"): "The campaign colours of {words}: {foreground} on {surface}.",
+    ("typefaces", "TYPEFACE"): "The typeface {familyName}.",
+    ("typefaces", "FONT_WEIGHT"): "The weight {suffix}.",
+    ("typefaces", "NUMBER_SPACING"): "Digits spaced as “{description}”.",
+    ("content_sizes", "CONTENT_SIZE"): "The text size at {scale} on the accessibility scale.",
+    ("type_styles", "TYPE_STYLE"): "The style {title}: {weight}, {size} points; {least} to {most} by the text size.",
+    ("icons", "ICON"): "The icon “{name}”{mirrored}.",
+}
+
+DEFINE = re.compile(r"#define BRISEL_(\w+)\(([^)]*)\)(.*)")
+ROW = re.compile(r"BRISEL_(\w+)\((.*)\)")
+# Commas and brackets within quotes or brackets belong to an argument.
+ARGUMENT = re.compile(r'\s*("[^"]*"|\([^()]*\)|[^,]+)\s*(?:,|$)')
+# What a program never names: hashes for the standard library's tables, and explicit instantiations.
+UNNAMED = re.compile(r"^template <>\nstruct std::hash<[^;]*?\{(?:\};|\n(?:.*\n)*?\};)|^extern template .*", re.M)
+# A member that is defaulted or deleted, and a friend with the body that it may have; each to the end of its last line.
+UNSAID = re.compile(
+    r"^ *(?!\w+:\n)[^\s/#*][^;{}]*= (?:default|delete);[^\n]*"
+    r"|^ *friend [^;{}]*(?:;|\{(?:[^{}]|\{[^{}]*\})*\})[^\n]*",
+    re.M,
+)
+
+
+def blank(text):
+    return "\n" * text.count("\n")
+
+
+def without_unsaid(found):
+    """Nothing, or the declaration itself where a comment above describes it."""
+    above = found.string[: found.start()].rstrip("\n").rpartition("\n")[2]
+    return found[0] if re.match(r" */// [^@]", above) else blank(found[0])
+
+
+def arguments(text):
+    return [argument.strip().strip('"()') for argument in ARGUMENT.findall(text)]
+
+
+def hex_of(*components):
+    return "#" + "".join(f"{int(float(component) * 255 + 0.5):02X}" for component in components)
+
+
+def shade(label):
+    return f"`#{label[1:]}`" if label.startswith("x") else label
+
+
+def described(fields, title):
+    """The row's fields, and what sentences say that no field says."""
+    more = dict(fields, title=fields.get("title", title))
+    if "white" in fields:
+        more["grey"] = hex_of(*[fields["white"]] * 3)
+        more["opacity"] = "" if float(fields["alpha"]) == 1 else f" at an opacity of {float(fields['alpha']):g}"
+    if "red" in fields:
+        more["rgb"] = hex_of(fields["red"], fields["green"], fields["blue"])
+    if "surface" in fields:
+        more["words"] = re.sub(r"(?=[A-Z0-9])", " ", fields["name"]).lower()
+        more["foreground"], more["surface"] = shade(fields["foreground"]), shade(fields["surface"])
+    if "fontSizes" in fields:
+        sizes = arguments(fields["fontSizes"])
+        more["least"], more["most"] = sizes[0], sizes[-1]
+    if "number" in fields:
+        more["points"] = f"{float(fields['number']):g}"
+    if "autoMirror" in fields:
+        more["mirrored"] = ", to be mirrored from right to left" if fields["autoMirror"] == "true" else ""
+    return more
+
+
+def expanded(path, macros):
+    """The declarations that a header's macros make of a catalogue, on one line. A definition is none."""
+    catalogue = re.search(r"(\w+)\.def$", path)[1]
+    names, title, declarations = {}, "", []
+    with open(path, encoding="utf-8") as file:
+        text = file.read().replace("\\\n", " ")
+    for line in text.splitlines():
+        if found := DEFINE.match(line):
+            names[found[1]] = [name.strip() for name in found[2].split(",")]
+        elif found := ROW.match(line):
+            kind, values = found[1], arguments(found[2])
+            if kind == "FAMILY":
+                title = values[-1]
+            if kind not in macros or "::" in macros[kind][1]:
+                continue
+            parameters, declaration = macros[kind]
+            for parameter, value in zip(parameters, values):
+                if parameter != "...":
+                    declaration = re.sub(rf"(?:\s*##\s*)?\b{parameter}\b(?:\s*##\s*)?", value, declaration)
+            sentence = SENTENCES[catalogue, kind].format(**described(dict(zip(names[kind], values)), title))
+            declarations.append(f"/** {sentence} */ {declaration}")
+    return " ".join(declarations)
+
+
+def name_of(declaration):
+    """The declared function's name; nothing for what declares none."""
+    found = re.match(r"(?!\s*(?:class|struct|enum|using|namespace|extern)\b)[^(={]*?([\w~]+)\(", declaration)
+    return found[1] if found else None
+
+
+def shared(text):
+    """The text, with comments repeated where they hold for what follows."""
+    lines = text.split("\n")
+    comment, name, depth = "", None, 0  # the comment above, whose it is, brackets that are open in a declaration
+    documented, declaration, first = False, "", 0
+    for number, line in enumerate(lines):
+        word = line.strip()
+        if depth == 0 and not declaration:
+            if word.startswith("///") and word[4:5] != "@":
+                comment = comment + " " + word[3:] if documented else word[3:]
+                documented, name = True, None
+                continue
+            if not word or word.startswith(("//", "#")) or word.endswith((":", "{")) and not name_of(word):
+                comment, documented, name = "", False, None
+                continue
+            first = number
+        declaration += " " + line.split("//")[0]
+        depth = sum(declaration.count(bracket) for bracket in "({") - sum(declaration.count(bracket) for bracket in ")}")
+        if depth > 0 or not re.search(r"[;}]\s*$", declaration) or re.search(r"requires\b[^;]*\{[^{}]*\}\s*$", declaration):
+            continue
+        declared = name_of(re.sub(r"^\s*template <[^{;]*?>(?=\s)(?:\s*requires .*?\}|)", "", declaration))
+        if documented or not declared:
+            name = declared
+        elif name and (declared == name or declared.lower() == "set" + re.sub(r"^is(?=[A-Z])", "", name).lower()):
+            lines[first] = f"/**{comment} */ {lines[first]}"
+        else:
+            name = None
+        documented, declaration, depth = False, "", 0
+    return "\n".join(lines)
+
+
+def header(text):
+    lines, macros = [], {}
+    text = UNNAMED.sub(lambda found: blank(found[0]), text)
+    text = UNSAID.sub(without_unsaid, text)
+    text = shared(text)
+    # A macro of several lines becomes one, and the lines that it leaves stand behind it.
+    text = re.sub(r"(?:.*\\\n)+.*", lambda found: found[0].replace("\\\n", " ") + blank(found[0]), text)
+    for line in text.split("\n"):
+        if found := DEFINE.match(line):
+            macros[found[1]] = [name.strip() for name in found[2].split(",")], found[3].strip()
+            line = ""
+        elif found := re.match(r'#include "(.*\.def)"', line):
+            line, macros = expanded(found[1], macros), {}
+        lines.append(line)
+    # Doxygen passes over the functions of a file without a comment. A remark at its head is that.
+    for number, line in enumerate(lines):
+        if not line.startswith("//"):
+            lines[number] = "/// \\file"
+            break
+        lines[number] = "/" + line
+    return "\n".join(lines)
+
+
+with open(sys.argv[1], encoding="utf-8") as file:
+    sys.stdout.write(header(file.read()))
