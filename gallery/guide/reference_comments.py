@@ -91,7 +91,7 @@ def declaration(member):
 def argument_types(member):
     """The types of a function's parameters, as reference_names.cc writes those of a signature."""
     types = [code_of(parameter, "type") for parameter in member.findall("param")]
-    return ",".join(re.sub(r"\s|\b\w+::", "", kind) for kind in types if kind != "void")
+    return ",".join(re.sub(r"\s|\bconst\b|\b\w+::", "", kind) for kind in types if kind != "void")
 
 
 class Comments:

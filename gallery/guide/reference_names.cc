@@ -159,7 +159,9 @@ std::string argumentTypes(std::string_view signature) {
   const std::string_view arguments = parse(signature).arguments;
   if (arguments.size() < 2) return {};
   std::string types = withoutScopes(arguments.substr(1, arguments.size() - 2));
-  types.erase(std::remove(types.begin(), types.end(), ' '), types.end());
+  for (const std::string_view word : {"const ", " const", " "}) {
+    for (auto at = types.find(word); at != kNone; at = types.find(word)) types.erase(at, word.size());
+  }
   return types == "void" ? std::string() : types;
 }
 

@@ -22,7 +22,7 @@ std::string sentenceMarkup(std::string_view sentence);
 /// The address of a name on the page: "TypeStyle-withFontSize" for "Brisel::TypeStyle::withFontSize".
 std::string fragmentOf(std::string_view name);
 
-/// What stands in a signature's brackets, without scopes and blanks: "double,constUIColor&".
+/// What stands in a signature's brackets, without const, scopes and blanks: "double,UIColor&".
 std::string argumentTypes(std::string_view signature);
 
 /// A signature as the page shows it: "(double) const → TypeStyle" for "(TypeStyle(double) const)".

@@ -84,11 +84,11 @@ TEST(ReferenceNames, SetCodeInSentencesApart) {
 TEST(ReferenceNames, HaveAddressesWithoutTheNamespace) {
   EXPECT_EQ(fragmentOf("Brisel::TypeStyle::withFontSize"), "TypeStyle-withFontSize");
   EXPECT_EQ(fragmentOf("brisel_diff"), "brisel_diff");
-  EXPECT_EQ(fragmentOf("double,constUIColor&"), "double-constUIColor-");
+  EXPECT_EQ(fragmentOf("double,UIColor&"), "double-UIColor-");
 }
 
 TEST(ReferenceNames, ReadSignatures) {
-  EXPECT_EQ(argumentTypes("(Brisel::TypeStyle(double, const Platform::UIColor&) const)"), "double,constUIColor&");
+  EXPECT_EQ(argumentTypes("(Brisel::TypeStyle(double, const Platform::UIColor&) const)"), "double,UIColor&");
   EXPECT_EQ(argumentTypes("(std::function<void(int)>())"), "");
   EXPECT_EQ(argumentTypes("(void(std::function<void(int)>))"), "function<void(int)>");
   EXPECT_EQ(argumentTypes("(void (A::*)(int, std::map<int, bool>))"), "int,map<int,bool>");
@@ -99,8 +99,8 @@ TEST(ReferenceNames, ReadSignatures) {
 
 TEST(ReferenceNames, FindTheCommentOfAnOverload) {
   constexpr ReferenceComment kComments[] = {{"A::f", "int", "", "", "first"},
-                                            {"A::f", "constString&", "", "", "second"},
-                                            {"A::f", "constshared_ptr<T>&,Update", "", "", "third"},
+                                            {"A::f", "String&", "", "", "second"},
+                                            {"A::f", "shared_ptr<T>&,Update", "", "", "third"},
                                             {"A::f", "T&,Update", "", "", "fourth"},
                                             {"B::B", "", "", "", "made"}};
   const auto sentence = [&](std::string_view name, std::string_view signature, Kind kind = Kind::function) {
