@@ -11,11 +11,12 @@ python := /usr/bin/python3
 build = cmake --preset $(1) && cmake --build --preset $(1) -j $(JOBS) $(if $(2),--target $(2))
 ctest = ctest --preset $(1) -j $(JOBS)
 
-.PHONY: help setup gallery test check release pressure asan tsan lint browser window tokens fuzz bench coverage install clean
+.PHONY: help setup gallery docs test check release pressure asan tsan lint browser window tokens fuzz bench coverage install clean
 .NOTPARALLEL:
 
 help:
 	@echo 'make gallery   build the library and draw its style guide: out/gallery/index.html'
+	@echo 'make docs      write the reference and the guide: out/docs/index.html'
 	@echo 'make test      build and run the tests'
 	@echo 'make check     what test leaves out: $(check_stages)'
 	@echo 'make bench     measure against the peers: out/bench/report.md'
@@ -34,12 +35,19 @@ gallery:
 	build/release/bin/brisel gallery --out out/gallery
 	@echo 'The style guide is at out/gallery/index.html'
 
+# Fails where a public name is not described.
+docs:
+	$(install_for) docs
+	rm -rf out/docs && mkdir -p out
+	doxygen docs/Doxyfile
+	@echo 'The reference is at out/docs/index.html'
+
 test:
 	$(install_for) build assets test
 	$(call build,dev)
 	$(call ctest,dev)
 
-check_stages := gallery release pressure asan tsan lint browser window tokens
+check_stages := gallery docs release pressure asan tsan lint browser window tokens
 check:
 	$(install_for) build assets gallery test check
 	@for stage in $(check_stages); do setup/stage.sh $$stage $(MAKE) --no-print-directory $$stage || exit 1; done

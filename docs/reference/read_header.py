@@ -36,7 +36,7 @@ ARGUMENT = re.compile(r'\s*("[^"]*"|\([^()]*\)|[^,]+)\s*(?:,|$)')
 UNNAMED = re.compile(r"^template <>\nstruct std::hash<[^;]*?\{(?:\};|\n(?:.*\n)*?\};)|^extern template .*", re.M)
 # A member that is defaulted or deleted, and a friend with the body that it may have; each to the end of its last line.
 UNSAID = re.compile(
-    r"^ *(?!\w+:\n)[^\s/#*][^;{}]*= (?:default|delete);[^\n]*"
+    r"^ *(?!\w+:\n)[^\s/#*{}][^;{}]*= (?:default|delete);[^\n]*"
     r"|^ *friend [^;{}]*(?:;|\{(?:[^{}]|\{[^{}]*\})*\})[^\n]*",
     re.M,
 )
@@ -151,6 +151,8 @@ def header(text):
     text = UNNAMED.sub(lambda found: blank(found[0]), text)
     text = UNSAID.sub(without_unsaid, text)
     text = shared(text)
+    # Doxygen takes all of a comment of one line for its first sentence, unless it is written like this.
+    text = re.sub(r"(?m)(^(?! *///).*\n *)/// ([^@].*)\n(?! *///)", r"\1/** \2 */\n", text)
     # A macro of several lines becomes one, and the lines that it leaves stand behind it.
     text = re.sub(r"(?:.*\\\n)+.*", lambda found: found[0].replace("\\\n", " ") + blank(found[0]), text)
     for line in text.split("\n"):
