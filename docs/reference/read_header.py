@@ -98,12 +98,11 @@ def expanded(path, macros):
             kind, values = found[1], arguments(found[2])
             if kind == "FAMILY":
                 title = values[-1]
-            if kind not in macros or "::" in macros[kind][1]:
+            if kind not in macros or macros[kind][1].startswith("inline "):
                 continue
             parameters, declaration = macros[kind]
-            for parameter, value in zip(parameters, values):
-                if parameter != "...":
-                    declaration = re.sub(rf"(?:\s*##\s*)?\b{parameter}\b(?:\s*##\s*)?", value, declaration)
+            said = dict(zip(parameters, values))
+            declaration = re.sub(r"\w+", lambda word: said.get(word[0], word[0]), declaration).replace("##", "")
             sentence = SENTENCES[catalogue, kind].format(**described(dict(zip(names[kind], values)), title))
             declarations.append(f"/** {sentence} */ {declaration}")
     return " ".join(declarations)

@@ -11,7 +11,7 @@ using Brisel::Platform::CGPoint;
 using Brisel::Platform::Dictionary;
 
 //! [subclass]
-/// As its base class, but more exact: the search asks the object itself how near it must come.
+// As its base class, but more exact: the search asks the object itself how near it must come.
 class ExactCurve final : public VLMBriselCubicBezierCurve {
  public:
   static std::shared_ptr<ExactCurve> initWithStartHandle(CGPoint start, CGPoint end) {
