@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <memory_resource>
 #include <vector>
 
 #include "brisel/platform/attributed_string.h"
@@ -24,16 +25,14 @@ struct TextDefaults {
 /// What an attributed string asks of shaping, layout and painting, span by span. The paragraph style at a paragraph's
 /// first character holds for all of it; the base direction at the text's first character holds for the text.
 struct TextSpans {
-  TextSpans() = default;
-  explicit TextSpans(const NSAttributedString& text, const TextDefaults& defaults = {});
+  /// The memory must outlive the spans; copies do not use it.
+  explicit TextSpans(const NSAttributedString& text, const TextDefaults& defaults = {},
+                     std::pmr::memory_resource* memory = std::pmr::get_default_resource());
 
-  /// As if made anew, in the room that there is.
-  void assign(const NSAttributedString& text, const TextDefaults& defaults);
-
-  std::vector<TypefaceSpan> typefaces;
-  std::vector<TextSizeSpan> sizes;
-  std::vector<ParagraphSpan> paragraphs;
-  std::vector<PaintSpan> paints;
+  std::pmr::vector<TypefaceSpan> typefaces;
+  std::pmr::vector<TextSizeSpan> sizes;
+  std::pmr::vector<ParagraphSpan> paragraphs;
+  std::pmr::vector<PaintSpan> paints;
   WritingDirection direction = WritingDirection::natural;
 };
 
