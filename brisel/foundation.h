@@ -9,6 +9,7 @@
 #include "brisel/icons/icon_font.h"
 #include "brisel/icons/icon_image.h"
 #include "brisel/infrastructure/cache.h"
+#include "brisel/infrastructure/dictionary_difference.h"
 #include "brisel/infrastructure/image_blending.h"
 #include "brisel/infrastructure/image_comparison.h"
 #include "brisel/infrastructure/image_enlarging.h"

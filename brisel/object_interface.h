@@ -2,6 +2,8 @@
 #pragma once
 
 #include "brisel/object_interface/base_legacy_label.h"
+#include "brisel/object_interface/cubic_bezier_curve.h"
+#include "brisel/object_interface/dictionaries.h"
 #include "brisel/object_interface/dynamic_type.h"
 #include "brisel/object_interface/fitting.h"
 #include "brisel/object_interface/fonts.h"
