@@ -81,7 +81,7 @@ def described(fields, title):
     if "number" in fields:
         more["points"] = f"{float(fields['number']):g}"
     if "autoMirror" in fields:
-        more["mirrored"] = ", to be mirrored from right to left" if fields["autoMirror"] == "true" else ""
+        more["mirrored"] = ", to be mirrored in right-to-left layouts" if fields["autoMirror"] == "true" else ""
     return more
 
 
@@ -110,38 +110,51 @@ def expanded(path, macros):
 
 def name_of(declaration):
     """The declared function's name; nothing for what declares none."""
-    found = re.match(r"(?!\s*(?:class|struct|enum|using|namespace|extern)\b)[^(={]*?([\w~]+)\(", declaration)
+    plain = re.sub(r"^\s*template <[^{;]*?>(?=\s)(?:\s*requires .*?\}|)", "", declaration)
+    found = re.match(r"(?!\s*(?:class|struct|enum|using|namespace|extern)\b)[^(={]*?([\w~]+)\(", plain)
     return found[1] if found else None
+
+
+def is_whole(declaration):
+    """Whether nothing of it, such as a body, is on the next line."""
+    opened = declaration.count("(") + declaration.count("{") - declaration.count(")") - declaration.count("}")
+    ends = re.search(r"[;}]\s*$", declaration) and not re.search(r"requires\b[^;]*\{[^{}]*\}\s*$", declaration)
+    return bool(ends) and opened <= 0
+
+
+def holds_for(owner, name):
+    """Whether the comment of one function holds for the other right below: an overload, or the setter of a getter."""
+    return name == owner or name.lower() == "set" + re.sub(r"^is(?=[A-Z])", "", owner).lower()
 
 
 def shared(text):
     """The text, with comments repeated where they hold for what follows."""
     lines = text.split("\n")
-    comment, name, depth = "", None, 0  # the comment above, whose it is, brackets that are open in a declaration
-    documented, declaration, first = False, "", 0
+    comment, owner = "", None  # the last comment, and whose it is
+    is_above = False  # whether it stands right above
+    declaration, first = "", 0  # the one that has begun, and its first line
     for number, line in enumerate(lines):
         word = line.strip()
-        if depth == 0 and not declaration:
+        if not declaration:
             if word.startswith("///") and word[4:5] != "@":
-                comment = comment + " " + word[3:] if documented else word[3:]
-                documented, name = True, None
+                comment = comment + " " + word[3:] if is_above else word[3:]
+                is_above, owner = True, None
                 continue
-            if not word or word.startswith(("//", "#")) or word.endswith((":", "{")) and not name_of(word):
-                comment, documented, name = "", False, None
+            if not word or word.startswith(("//", "#")) or (word.endswith((":", "{")) and not name_of(word)):
+                is_above, owner = False, None
                 continue
             first = number
         declaration += " " + line.split("//")[0]
-        depth = sum(declaration.count(bracket) for bracket in "({") - sum(declaration.count(bracket) for bracket in ")}")
-        if depth > 0 or not re.search(r"[;}]\s*$", declaration) or re.search(r"requires\b[^;]*\{[^{}]*\}\s*$", declaration):
+        if not is_whole(declaration):
             continue
-        declared = name_of(re.sub(r"^\s*template <[^{;]*?>(?=\s)(?:\s*requires .*?\}|)", "", declaration))
-        if documented or not declared:
-            name = declared
-        elif name and (declared == name or declared.lower() == "set" + re.sub(r"^is(?=[A-Z])", "", name).lower()):
+        name = name_of(declaration)
+        if is_above:
+            owner = name
+        elif owner and name and holds_for(owner, name):
             lines[first] = f"/**{comment} */ {lines[first]}"
         else:
-            name = None
-        documented, declaration, depth = False, "", 0
+            owner = None
+        is_above, declaration = False, ""
     return "\n".join(lines)
 
 
