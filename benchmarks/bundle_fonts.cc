@@ -15,13 +15,14 @@ namespace Brisel::Benchmarks {
 FcConfig* fontConfig() {
   static FcConfig* const config = [] {
     FcConfig* made = FcConfigCreate();
-    int files = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(BRISEL_BUNDLE_DIR)) {
-      const std::string file = entry.path().string();
-      if (!file.ends_with(".otf")) continue;
-      files += FcConfigAppFontAddFile(made, reinterpret_cast<const FcChar8*>(file.c_str())) ? 1 : 0;
-    }
-    if (files != 24) Platform::fatalError("The bundle's fonts are not all there");
+    // As the system's fonts: those of the application go whenever Qt removes a font of its own.
+    const std::string cache = (std::filesystem::temp_directory_path() / "brisel_benchmarks_fontconfig").string();
+    const std::string description =
+        "<fontconfig><dir>" BRISEL_BUNDLE_DIR "</dir><cachedir>" + cache + "</cachedir></fontconfig>";
+    FcConfigParseAndLoadFromMemory(made, reinterpret_cast<const FcChar8*>(description.c_str()), FcTrue);
+    FcConfigBuildFonts(made);
+    const FcFontSet* fonts = FcConfigGetFonts(made, FcSetSystem);
+    if (!fonts || fonts->nfont < 24) Platform::fatalError("The bundle's fonts are not all there");
     FcConfigSetCurrent(made);
     return made;
   }();

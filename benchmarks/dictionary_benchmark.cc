@@ -39,12 +39,13 @@ BRISEL_JOB("dictionary_difference/ours", [](benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(Brisel::difference(first, second));
 });
 BRISEL_JOB("dictionary_difference/unordered_map", [](benchmark::State& state) {
-  const Map first = map(-1), second = map(-2);
+  const Map first = map(-1);
+  const Map second = map(-2);
   for (auto _ : state) {
     Map differences;
-    for (const auto& [key, value] : first) {
-      const auto found = second.find(key);
-      if (found == second.end() || found->second != value) differences.emplace(key, value);
+    for (const auto& entry : first) {
+      const auto found = second.find(entry.first);
+      if (found == second.end() || found->second != entry.second) differences.insert(entry);
     }
     benchmark::DoNotOptimize(differences);
   }

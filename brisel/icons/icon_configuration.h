@@ -29,11 +29,11 @@ class IconConfiguration {
   Platform::CGSize imageSize() const noexcept { return imageSize_; }
   /// Absent: chosen by the font size.
   std::optional<Icon::GlyphSize> glyphSize() const noexcept { return glyphSize_; }
-  /// Of the glyph.
+  /// The glyph's colour.
   const Platform::ColorPtr& color() const noexcept { return color_.color(); }
-  /// Behind it, all over the image.
+  /// The colour behind it, all over the image.
   const Platform::ColorPtr& backgroundColor() const noexcept { return backgroundColor_.color(); }
-  /// Of the glyph's box from the middle of the image.
+  /// How far the glyph's box is from the middle of the image.
   Platform::CGPoint offset() const noexcept { return offset_; }
 
   /// "Icon: name: Heart, iconSize: (24.0, 24.0), imageSize: (32.0, 32.0)"

@@ -2,8 +2,7 @@
 
 #include <array>
 #include <cmath>
-#include <cstddef>
-#include <optional>
+#include <limits>
 #include <typeinfo>
 #include <utility>
 
@@ -23,25 +22,59 @@ struct Cubic {
   double slopeAt(double t) const { return c + (a * 3 * t + (b + b)) * t; }
 };
 
-// What Newton's method finds in its first steps, if it does. Which step it is changes from one x to the next, so that
-// a processor guesses it wrongly; to take all steps and choose among them costs less than that.
-std::optional<double> foundEarly(const Cubic& curve, double x, double epsilon) {
-  constexpr std::size_t kSteps = 3;
-  std::array<double, kSteps + 1> tried{};
-  std::size_t first = 0;
-  bool isFound = false, isFlat = false;
+// A t of Newton's method: how far x(t) is from the x that is solved for, and the slope there.
+struct Step {
+  Step(const Cubic& curve, double x, double at) : t(at), error(curve.at(t) - x), slope(curve.slopeAt(t)) {}
+  double next() const { return t - error / slope; }
+  double t, error, slope;
+};
+
+// What Newton's method finds in its first four steps; not a number where it needs more, or stops. How many it needs
+// changes from one x to the next, so that a processor guesses it wrongly: to take all four and choose costs less.
+[[gnu::always_inline]] inline double foundEarly(const Cubic& curve, double x, double epsilon) {
+  const Step a(curve, x, x), b(curve, x, a.next()), c(curve, x, b.next()), d(curve, x, c.next());
+  const auto isAway = [epsilon](const Step& step) { return static_cast<unsigned>(!(std::abs(step.error) < epsilon)); };
+  const auto isFlat = [](const Step& step) { return static_cast<unsigned>(std::abs(step.slope) < kFlat); };
+  const unsigned pastA = isAway(a), pastB = pastA & isAway(b), pastC = pastB & isAway(c), pastD = pastC & isAway(d);
+  if ((pastD | isFlat(a) | isFlat(b) | isFlat(c)) != 0) return std::numeric_limits<double>::quiet_NaN();
+  return std::array{a.t, b.t, c.t, d.t}[pastA + pastB + pastC];
+}
+
+[[gnu::noinline]] double searched(const VLMBriselCubicBezierCurve& curve, double x, double epsilon) {
   double t = x;
-  for (std::size_t step = 0; step <= kSteps; ++step) {
-    tried[step] = t;
-    const double error = curve.at(t) - x;
-    const double slope = curve.slopeAt(t);
-    isFound = static_cast<bool>(static_cast<int>(isFound) | static_cast<int>(std::abs(error) < epsilon));
-    first += static_cast<std::size_t>(!isFound);
-    isFlat = static_cast<bool>(static_cast<int>(isFlat) | static_cast<int>(std::abs(slope) < kFlat));
-    t -= error / slope;
+  for (int step = 0; step < kNewtonSteps; ++step) {
+    const double found = curve.sampleCurveX(t);
+    if (std::abs(found - x) < epsilon) return t;
+    const double slope = curve.sampleCurveDerivativeX(t);
+    if (std::abs(slope) < kFlat) break;
+    t -= (found - x) / slope;
   }
-  if (isFlat || !isFound) return std::nullopt;
-  return tried[first];
+
+  if (x < 0) return 0;
+  if (x > 1) return 1;
+  double low = 0, high = 1;
+  t = x;
+  do {
+    const double found = curve.sampleCurveX(t);
+    if (std::abs(found - x) < epsilon) return t;
+    const double lastLow = std::exchange(low, found < x ? t : low);
+    const double lastHigh = std::exchange(high, found < x ? high : t);
+    const double lastT = std::exchange(t, low + (high - low) * 0.5);
+    // Where low and high are neighbours, t is one of them, and a tolerance that nothing is within would keep the
+    // search there for ever. A round that changes nothing is like all that would follow, so no answer is lost. Any
+    // other round brings low and high nearer: there are some 1,075 at most, when high is halved down to 0.
+    if (low == lastLow && high == lastHigh && t == lastT) break;
+  } while (low < high);
+  return t;
+}
+
+[[gnu::noinline]] double eased(const VLMBriselCubicBezierCurve& curve, double x) {
+  return curve.sampleCurveY(curve.solveCurveX(x, curve.epsilon()));
+}
+
+// Only of a curve that overrides nothing is it known what its operations would call.
+bool overridesNothing(const VLMBriselCubicBezierCurve& curve) {
+  return typeid(curve) == typeid(VLMBriselCubicBezierCurve);
 }
 
 }  // namespace
@@ -71,40 +104,18 @@ double VLMBriselCubicBezierCurve::sampleCurveY(double t) const { return Cubic{ay
 double VLMBriselCubicBezierCurve::sampleCurveDerivativeX(double t) const { return Cubic{ax_, bx_, cx_}.slopeAt(t); }
 
 double VLMBriselCubicBezierCurve::solveCurveX(double x, double epsilon) const {
-  // Only where nothing is overridden is it known what the search would call.
-  if (typeid(*this) == typeid(VLMBriselCubicBezierCurve))
-    if (const std::optional<double> t = foundEarly({ax_, bx_, cx_}, x, epsilon)) return *t;
-
-  double t = x;
-  for (int step = 0; step < kNewtonSteps; ++step) {
-    const double found = sampleCurveX(t);
-    if (std::abs(found - x) < epsilon) return t;
-    const double slope = sampleCurveDerivativeX(t);
-    if (std::abs(slope) < kFlat) break;
-    t -= (found - x) / slope;
-  }
-
-  if (x < 0) return 0;
-  if (x > 1) return 1;
-  double low = 0, high = 1;
-  t = x;
-  do {
-    const double found = sampleCurveX(t);
-    if (std::abs(found - x) < epsilon) return t;
-    const double lastLow = std::exchange(low, found < x ? t : low);
-    const double lastHigh = std::exchange(high, found < x ? high : t);
-    const double lastT = std::exchange(t, low + (high - low) * 0.5);
-    // Where low and high are neighbours, t is one of them, and a tolerance that nothing is within would keep the
-    // search there for ever. A round that changes nothing is like all that would follow, so no answer is lost. Any
-    // other round brings low and high nearer: there are some 1,075 at most, when high is halved down to 0.
-    if (low == lastLow && high == lastHigh && t == lastT) break;
-  } while (low < high);
-  return t;
+  if (overridesNothing(*this))
+    if (const double t = foundEarly({ax_, bx_, cx_}, x, epsilon); !std::isnan(t)) return t;
+  return searched(*this, x, epsilon);
 }
 
 double VLMBriselCubicBezierCurve::solveCurveX(double x) const { return solveCurveX(x, epsilon()); }
 
-double VLMBriselCubicBezierCurve::yForGivenX(double x) const { return sampleCurveY(solveCurveX(x, epsilon())); }
+double VLMBriselCubicBezierCurve::yForGivenX(double x) const {
+  if (overridesNothing(*this))
+    if (const double t = foundEarly({ax_, bx_, cx_}, x, kEpsilon); !std::isnan(t)) return Cubic{ay_, by_, cy_}.at(t);
+  return eased(*this, x);
+}
 
 CGPoint VLMBriselCubicBezierCurve::lerpFrom(CGPoint from, CGPoint to, double progress) const {
   return {from.x + (to.x - from.x) * progress, from.y + (to.y - from.y) * progress};

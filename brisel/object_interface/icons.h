@@ -117,7 +117,7 @@ std::string_view NSStringFromVLMBriselIconGlyphSize(VLMBriselIconGlyphSize size)
 /// Medium for more than 20.0 points. The rule of `Brisel::Icon` is another one (by font size, above 16.0); that is
 /// deliberate.
 VLMBriselIconGlyphSize VLMBriselIconGlyphSizeFromHeight(Brisel::Platform::CGFloat height) noexcept;
-/// By the height alone.
+/// The same by a size's height alone.
 VLMBriselIconGlyphSize VLMBriselIconGlyphSizeFromCGSize(Brisel::Platform::CGSize size) noexcept;
 
 namespace VLMBrisel {

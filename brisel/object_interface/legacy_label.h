@@ -27,7 +27,7 @@ class VLMBriselLegacyLabel : public Brisel::Platform::UILabel, public VLMBriselB
   /// `initWithStyle:`: 100 points wide and 40 high, at the origin.
   static std::shared_ptr<VLMBriselLegacyLabel> initWithStyle(const Style& style);
 
-  /// Null at first. Another object, even an equal one, is applied; the same one does nothing.
+  /// The style that it holds; null at first. Another object, even an equal one, is applied; the same one does nothing.
   const Style& style() const noexcept { return style_; }
   virtual void setStyle(const Style& style);
   /// `setSwiftStyle:`: keeps a style that is not equal to the present one. Deliberately unlike `setStyle`: it compares

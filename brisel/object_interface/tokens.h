@@ -69,7 +69,7 @@ class VLMBriselSwiftScreenScale final : public Brisel::Platform::NSObject {
   VLMBriselSwiftScreenScale() = default;
 };
 
-/// The same reading under its older name.
+/// `VLMBriselSwiftScreenScale` under its older name.
 class VLMBriselScreenScale final : public Brisel::Platform::NSObject {
  public:
   /// A new object, though all members are static.

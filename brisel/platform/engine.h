@@ -136,8 +136,8 @@ class Engine {
   /// other faces than the same request gets now.
   std::uint64_t generation() const noexcept { return fontGeneration_.load(std::memory_order_acquire); }
 
-  /// Never null. A name that nobody has registered is answered by the port's substitute; unknown names in the cascade
-  /// are left out. Equal requests may get the same object.
+  /// The faces that draw a text. Never null: a name that nobody has registered is answered by the port's substitute;
+  /// unknown names in the cascade are left out. Equal requests may get the same object.
   std::shared_ptr<const Typeface> typeface(const TypefaceRequest& request);
 
   /// Shapes a text: bidirectional levels, one face for each character (the first of the cascade that has it, else one

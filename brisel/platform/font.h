@@ -25,15 +25,15 @@ class UIFont final : public NSObject {
 
   /// The PostScript name that was asked for; that of a substitute's face is `typeface()->name()`.
   std::string fontName() const { return descriptor_->postscriptName(); }
-  /// With the font's own size as its size attribute.
+  /// The description that it was made from, with the font's own size.
   const std::shared_ptr<const UIFontDescriptor>& fontDescriptor() const noexcept { return descriptor_; }
-  /// In points.
+  /// The size, in points.
   CGFloat pointSize() const noexcept { return pointSize_; }
 
   // Measures of the primary face at this size, in points.
   /// Above the baseline.
   CGFloat ascender() const noexcept;
-  /// Negative: below the baseline.
+  /// Below the baseline, negative.
   CGFloat descender() const noexcept;
   /// Between one line's descent and the next one's ascent.
   CGFloat leading() const noexcept;
@@ -44,7 +44,7 @@ class UIFont final : public NSObject {
   /// How high small letters without ascenders are.
   CGFloat xHeight() const noexcept;
 
-  /// Never null.
+  /// What draws it; never null.
   const std::shared_ptr<const Typeface>& typeface() const noexcept { return typeface_; }
   /// Whether the font or its cascade has a glyph for the character.
   bool hasCharacter(char32_t character) const;

@@ -38,9 +38,9 @@ class UIFontDescriptor final : public NSObject {
   /// keys.
   std::shared_ptr<const UIFontDescriptor> fontDescriptorByAddingAttributes(const Dictionary& attributes) const;
 
-  /// Empty where the name attribute is no text.
+  /// The name attribute; empty where that is no text.
   std::string postscriptName() const;
-  /// 0 where the size attribute is no number.
+  /// The size attribute, in points; 0 where that is no number.
   CGFloat pointSize() const;
   /// All attributes, the name first.
   Dictionary fontAttributes() const;

@@ -57,7 +57,7 @@ class UIImage final : public NSObject {
   CGImageAlphaInfo alphaInfo() const noexcept { return alphaInfo_; }
   /// Pixels a point, above 0.
   CGFloat scale() const noexcept { return scale_; }
-  /// Points: the pixels divided by the scale.
+  /// How large it is, in points: the pixels divided by the scale.
   CGSize size() const noexcept;
 
   /// Whether views may draw it in their tint; `automatic` at first.

@@ -78,16 +78,15 @@ class NSMapTable {
   /// Drops the entries of freed keys. An insertion does so by itself when the table has become twice as large as it was
   /// after the last time.
   void sweep() {
-    std::vector<Entry> swept;
-    for (auto it = entries_.begin(); it != entries_.end();) {
-      if (it->second.key.isExpired()) {
-        swept.push_back(std::move(it->second));
-        it = entries_.erase(it);
-      } else {
-        ++it;
-      }
-    }
-    sizeAfterSweep_ = entries_.size();
+    sweep([](const Key&) {});
+  }
+
+  /// `keyEnumerator` that sweeps as it goes, so that a large table is walked once.
+  std::vector<Key> sweptKeys() {
+    std::vector<Key> keys;
+    keys.reserve(entries_.size());
+    sweep([&keys](const Key& key) { keys.push_back(key); });
+    return keys;
   }
 
  private:
@@ -96,6 +95,21 @@ class NSMapTable {
     std::shared_ptr<V> value;
   };
   static constexpr std::size_t kSmallest = 8;
+
+  template <class ForLivingKey>
+  void sweep(ForLivingKey forLivingKey) {
+    std::vector<Entry> swept;  // dies last, when the table is whole again
+    for (auto it = entries_.begin(); it != entries_.end();) {
+      if (it->second.key.isExpired()) {
+        swept.push_back(std::move(it->second));
+        it = entries_.erase(it);
+      } else {
+        forLivingKey(it->second.key.weak());
+        ++it;
+      }
+    }
+    sizeAfterSweep_ = entries_.size();
+  }
 
   std::unordered_map<const void*, Entry> entries_;  // by address
   std::size_t sizeAfterSweep_ = 0;

@@ -57,6 +57,19 @@ TEST(MapTable, HoldsKeysWeaklyAndValuesStrongly) {
   EXPECT_TRUE(stored.expired());
 }
 
+TEST(MapTable, HandsOutTheKeysThatItsSweepLeaves) {
+  NSMapTable<int> table;
+  const auto kept = std::make_shared<Key>();
+  auto freed = std::make_shared<Key>();
+  table.setObject(value(1), kept);
+  table.setObject(value(2), freed);
+  freed.reset();
+  const auto keys = table.sweptKeys();
+  ASSERT_EQ(keys.size(), 1U);
+  EXPECT_EQ(keys.front().lock(), kept);
+  EXPECT_EQ(table.storedCount(), 1U);
+}
+
 TEST(MapTable, KnowsAnObjectBehindEachOfItsBases) {
   NSMapTable<int> table;
   const auto object = std::make_shared<Both>();

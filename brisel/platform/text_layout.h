@@ -72,7 +72,7 @@ struct TextOmission {
 /// more than rounding fits.
 struct TextLimits {
   std::size_t lines = std::numeric_limits<std::size_t>::max();  ///< 0 counts as 1
-  /// Points; as many whole lines as fit, but at least one.
+  /// How high the text may be, in points: as many whole lines as fit, but at least one.
   CGFloat height = std::numeric_limits<CGFloat>::infinity();
   /// Shapes an ellipsis like the text at a code unit; may be empty, or answer null, for no ellipsis.
   std::function<std::shared_ptr<const ShapedText>(std::uint32_t unit)> ellipsis;

@@ -8,7 +8,7 @@ namespace Brisel {
 /// deliberately not comparable: compare their values.
 class Opacity {
  public:
-  /// 0…1.
+  /// How opaque, 0…1.
   constexpr Platform::CGFloat value() const noexcept { return value_; }
 
 #define BRISEL_OPACITY(name, number, objectName) \

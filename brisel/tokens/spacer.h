@@ -7,7 +7,7 @@ namespace Brisel {
 /// One of the design system's spacing steps, such as `Brisel::Spacer::x16()`. There are no others.
 class Spacer {
  public:
-  /// In points.
+  /// The distance, in points.
   constexpr Platform::CGFloat value() const noexcept { return value_; }
 
   friend constexpr bool operator==(Spacer, Spacer) noexcept = default;

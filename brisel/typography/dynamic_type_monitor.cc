@@ -47,11 +47,10 @@ void DynamicTypeMonitor::contentSizeCategoryDidChange(const NSNotification& noti
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 void DynamicTypeMonitor::notifySubscribers(UIContentSizeCategory category) {
   currentContentSizeCategory_ = category;
-  listeners_.sweep();
   // Closures may free, subscribe and unsubscribe whom they like. So the snapshot keeps nobody alive but the subscriber
   // that is being called, and what to call is looked up just before the call.
-  for (const auto& key : listeners_.keyEnumerator())
-    if (const auto subscriber = key.lock())
+  for (auto& key : listeners_.sweptKeys())
+    if (const auto subscriber = std::exchange(key, {}).lock())
       if (const auto wrapper = listeners_.objectForKey(subscriber); wrapper && wrapper->onUpdate)
         wrapper->onUpdate(category);
 }

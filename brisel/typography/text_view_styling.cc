@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <new>
@@ -68,27 +69,38 @@ struct LabelAttributes {
   }
 };
 
-// A screen has many labels in few styles: those that are styled alike share their attributes.
-class SharedAttributes {
+// A screen has many views in few styles: those that are styled alike share what is made for a style.
+template <class Key, class Value>
+class Shared {
  public:
-  Dictionary of(const LabelAttributes& attributes) const {
-    if (auto shared = cache_.getValue(attributes)) return *std::move(shared);
-    Dictionary dictionary = attributes.dictionary();
-    cache_.setValue(dictionary, attributes, 0);
-    return dictionary;
+  template <class Make>
+  Value of(const Key& key, const Make& make) const {
+    if (auto known = cache_.getValue(key)) return *std::move(known);
+    Value value = make(key);
+    cache_.setValue(value, key, 0);
+    return value;
   }
+
+  static void build(void* place, std::size_t) noexcept { ::new (place) Shared; }
 
  private:
   static constexpr std::int64_t kCapacity = 64;
 
   // May be changed by any thread.
-  mutable Cache<LabelAttributes, Dictionary, Platform::internal::FieldHash<LabelAttributes>> cache_{
-      kCapacity, std::numeric_limits<std::int64_t>::max()};
+  mutable Cache<Key, Value, Platform::internal::FieldHash<Key>> cache_{kCapacity,
+                                                                       std::numeric_limits<std::int64_t>::max()};
 };
 
-void buildSharedAttributes(void* place, std::size_t) noexcept { ::new (place) SharedAttributes; }
+template <class Key, class Value>
+using SharedTable = internal::LazyTable<Shared<Key, Value>, 1, Shared<Key, Value>::build>;
 
-constinit internal::LazyTable<SharedAttributes, 1, buildSharedAttributes> sharedAttributes;
+constinit SharedTable<LabelAttributes, Dictionary> labelAttributes;
+constinit SharedTable<TypeStyle, std::shared_ptr<const TypeStyle>> subscribedStyles;
+
+std::shared_ptr<const TypeStyle> subscribed(const TypeStyle& typeStyle) {
+  return subscribedStyles[0].of(typeStyle,
+                                [](const TypeStyle& style) { return std::make_shared<const TypeStyle>(style); });
+}
 
 Dictionary baseAttributes(const UITextView& textView) {
   const auto paragraphStyle = NSMutableParagraphStyle::init();
@@ -113,9 +125,9 @@ void apply(UILabel& label, const TypeStyle& typeStyle, const UIContentSizeCatego
            bool useDynamicTypeMonitor) {
   if (auto* const recorder = dynamic_cast<StyleRecorder*>(&label)) recorder->recordStyle(typeStyle);
   if (useDynamicTypeMonitor) {
-    auto update = [weak = weakly(label), typeStyle](const UIContentSizeCategory& category) {
+    auto update = [weak = weakly(label), style = subscribed(typeStyle)](const UIContentSizeCategory& category) {
       // Without the flag: a subscription must not be renewed from within its own notification.
-      if (const auto subscriber = weak.lock()) apply(*subscriber, typeStyle, category, false);
+      if (const auto subscriber = weak.lock()) apply(*subscriber, *style, category, false);
     };
     DynamicTypeMonitor::shared()->subscribe(label, std::move(update));
   }
@@ -128,7 +140,8 @@ void apply(UILabel& label, const TypeStyle& typeStyle, const UIContentSizeCatego
 
   const auto characters = label.characters();
   if (!characters) return;
-  const Dictionary attributes = sharedAttributes[0].of({font, label.textAlignment(), label.lineBreakMode()});
+  const Dictionary attributes = labelAttributes[0].of({font, label.textAlignment(), label.lineBreakMode()},
+                                                      std::mem_fn(&LabelAttributes::dictionary));
   const auto styled = configuration.usesUpperCaseLayout() ? Platform::NSAttributedString::initWithString(
                                                                 Platform::upperCased(characters->string()), attributes)
                                                           : characters->withAttributes(attributes);
@@ -161,10 +174,10 @@ void applyPlaceholder(UITextField& textField, const TypeStyle& typeStyle,
 void apply(UITextView& textView, const TypeStyle& typeStyle, const UIContentSizeCategory& contentSizeCategory,
            bool useDynamicTypeMonitor) {
   if (useDynamicTypeMonitor) {
-    auto update = [weak = weakly(textView), typeStyle](const UIContentSizeCategory&) {
+    auto update = [weak = weakly(textView), style = subscribed(typeStyle)](const UIContentSizeCategory&) {
       // Deliberately unlike labels, which use the category that they are handed.
       if (const auto subscriber = weak.lock())
-        restyle(*subscriber, typeStyle, DynamicTypeMonitor::shared()->preferredContentSizeCategory());
+        restyle(*subscriber, *style, DynamicTypeMonitor::shared()->preferredContentSizeCategory());
     };
     DynamicTypeMonitor::shared()->subscribe(textView, std::move(update));
   }

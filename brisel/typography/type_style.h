@@ -76,18 +76,18 @@ class TypeStyle {
           usesUpperCaseLayout_(usesUpperCaseLayout),
           fontFeatures_(std::move(fontFeatures)) {}
 
-    /// In points.
+    /// The sizes, in points.
     const AccessibilityRange& fontSize() const noexcept { return fontSize_; }
     /// The smallest factor, 0…1, by which a view may shrink the text to make it fit.
     const AccessibilityRange& minimumScaleFactor() const noexcept { return minimumScaleFactor_; }
     /// Whether text is laid out in capitals.
     bool usesUpperCaseLayout() const noexcept { return usesUpperCaseLayout_; }
-    /// Empty for every style of the catalogue.
+    /// What is asked of the fonts beside their shapes; nothing for styles of the catalogue.
     const std::vector<Font::Feature>& fontFeatures() const noexcept { return fontFeatures_; }
 
     /// All fields, in braces, one a line.
     std::string description() const;
-    /// The same.
+    /// The same as `description`.
     std::string debugDescription() const;
 
     friend bool operator==(const Configuration&, const Configuration&) = default;

@@ -36,7 +36,7 @@ ARGUMENT = re.compile(r'\s*("[^"]*"|\([^()]*\)|[^,]+)\s*(?:,|$)')
 UNNAMED = re.compile(r"^template <>\nstruct std::hash<[^;]*?\{(?:\};|\n(?:.*\n)*?\};)|^extern template .*", re.M)
 # A member that is defaulted or deleted, and a friend with the body that it may have; each to the end of its last line.
 UNSAID = re.compile(
-    r"^ *(?!\w+:\n)[^\s/#*][^;{}]*= (?:default|delete);[^\n]*"
+    r"^ *(?!\w+:\n)[^\s/#*{}][^;{}]*= (?:default|delete);[^\n]*"
     r"|^ *friend [^;{}]*(?:;|\{(?:[^{}]|\{[^{}]*\})*\})[^\n]*",
     re.M,
 )
@@ -81,7 +81,7 @@ def described(fields, title):
     if "number" in fields:
         more["points"] = f"{float(fields['number']):g}"
     if "autoMirror" in fields:
-        more["mirrored"] = ", to be mirrored from right to left" if fields["autoMirror"] == "true" else ""
+        more["mirrored"] = ", to be mirrored in right-to-left layouts" if fields["autoMirror"] == "true" else ""
     return more
 
 
@@ -98,12 +98,11 @@ def expanded(path, macros):
             kind, values = found[1], arguments(found[2])
             if kind == "FAMILY":
                 title = values[-1]
-            if kind not in macros or "::" in macros[kind][1]:
+            if kind not in macros or macros[kind][1].startswith("inline "):
                 continue
             parameters, declaration = macros[kind]
-            for parameter, value in zip(parameters, values):
-                if parameter != "...":
-                    declaration = re.sub(rf"(?:\s*##\s*)?\b{parameter}\b(?:\s*##\s*)?", value, declaration)
+            said = dict(zip(parameters, values))
+            declaration = re.sub(r"\w+", lambda word: said.get(word[0], word[0]), declaration).replace("##", "")
             sentence = SENTENCES[catalogue, kind].format(**described(dict(zip(names[kind], values)), title))
             declarations.append(f"/** {sentence} */ {declaration}")
     return " ".join(declarations)
@@ -111,38 +110,51 @@ def expanded(path, macros):
 
 def name_of(declaration):
     """The declared function's name; nothing for what declares none."""
-    found = re.match(r"(?!\s*(?:class|struct|enum|using|namespace|extern)\b)[^(={]*?([\w~]+)\(", declaration)
+    plain = re.sub(r"^\s*template <[^{;]*?>(?=\s)(?:\s*requires .*?\}|)", "", declaration)
+    found = re.match(r"(?!\s*(?:class|struct|enum|using|namespace|extern)\b)[^(={]*?([\w~]+)\(", plain)
     return found[1] if found else None
+
+
+def is_whole(declaration):
+    """Whether nothing of it, such as a body, is on the next line."""
+    opened = declaration.count("(") + declaration.count("{") - declaration.count(")") - declaration.count("}")
+    ends = re.search(r"[;}]\s*$", declaration) and not re.search(r"requires\b[^;]*\{[^{}]*\}\s*$", declaration)
+    return bool(ends) and opened <= 0
+
+
+def holds_for(owner, name):
+    """Whether the comment of one function holds for the other right below: an overload, or the setter of a getter."""
+    return name == owner or name.lower() == "set" + re.sub(r"^is(?=[A-Z])", "", owner).lower()
 
 
 def shared(text):
     """The text, with comments repeated where they hold for what follows."""
     lines = text.split("\n")
-    comment, name, depth = "", None, 0  # the comment above, whose it is, brackets that are open in a declaration
-    documented, declaration, first = False, "", 0
+    comment, owner = "", None  # the last comment, and whose it is
+    is_above = False  # whether it stands right above
+    declaration, first = "", 0  # the one that has begun, and its first line
     for number, line in enumerate(lines):
         word = line.strip()
-        if depth == 0 and not declaration:
+        if not declaration:
             if word.startswith("///") and word[4:5] != "@":
-                comment = comment + " " + word[3:] if documented else word[3:]
-                documented, name = True, None
+                comment = comment + " " + word[3:] if is_above else word[3:]
+                is_above, owner = True, None
                 continue
-            if not word or word.startswith(("//", "#")) or word.endswith((":", "{")) and not name_of(word):
-                comment, documented, name = "", False, None
+            if not word or word.startswith(("//", "#")) or (word.endswith((":", "{")) and not name_of(word)):
+                is_above, owner = False, None
                 continue
             first = number
         declaration += " " + line.split("//")[0]
-        depth = sum(declaration.count(bracket) for bracket in "({") - sum(declaration.count(bracket) for bracket in ")}")
-        if depth > 0 or not re.search(r"[;}]\s*$", declaration) or re.search(r"requires\b[^;]*\{[^{}]*\}\s*$", declaration):
+        if not is_whole(declaration):
             continue
-        declared = name_of(re.sub(r"^\s*template <[^{;]*?>(?=\s)(?:\s*requires .*?\}|)", "", declaration))
-        if documented or not declared:
-            name = declared
-        elif name and (declared == name or declared.lower() == "set" + re.sub(r"^is(?=[A-Z])", "", name).lower()):
+        name = name_of(declaration)
+        if is_above:
+            owner = name
+        elif owner and name and holds_for(owner, name):
             lines[first] = f"/**{comment} */ {lines[first]}"
         else:
-            name = None
-        documented, declaration, depth = False, "", 0
+            owner = None
+        is_above, declaration = False, ""
     return "\n".join(lines)
 
 
@@ -151,6 +163,8 @@ def header(text):
     text = UNNAMED.sub(lambda found: blank(found[0]), text)
     text = UNSAID.sub(without_unsaid, text)
     text = shared(text)
+    # Doxygen takes all of a comment of one line for its first sentence, unless it is written like this.
+    text = re.sub(r"(?m)(^(?! *///).*\n *)/// ([^@].*)\n(?! *///)", r"\1/** \2 */\n", text)
     # A macro of several lines becomes one, and the lines that it leaves stand behind it.
     text = re.sub(r"(?:.*\\\n)+.*", lambda found: found[0].replace("\\\n", " ") + blank(found[0]), text)
     for line in text.split("\n"):

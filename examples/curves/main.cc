@@ -7,14 +7,15 @@
 #include "brisel/object_interface/dictionaries.h"
 #include "brisel/platform/value.h"
 
+using Brisel::Platform::CGPoint;
 using Brisel::Platform::Dictionary;
 
 //! [subclass]
-/// As its base class, but more exact: the search asks the object itself how near it must come.
+// As its base class, but more exact: the search asks the object itself how near it must come.
 class ExactCurve final : public VLMBriselCubicBezierCurve {
  public:
-  static std::shared_ptr<ExactCurve> initWithStartHandle(CGPoint startHandle, CGPoint endHandle) {
-    return made(std::shared_ptr<ExactCurve>(new ExactCurve), startHandle, endHandle);
+  static std::shared_ptr<ExactCurve> initWithStartHandle(CGPoint start, CGPoint end) {
+    return made(std::shared_ptr<ExactCurve>(new ExactCurve), start, end);
   }
   double epsilon() const override { return 1e-9; }
 

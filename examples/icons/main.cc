@@ -78,7 +78,7 @@ void showPixels() {
   const auto& rgba = lighter->bitmap()->rgba;
   std::printf("(%d, %d, %d)\n", rgba[0], rgba[1], rgba[2]);
 
-  // A tolerance of 0.4 is 102 of 255 in every channel: the red is too far off, and then it is not.
+  // 0.4 of full scale is 102 of 255: a channel that differs by 200 is too far off, one that does by 100 is not.
   std::printf("%s, %s\n", Brisel::isEqualToPixels(*red, blue, 0.4) ? "equal" : "unequal",
               Brisel::isEqualToPixels(*red, lighter, 0.4) ? "equal" : "unequal");
 

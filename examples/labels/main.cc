@@ -50,6 +50,7 @@ void showLegacyLabel() {
 void showSizing() {
   //! [sizing]
   const auto label = UILabel::initWithFrame();
+  label->setTranslatesAutoresizingMaskIntoConstraints(false);  // else its frame stands as it is set
   label->setNumberOfLines(0);
   Brisel::apply(*label, TypeStyle::ballad(), UIContentSizeCategoryLarge, false);
   label->setText("Good evening");

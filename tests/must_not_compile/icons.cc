@@ -14,28 +14,28 @@ int main() {
   (void)(icon == Brisel::Icon::skip() && size == Brisel::Icon::GlyphSize::x24);
   (void)std::hash<Brisel::Icon>()(icon);
   (void)Brisel::Icon("Ban");
-#if CASE == 1  // error: no match for 'operator=='
+#if REFUSED  // error: no match for 'operator=='
   (void)(glyph == *Brisel::Icon::skip().glyphs().x16());
 #endif
-#if CASE == 2  // error: no match for 'operator=='
+#if REFUSED  // error: no match for 'operator=='
   (void)(icon.glyphs() == Brisel::Icon::skip().glyphs());
 #endif
-#if CASE == 3  // error: conversion from .* to non-scalar type 'const Brisel::Icon'
+#if REFUSED  // error: conversion from .* to non-scalar type 'const Brisel::Icon'
   const Brisel::Icon named = "Ban";
 #endif
-#if CASE == 4  // error: use of deleted function 'void Brisel::operator<=>
+#if REFUSED  // error: use of deleted function 'void Brisel::operator<=>
   (void)(size < Brisel::Icon::GlyphSize::x24);
 #endif
-#if CASE == 5  // error: use of deleted function|no match for call
+#if REFUSED  // error: use of deleted function|no match for call
   (void)std::hash<Brisel::Icon::Glyphs>()(icon.glyphs());
 #endif
-#if CASE == 6  // error: invalid conversion from 'int' to 'VLMBriselIcon'
+#if REFUSED  // error: invalid conversion from 'int' to 'VLMBriselIcon'
   const VLMBriselIcon number = 1;
 #endif
-#if CASE == 7  // error: use of deleted function 'void operator<=>
+#if REFUSED  // error: use of deleted function 'void operator<=>
   (void)(VLMBriselSwiftIcons::GlyphSize::small < VLMBriselSwiftIcons::GlyphSize::medium);
 #endif
-#if CASE == 8  // error: 'VLMBriselSwiftIcons::VLMBriselSwiftIcons\(.*\)' is private
+#if REFUSED  // error: 'VLMBriselSwiftIcons::VLMBriselSwiftIcons\(.*\)' is private
   const VLMBriselSwiftIcons object(icon);
 #endif
   (void)glyph;

@@ -2,14 +2,13 @@
 
 usage: run.py <file> <source folder> <compiler>
 
-The file holds snippets, each with a pattern of the error that is expected of it:
+The file holds snippets, each with a pattern of the error that is expected on one of its lines:
 
-    #if CASE == 1  // error: no match for 'operator=='
+    #if REFUSED  // error: no match for 'operator=='
       …
     #endif
 
-Without a case (CASE is 0) the file must compile: the proof that a case fails for its own reason. Cases are numbered
-from 1 without gaps.
+Without them the file must compile: the proof that a snippet is refused for its own reason. All are compiled at once.
 """
 
 import os
@@ -19,34 +18,35 @@ import sys
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-CASE = re.compile(r"^#if CASE == (\d+)\s*// error: (.*)$", re.MULTILINE)
+SNIPPET = re.compile(r"^#if REFUSED\s*// error: (.*?)\s*$(.*?)^#endif$", re.MULTILINE | re.DOTALL)
 
 
-def compile_case(file, root, compiler, number):
-    command = [compiler, "-std=c++20", "-fsyntax-only", "-I", str(root), f"-DCASE={number}", str(file)]
+def compile_file(file, root, compiler, refused):
+    command = [compiler, "-std=c++20", "-fsyntax-only", "-I", str(root), f"-DREFUSED={refused}", str(file)]
     return subprocess.run(command, text=True, capture_output=True, env={**os.environ, "LC_ALL": "C"})
 
 
-def complaint(result, number, pattern):
-    if number == 0:
-        return f"the control does not compile:\n{result.stderr}" if result.returncode else None
-    if result.returncode == 0:
-        return f"case {number} compiles"
-    errors = [line for line in result.stderr.splitlines() if "error:" in line]
-    if not any(re.search(pattern, line) for line in errors):
-        return f"case {number} fails for another reason than '{pattern}':\n" + "\n".join(errors)
-    return None
+def complaint(text, errors, snippet):
+    first = text.count("\n", 0, snippet.start()) + 1
+    last = first + snippet[0].count("\n")
+    found = [message for line, message in errors if first < line < last]
+    if any(re.search(snippet[1], message) for message in found):
+        return None
+    return f"lines {first}-{last} are not refused for '{snippet[1]}' but for: " + ("; ".join(found) or "nothing")
 
 
 if __name__ == "__main__":
     file, root, compiler = Path(sys.argv[1]), Path(sys.argv[2]), sys.argv[3]
     text = file.read_text()
-    cases = [(int(number), pattern.strip()) for number, pattern in CASE.findall(text)]
-    if [number for number, _ in cases] != list(range(1, len(cases) + 1)) or len(cases) != text.count("#if CASE"):
-        sys.exit(f"{file}: cases must be numbered from 1, each with '// error: <pattern>'")
-    runs = [(0, ""), *cases]
+    snippets = list(SNIPPET.finditer(text))
+    if not snippets or len(snippets) != text.count("#if"):
+        sys.exit(f"{file}: every snippet stands in '#if REFUSED  // error: <pattern>'")
     with ThreadPoolExecutor(os.cpu_count()) as pool:
-        results = pool.map(lambda run: compile_case(file, root, compiler, run[0]), runs)
-        found = [text for text in map(lambda result, run: complaint(result, *run), results, runs) if text]
-    print("\n".join(found) or f"{len(cases)} cases are refused")
+        control, refused = pool.map(lambda number: compile_file(file, root, compiler, number), (0, 1))
+    if control.returncode:
+        sys.exit(f"the control does not compile:\n{control.stderr}")
+    error = re.compile(rf"^{re.escape(str(file))}:(\d+):\d+: error: (.*)$", re.MULTILINE)
+    errors = [(int(line), message) for line, message in error.findall(refused.stderr)]
+    found = [text for text in (complaint(text, errors, snippet) for snippet in snippets) if text]
+    print("\n".join(found) or f"{len(snippets)} snippets are refused")
     sys.exit(1 if found else 0)

@@ -13,25 +13,25 @@ int main() {
   const auto object = dark->base();
   (void)(set == Theme::dark().base() && set.text() == set.text());
   (void)(object == dark->base());
-#if CASE == 1  // error: use of deleted function 'Brisel::Theme::ColorSet::Campaign::Campaign\(\)'
+#if REFUSED  // error: use of deleted function 'Brisel::Theme::ColorSet::Campaign::Campaign\(\)'
   const Theme::ColorSet::Campaign campaign;
 #endif
-#if CASE == 2  // error: no match for 'operator=='
+#if REFUSED  // error: no match for 'operator=='
   (void)(set.text() == set.essential());
 #endif
-#if CASE == 3  // error: no match for 'operator=='
+#if REFUSED  // error: no match for 'operator=='
   (void)(*object == *dark->base());
 #endif
-#if CASE == 4  // error: no match for 'operator=='
+#if REFUSED  // error: no match for 'operator=='
   (void)(object == set);
 #endif
-#if CASE == 5  // error: no matching function for call to 'VLMBriselColorTheme::VLMBriselColorTheme\(\)'
-  const VLMBriselColorTheme made;
+#if REFUSED  // error: no matching function for call to 'VLMBriselColorTheme::VLMBriselColorTheme\(\)'
+  const VLMBriselColorTheme theme;
 #endif
-#if CASE == 6  // error: 'VLMBriselColorTheme::VLMBriselColorTheme\(.*\)' is private
-  const VLMBriselColorTheme made(Theme::dark());
+#if REFUSED  // error: 'VLMBriselColorTheme::VLMBriselColorTheme\(.*\)' is private
+  const VLMBriselColorTheme darkTheme(Theme::dark());
 #endif
-#if CASE == 7  // error: VLMBriselCampaignColorSets::VLMBriselCampaignColorSets\(\)' is private
-  const VLMBriselCampaignColorSets made;
+#if REFUSED  // error: VLMBriselCampaignColorSets::VLMBriselCampaignColorSets\(\)' is private
+  const VLMBriselCampaignColorSets sets;
 #endif
 }

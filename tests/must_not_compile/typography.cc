@@ -24,40 +24,40 @@ int main() {
   apply(*textView, style, category, true);
   briselSwift_applyStyle(*label, VLMBriselTypeStyle::ballad(), category, true);
   briselSwift_applyStyle(*textView, VLMBriselTypeStyle::ballad(), category, true);
-#if CASE == 1  // error: no match for 'operator=='
+#if REFUSED  // error: no match for 'operator=='
   (void)(font == weight);
 #endif
-#if CASE == 2  // error: conversion from 'int' to .*Brisel::Font'
-  const Brisel::Font number = 1;
+#if REFUSED  // error: conversion from 'int' to .*Brisel::Font'
+  const Brisel::Font numberedFont = 1;
 #endif
-#if CASE == 3  // error: use of deleted function 'void Brisel::operator<=>
+#if REFUSED  // error: use of deleted function 'void Brisel::operator<=>
   (void)(font < font);
 #endif
-#if CASE == 4  // error: use of deleted function|no match for call
+#if REFUSED  // error: use of deleted function|no match for call
   (void)std::hash<Brisel::Font::Weight>()(weight);
 #endif
-#if CASE == 5  // error: cannot convert 'const Brisel::Font' to 'const int'
-  const int number = font;
+#if REFUSED  // error: cannot convert 'const Brisel::Font' to 'const int'
+  const int fontNumber = font;
 #endif
-#if CASE == 6  // error: use of deleted function .*withFontSize
+#if REFUSED  // error: use of deleted function .*withFontSize
   (void)style.withFontSize(true);
 #endif
-#if CASE == 7  // error: use of deleted function .*withMinimumScaleFactor
+#if REFUSED  // error: use of deleted function .*withMinimumScaleFactor
   (void)style.withMinimumScaleFactor(true);
 #endif
-#if CASE == 8  // error: 'VLMBriselTypeStyle::VLMBriselTypeStyle\(.*\)' is private
+#if REFUSED  // error: 'VLMBriselTypeStyle::VLMBriselTypeStyle\(.*\)' is private
   const VLMBriselTypeStyle object(style);
 #endif
-#if CASE == 9  // error: use of deleted function .*apply.*UILabel
+#if REFUSED  // error: use of deleted function .*apply.*UILabel
   apply(*label, style, category, "yes");
 #endif
-#if CASE == 10  // error: use of deleted function .*apply.*UITextView
+#if REFUSED  // error: use of deleted function .*apply.*UITextView
   apply(*textView, style, category, "yes");
 #endif
-#if CASE == 11  // error: use of deleted function .*briselSwift_applyStyle.*UILabel
+#if REFUSED  // error: use of deleted function .*briselSwift_applyStyle.*UILabel
   briselSwift_applyStyle(*label, VLMBriselTypeStyle::ballad(), category, "yes");
 #endif
-#if CASE == 12  // error: use of deleted function .*briselSwift_applyStyle.*UITextView
+#if REFUSED  // error: use of deleted function .*briselSwift_applyStyle.*UITextView
   briselSwift_applyStyle(*textView, VLMBriselTypeStyle::ballad(), category, "yes");
 #endif
 }

@@ -1,9 +1,12 @@
 #include "brisel/platform/views/label.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <memory_resource>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -24,47 +27,46 @@ constexpr CGFloat kInfinity = std::numeric_limits<CGFloat>::infinity();
 // How often the range of scales is halved in search of the one at which several lines fit.
 constexpr int kHalvings = 12;
 
-// A text as it was shaped, with what it is drawn in. It is updated in place, so that a label that is restyled again and
-// again needs no new room, and keeps its glyphs as long as only sizes and colours change.
+// Glyphs, and what they were shaped from: they are kept as long as only sizes and colours change.
 class Shaping {
  public:
-  void update(const NSAttributedString& text, const TextDefaults& defaults, UIUserInterfaceLayoutDirection fallback) {
-    const WritingDirection direction = spans_.direction;
-    typefacesBefore_.swap(spans_.typefaces);
-    spans_.assign(text, defaults);
-    auto characters = text.sharedUtf16();
-    const std::uint64_t generation = engine().generation();
-    const bool isAlike = shaped_ && generation_ == generation && fallback_ == fallback &&
-                         spans_.direction == direction && typefacesAreAlike() &&
-                         (characters_ == characters || *characters_ == *characters);
-    typefacesBefore_.clear();
-    characters_ = std::move(characters);
-    fallback_ = fallback;
-    generation_ = generation;
-    if (!isAlike) shaped_ = shape(text, spans_, fallback_);
-  }
-
-  const TextSpans& spans() const noexcept { return spans_; }
-  UIUserInterfaceLayoutDirection fallback() const noexcept { return fallback_; }
   const std::shared_ptr<const ShapedText>& shaped() const noexcept { return shaped_; }
 
+  /// Whether other glyphs were needed.
+  bool update(const NSAttributedString& text, const TextSpans& spans, UIUserInterfaceLayoutDirection fallback) {
+    const std::uint64_t generation = engine().generation();
+    const bool isAlike = shaped_ && generation_ == generation && fallback_ == fallback &&
+                         direction_ == spans.direction && areAlike(spans.typefaces) && areAlike(text.sharedUtf16());
+    if (isAlike) return false;
+    shaped_ = shape(text, spans, fallback);
+    characters_ = text.sharedUtf16();
+    typefaces_.assign(spans.typefaces.begin(), spans.typefaces.end());
+    direction_ = spans.direction;
+    fallback_ = fallback;
+    generation_ = generation;
+    return true;
+  }
+
  private:
-  bool typefacesAreAlike() const {
+  bool areAlike(std::span<const TypefaceSpan> typefaces) const {
     const auto isAlike = [anySize = shaped_->scalesLinearly](const TypefaceSpan& a, const TypefaceSpan& b) {
       return a.end == b.end && a.typeface == b.typeface && a.usesLigatures == b.usesLigatures &&
              (anySize || a.pointSize == b.pointSize);
     };
-    return std::equal(typefacesBefore_.begin(), typefacesBefore_.end(), spans_.typefaces.begin(),
-                      spans_.typefaces.end(), isAlike);
+    return std::equal(typefaces_.begin(), typefaces_.end(), typefaces.begin(), typefaces.end(), isAlike);
   }
 
+  bool areAlike(const std::shared_ptr<const std::u16string>& characters) const {
+    return characters_ == characters || *characters_ == *characters;
+  }
+
+  std::shared_ptr<const ShapedText> shaped_;
   // Without the attributes: they would keep fonts alive, and the text that is replaced.
   std::shared_ptr<const std::u16string> characters_;
-  TextSpans spans_;
-  std::vector<TypefaceSpan> typefacesBefore_;  // empty but during an update
+  std::vector<TypefaceSpan> typefaces_;
+  WritingDirection direction_{};
   UIUserInterfaceLayoutDirection fallback_{};
   std::uint64_t generation_ = 0;  // the engine's
-  std::shared_ptr<const ShapedText> shaped_;
 };
 
 // Of text of a height that stands in the middle of its view.
@@ -80,47 +82,41 @@ CGFloat fraction(CGFloat factor) { return factor > 0 ? std::min(factor, 1.0) : 0
 
 }  // namespace
 
+// What a change of the text size touches stands together, since thousands of labels may follow it at once.
 struct UILabel::State {
   // What was set.
   std::shared_ptr<const NSAttributedString> text;
-  bool isPlain = true;  // the text has no attributes but the label's
   std::shared_ptr<const UIFont> font;
-  ColorPtr textColor;
-  NSTextAlignment textAlignment = NSTextAlignment::natural;
-  NSLineBreakMode lineBreakMode = NSLineBreakMode::byTruncatingTail;
-  std::int64_t numberOfLines = 1;
-  bool adjustsFontSizeToFitWidth = false;
-  CGFloat minimumScaleFactor = 0;
-  CGFloat preferredMaxLayoutWidth = 0;
-
+  bool isPlain = true;  // the text has no attributes but the label's
   // Which of its attributes the label has changed since an attributed text was set. They are put into it when it is
   // next looked at, since it is mostly replaced before.
   bool fontIsNewer = false;
   bool colorIsNewer = false;
   bool alignmentIsNewer = false;
   bool lineBreakModeIsNewer = false;
+  bool adjustsFontSizeToFitWidth = false;
+  NSTextAlignment textAlignment = NSTextAlignment::natural;
+  NSLineBreakMode lineBreakMode = NSLineBreakMode::byTruncatingTail;
+  std::int64_t numberOfLines = 1;
+  CGFloat minimumScaleFactor = 0;
+  CGFloat preferredMaxLayoutWidth = 0;
+  ColorPtr textColor;
 
-  // What was made of it. A shaping that is stale may still lend its glyphs to the next.
-  Shaping shaping;
-  bool shapingIsStale = true;
-  std::optional<CGSize> intrinsicSize;           // not rounded
-  std::shared_ptr<const UIFont> substituteFont;  // the one of this generation of the engine
-  std::uint64_t substituteGeneration = 0;
-  std::shared_ptr<const NSParagraphStyle> paragraphStyle;
+  // What was made of it.
   struct Drawn {
     CGSize bounds;
     TextLayout layout;
   };
-  std::optional<Drawn> drawn;
+  std::unique_ptr<Drawn> drawn;
+  std::optional<CGSize> intrinsicSize;  // not rounded
+  Shaping shaping;                      // of an earlier text, perhaps, which may lend its glyphs to this one
+  std::shared_ptr<const NSParagraphStyle> paragraphStyle;
+  std::shared_ptr<const UIFont> substituteFont;  // the one of this generation of the engine
+  std::uint64_t substituteGeneration = 0;
 
   void forgetLayout() {
     intrinsicSize.reset();
     drawn.reset();
-  }
-
-  void forgetText() {
-    forgetLayout();
-    shapingIsStale = true;
   }
 
   bool hasNewerAttributes() const { return fontIsNewer || colorIsNewer || alignmentIsNewer || lineBreakModeIsNewer; }
@@ -129,7 +125,7 @@ struct UILabel::State {
     text = std::move(given);
     isPlain = plain;
     fontIsNewer = colorIsNewer = alignmentIsNewer = lineBreakModeIsNewer = false;
-    forgetText();
+    forgetLayout();
   }
 
   const std::shared_ptr<const UIFont>& ownFont() {
@@ -217,7 +213,7 @@ const std::shared_ptr<const UIFont>& UILabel::font() const noexcept { return sta
 void UILabel::setFont(const std::shared_ptr<const UIFont>& font) {
   state_->font = font;
   state_->fontIsNewer = true;
-  state_->forgetText();
+  state_->forgetLayout();
   invalidateIntrinsicContentSize();
 }
 
@@ -226,7 +222,6 @@ const ColorPtr& UILabel::textColor() const noexcept { return state_->textColor; 
 void UILabel::setTextColor(const ColorPtr& color) {
   state_->textColor = color;
   state_->colorIsNewer = true;
-  state_->shapingIsStale = true;
 }
 
 NSTextAlignment UILabel::textAlignment() const noexcept { return state_->textAlignment; }
@@ -235,7 +230,7 @@ void UILabel::setTextAlignment(NSTextAlignment alignment) {
   state_->textAlignment = alignment;
   state_->alignmentIsNewer = true;
   state_->paragraphStyle = nullptr;
-  state_->forgetText();
+  state_->forgetLayout();
 }
 
 NSLineBreakMode UILabel::lineBreakMode() const noexcept { return state_->lineBreakMode; }
@@ -244,7 +239,7 @@ void UILabel::setLineBreakMode(NSLineBreakMode mode) {
   state_->lineBreakMode = mode;
   state_->lineBreakModeIsNewer = true;
   state_->paragraphStyle = nullptr;
-  state_->forgetText();
+  state_->forgetLayout();
   invalidateIntrinsicContentSize();
 }
 
@@ -280,52 +275,45 @@ void UILabel::setPreferredMaxLayoutWidth(CGFloat width) {
   invalidateIntrinsicContentSize();
 }
 
-// Lays a label's text out, and keeps what is worth keeping.
+// Lays a label's text out, and keeps what is worth keeping. What it makes of the attributes it makes anew: that costs
+// less than to keep it for each label.
 class UILabel::Typesetter {
  public:
-  explicit Typesetter(const UILabel& label) : state_(*label.state_), shaping_(shaping(label)) {}
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-member-init): the room is written before it is read.
+  explicit Typesetter(const UILabel& label)
+      : state_(*label.state_),
+        text_(*state_.currentText()),
+        fallback_(label.effectiveUserInterfaceLayoutDirection()),
+        spans_(text_, {state_.ownFont(), state_.textColor, state_.ownParagraphStyle()}, &memory_) {
+    if (state_.shaping.update(text_, spans_, fallback_)) state_.drawn.reset();
+  }
 
   TextLayout layOut(CGFloat width, CGFloat height = kInfinity, CGFloat scale = 1) const {
-    const TextSpans& spans = shaping_.spans();
     TextLayout::Options options{.width = width, .scale = scale};
     options.limits.emplace();
     options.limits->lines = state_.mostLines();
     options.limits->height = height;
-    if (scale == 1 || shaping_.shaped()->scalesLinearly) {
-      options.limits->ellipsis = [&spans](std::uint32_t unit) { return shapeEllipsis(spans, unit); };
-      return TextLayout(shaping_.shaped(), spans.sizes, spans.paragraphs, options);
+    const auto& shaped = state_.shaping.shaped();
+    if (scale == 1 || shaped->scalesLinearly) {
+      options.limits->ellipsis = [this](std::uint32_t unit) { return shapeEllipsis(spans_, unit); };
+      return TextLayout(shaped, spans_.sizes, spans_.paragraphs, options);
     }
-    TextSpans scaled = spans;
+    TextSpans scaled = spans_;
     for (TypefaceSpan& span : scaled.typefaces) span.pointSize *= scale;
     options.limits->ellipsis = [&scaled](std::uint32_t unit) { return shapeEllipsis(scaled, unit); };
-    const auto shaped = shape(*state_.text, scaled, shaping_.fallback());
-    return TextLayout(shaped, spans.sizes, spans.paragraphs, options);
+    return TextLayout(shape(text_, scaled, fallback_), spans_.sizes, spans_.paragraphs, options);
   }
 
   const TextLayout& layOutToDraw(CGSize bounds) const {
     if (!state_.drawn || state_.drawn->bounds != bounds)
-      state_.drawn.emplace(State::Drawn{
+      state_.drawn = std::make_unique<State::Drawn>(State::Drawn{
           bounds, state_.adjustsFontSizeToFitWidth ? shrunk(bounds) : layOut(bounds.width, bounds.height)});
     return state_.drawn->layout;
   }
 
-  void draw(Canvas& canvas, CGPoint at, const TextLayout& layout) const {
-    layout.draw(canvas, at, shaping_.spans().paints);
-  }
+  void draw(Canvas& canvas, CGPoint at, const TextLayout& layout) const { layout.draw(canvas, at, spans_.paints); }
 
  private:
-  static const Shaping& shaping(const UILabel& label) {
-    State& state = *label.state_;
-    const auto& text = state.currentText();
-    const auto fallback = label.effectiveUserInterfaceLayoutDirection();
-    Shaping& shaping = state.shaping;
-    if (!state.shapingIsStale && shaping.fallback() == fallback) return shaping;
-    shaping.update(*text, {state.ownFont(), state.textColor, state.ownParagraphStyle()}, fallback);
-    state.shapingIsStale = false;
-    state.drawn.reset();
-    return shaping;
-  }
-
   // As large as it can be, at most as large as it is.
   TextLayout shrunk(CGSize bounds) const {
     CGFloat fits = fraction(state_.minimumScaleFactor);
@@ -345,8 +333,14 @@ class UILabel::Typesetter {
     return layOut(bounds.width, bounds.height, fits);
   }
 
+  static constexpr std::size_t kRoom = 768;  // for the spans of a few runs
+
   State& state_;
-  const Shaping& shaping_;
+  const NSAttributedString& text_;
+  UIUserInterfaceLayoutDirection fallback_;
+  std::array<std::byte, kRoom> room_;
+  std::pmr::monotonic_buffer_resource memory_{room_.data(), room_.size()};
+  TextSpans spans_;
 };
 
 CGSize UILabel::intrinsicContentSize() const {

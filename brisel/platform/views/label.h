@@ -30,22 +30,23 @@ class UILabel : public UIView {
   virtual void setText(const std::optional<std::string>& text);
   /// The same as a string for `withAttributes`: its own attributes say nothing. Null where there is no text.
   const std::shared_ptr<const NSAttributedString>& characters() const noexcept;
-  /// Null where there is no text. A text set without attributes answers with those that the label gives it.
+  /// What is shown, with its attributes; null where there is no text. A text set without attributes answers with those
+  /// that the label gives it.
   std::shared_ptr<const NSAttributedString> attributedText() const;
-  /// Copied: what the caller does to it later does not show.
+  /// Shows a text with its own attributes. It is copied: what the caller does to it later does not show.
   virtual void setAttributedText(const std::shared_ptr<const NSAttributedString>& text);
 
-  /// Null: the port's substitute at 17 points. Setting font, colour, alignment or line-break mode sets that of the
-  /// whole attributed text too.
+  /// The font; null: the port's substitute at 17 points. Setting font, colour, alignment or line-break mode sets that
+  /// of the whole attributed text too.
   const std::shared_ptr<const UIFont>& font() const noexcept;
   void setFont(const std::shared_ptr<const UIFont>& font);
-  /// Null: black.
+  /// The colour of the text; null: black.
   const ColorPtr& textColor() const noexcept;
   void setTextColor(const ColorPtr& color);
-  /// Natural at first.
+  /// Where lines stand; natural at first.
   NSTextAlignment textAlignment() const noexcept;
   void setTextAlignment(NSTextAlignment alignment);
-  /// Truncating the tail at first.
+  /// Where lines end that are too long; truncating the tail at first.
   NSLineBreakMode lineBreakMode() const noexcept;
   void setLineBreakMode(NSLineBreakMode mode);
 
@@ -57,19 +58,21 @@ class UILabel : public UIView {
   /// shows all of the text without tearing a word. What is too wide or high even then is truncated.
   bool adjustsFontSizeToFitWidth() const noexcept;
   void setAdjustsFontSizeToFitWidth(bool adjusts);
-  /// 0 at first: as small as it must be. Values outside 0 … 1 are kept, and count as the nearer of the two.
+  /// How small text may be drawn, as a factor; 0 at first: as small as it must be. Values outside 0 … 1 are kept, and
+  /// count as the nearer of the two.
   CGFloat minimumScaleFactor() const noexcept;
   void setMinimumScaleFactor(CGFloat factor);
   /// The width, in points, within which several lines are measured where nothing else gives one; 0 at first: none.
   CGFloat preferredMaxLayoutWidth() const noexcept;
   void setPreferredMaxLayoutWidth(CGFloat width);
 
-  /// Of the text at its own size, rounded up to whole pixels of the screen; nothing where there is no text.
+  /// The room that the text takes at its own size, rounded up to whole pixels of the screen; nothing where there is no
+  /// text.
   CGSize intrinsicContentSize() const override;
   /// `sizeThatFits:`: as large as the text at the width, but in no more than `numberOfLines`. One line takes its own
   /// width, and so do several where the width is not above 0. The height does not count.
   CGSize sizeThatFits(CGSize size) const override;
-  /// Without text, that of a line in the label's font.
+  /// The first line's; without text, that of a line in the label's font.
   FirstBaseline firstBaseline() const override;
 
  protected:

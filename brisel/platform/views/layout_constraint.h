@@ -72,13 +72,13 @@ class NSLayoutConstraint final : public NSObject {
   /// By which the second attribute is multiplied.
   CGFloat multiplier() const noexcept { return multiplier_; }
 
-  /// Points. Changing it while the constraint is active costs little more than what moves. In layout, values that are
-  /// not a number count as 0, and all are cut to a billion points.
+  /// What is added to the second side, in points. Changing it while the constraint is active costs little more than
+  /// what moves. In layout, values that are not a number count as 0, and all are cut to a billion points.
   CGFloat constant() const noexcept { return constant_; }
   void setConstant(CGFloat constant);
 
-  /// Required at first. In layout, what is above 1000 counts as required; a constraint whose priority is not above 0
-  /// asks for nothing.
+  /// How important it is; required at first. In layout, what is above 1000 counts as required; a constraint whose
+  /// priority is not above 0 asks for nothing.
   UILayoutPriority priority() const noexcept { return priority_; }
   void setPriority(UILayoutPriority priority);
 

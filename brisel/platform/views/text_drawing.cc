@@ -42,14 +42,8 @@ struct Attributes {
 
 }  // namespace
 
-TextSpans::TextSpans(const NSAttributedString& text, const TextDefaults& defaults) { assign(text, defaults); }
-
-void TextSpans::assign(const NSAttributedString& text, const TextDefaults& defaults) {
-  typefaces.clear();
-  sizes.clear();
-  paragraphs.clear();
-  paints.clear();
-  direction = WritingDirection::natural;
+TextSpans::TextSpans(const NSAttributedString& text, const TextDefaults& defaults, std::pmr::memory_resource* memory)
+    : typefaces(memory), sizes(memory), paragraphs(memory), paints(memory) {
   const std::size_t count = text.attributeRuns().size();
   typefaces.reserve(count);
   sizes.reserve(count);

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <memory_resource>
 #include <vector>
 
 #include "brisel/platform/attributed_string.h"
@@ -24,17 +25,14 @@ struct TextDefaults {
 /// What an attributed string asks of shaping, layout and painting, span by span. The paragraph style at a paragraph's
 /// first character holds for all of it; the base direction at the text's first character holds for the text.
 struct TextSpans {
-  TextSpans() = default;
-  /// The spans of a text.
-  explicit TextSpans(const NSAttributedString& text, const TextDefaults& defaults = {});
+  /// The spans of a text. The memory must outlive them; copies do not use it.
+  explicit TextSpans(const NSAttributedString& text, const TextDefaults& defaults = {},
+                     std::pmr::memory_resource* memory = std::pmr::get_default_resource());
 
-  /// As if made anew, in the room that there is.
-  void assign(const NSAttributedString& text, const TextDefaults& defaults);
-
-  std::vector<TypefaceSpan> typefaces;                     ///< for shaping
-  std::vector<TextSizeSpan> sizes;                         ///< for layout
-  std::vector<ParagraphSpan> paragraphs;                   ///< for layout
-  std::vector<PaintSpan> paints;                           ///< for drawing
+  std::pmr::vector<TypefaceSpan> typefaces;                ///< for shaping
+  std::pmr::vector<TextSizeSpan> sizes;                    ///< for layout
+  std::pmr::vector<ParagraphSpan> paragraphs;              ///< for layout
+  std::pmr::vector<PaintSpan> paints;                      ///< for drawing
   WritingDirection direction = WritingDirection::natural;  ///< for shaping
 };
 

@@ -41,7 +41,8 @@ class UITextField : public UIView {
   const std::shared_ptr<const NSAttributedString>& attributedPlaceholder() const noexcept;
   virtual void setAttributedPlaceholder(const std::shared_ptr<const NSAttributedString>& placeholder);
 
-  /// None at first. Setting them sets those of the whole text, which keeps none of its own.
+  /// What text is set in that has no attributes of its own; none at first. Setting them sets those of the whole text,
+  /// which keeps none of its own.
   const Dictionary& defaultTextAttributes() const noexcept;
   virtual void setDefaultTextAttributes(const Dictionary& attributes);
 

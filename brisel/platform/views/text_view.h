@@ -32,7 +32,7 @@ class UITextView : public UIView {
   const std::shared_ptr<const NSAttributedString>& attributedText() const noexcept;
   virtual void setAttributedText(const std::shared_ptr<const NSAttributedString>& text);
 
-  /// Null: the port's substitute at 12 points; null colour: black. Setting font, colour or alignment sets that of the
+  /// The font; null: the port's substitute at 12 points. Setting font, colour or alignment sets that of the
   /// whole text too.
   const std::shared_ptr<const UIFont>& font() const noexcept;
   virtual void setFont(const std::shared_ptr<const UIFont>& font);
@@ -48,7 +48,7 @@ class UITextView : public UIView {
   const UIEdgeInsets& textContainerInset() const noexcept;
   void setTextContainerInset(const UIEdgeInsets& inset);
 
-  /// Of the text without wrapping, as `sizeThatFits` answers where there is no width.
+  /// The room that the text takes without wrapping, as `sizeThatFits` answers where there is no width.
   CGSize intrinsicContentSize() const override;
   CGSize sizeThatFits(CGSize size) const override;
   FirstBaseline firstBaseline() const override;

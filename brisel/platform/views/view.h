@@ -92,7 +92,7 @@ class UIView : public LayoutItem {
   /// Whether it is left out when the tree is drawn, with all below it. It keeps its place all the same.
   bool isHidden() const noexcept { return hidden_; }
   void setHidden(bool hidden) noexcept { hidden_ = hidden; }
-  /// Null: none.
+  /// What is drawn behind its content; null: nothing.
   const ColorPtr& backgroundColor() const noexcept { return backgroundColor_; }
   void setBackgroundColor(ColorPtr color) noexcept { backgroundColor_ = std::move(color); }
   /// Whether subviews are cut at its edges.
@@ -157,7 +157,8 @@ class UIView : public LayoutItem {
 
   // Its surroundings.
 
-  /// Never null. Those of its view controller, else those of the superview; a tree without a window has none specified.
+  /// What it is told of its surroundings; never null. The traits are those of its view controller, else those of the
+  /// superview; a tree without a window has none specified.
   const std::shared_ptr<const UITraitCollection>& traitCollection() const noexcept { return traitCollection_; }
   /// `traitCollectionDidChange:`: called when `traitCollection` has become another. Subclasses call their base class's
   /// first.

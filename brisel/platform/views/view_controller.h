@@ -22,7 +22,7 @@ class UIViewController : public NSObject {
   static std::shared_ptr<UIViewController> init();
   ~UIViewController() override;
 
-  /// Made by `loadView` at the first call; never null.
+  /// Its view, made by `loadView` at the first call; never null.
   const std::shared_ptr<UIView>& view();
   /// Whether the view has been made.
   bool isViewLoaded() const noexcept { return view_ != nullptr; }
@@ -37,8 +37,8 @@ class UIViewController : public NSObject {
   /// Takes its parent's override from it.
   void removeFromParentViewController();
 
-  /// Never null: what its surroundings give it (its parent's traits; those that come to its view from above for one
-  /// without a parent) with the parent's override on top.
+  /// What it is told of its surroundings; never null: what they give it (its parent's traits; those that come to its
+  /// view from above for one without a parent) with the parent's override on top.
   const std::shared_ptr<const UITraitCollection>& traitCollection() const noexcept { return traitCollection_; }
   /// `setOverrideTraitCollection:forChildViewController:`: what of the child's traits is to be other than here; null:
   /// nothing. Ignored where it is no child.
