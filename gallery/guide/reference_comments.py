@@ -12,7 +12,9 @@ import subprocess
 import sys
 import xml.etree.ElementTree as ElementTree
 
-FOLDERS = ("tokens", "themes", "typography", "icons", "infrastructure", "object_interface")
+# The last two for what classes of the library override of theirs.
+FOLDERS = ("tokens", "themes", "typography", "icons", "infrastructure", "object_interface", "platform/object.h",
+           "platform/views")
 
 # Behind a full stop, and before what may begin a sentence.
 SENTENCE_END = re.compile(r"(?<=[.!?])(?:\s+)(?=[A-Z0-9`“\"(])")
@@ -110,7 +112,8 @@ class Comments:
             self.repeat(self.names[target], alias)
         for name in list(self.bases):
             self.inherit(name, name)
-        return [row for name in sorted(self.rows) for row in dict.fromkeys(self.rows[name])]
+        return [row for name in sorted(self.rows) for row in dict.fromkeys(self.rows[name])
+                if not name.startswith("Brisel::Platform")]
 
     def read_compound(self, compound):
         kind, name = compound.get("kind"), compound.findtext("compoundname")
@@ -151,13 +154,15 @@ class Comments:
         self.members.setdefault(name.rpartition("::")[0], []).append(row)
 
     def repeat(self, scope, alias):
-        """The members of a class once more under another name."""
+        """The members of a class once more under another name; an override without a sentence takes theirs."""
         own = {name for name in self.rows if name.startswith(f"{alias}::")}
         for row in list(self.members.get(scope, ())):
             name = f"{alias}::{row[0].rpartition('::')[2]}"
             if row[0] == f"{scope}::{scope.rpartition('::')[2]}":  # a constructor
                 name = f"{alias}::{alias.rpartition('::')[2]}"
-            if name not in own:
+            if name in own:
+                self.rows[name] = [(*each[:-1], each[-1] or row[-1]) for each in self.rows[name]]
+            elif not row[3].startswith("brisel/platform/"):
                 self.rows.setdefault(name, []).append((name, *row[1:]))
 
     def inherit(self, name, derived):
