@@ -34,6 +34,7 @@ Page makeIconPage(PictureBook& pictures);
 Page makeShapePage(PictureBook& pictures);
 Page makeThemePage(PictureBook& pictures);
 Page makeTokenPage(PictureBook& pictures);
+Page makeCurvePage(PictureBook& pictures);
 
 /// The colour sets and their slots as data of the search, which tells the names of slots from it: there are too many of
 /// them to list each with all its names.

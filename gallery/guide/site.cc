@@ -24,8 +24,8 @@ namespace {
 // In every page's head; tells a style guide from other directories.
 constexpr std::string_view kGenerator = "brisel gallery";
 
-constexpr std::string_view kStaticFiles[] = {"page.css",    "faces.js",     "copy.js", "search.js",
-                                             "swatches.js", "text_size.js", "icons.js"};
+constexpr std::string_view kStaticFiles[] = {"page.css",    "faces.js",     "copy.js",  "search.js",
+                                             "swatches.js", "text_size.js", "icons.js", "curves.js"};
 
 // The faces that page.css sets the pages in.
 constexpr std::string_view kWebFonts[] = {"Tondal-Book", "Tondal-Bold", "TondalTitle-Bold"};
@@ -92,7 +92,7 @@ void writeSite(const std::filesystem::path& directory) {
   PictureBook pictures;
   const std::vector<Page> pages{makeStartPage(pictures),    makeColorPage(pictures), makeTypePage(pictures),
                                 makeTextViewPage(pictures), makeIconPage(pictures),  makeShapePage(pictures),
-                                makeThemePage(pictures),    makeTokenPage(pictures)};
+                                makeThemePage(pictures),    makeTokenPage(pictures), makeCurvePage(pictures)};
 
   for (const Page& page : pages) output.write(page.file, pageMarkup(pages, page));
   for (const std::string_view name : kStaticFiles) output.write("site/" + std::string(name), siteFile(name));
