@@ -34,6 +34,7 @@ Page makeIconPage(PictureBook& pictures);
 Page makeShapePage(PictureBook& pictures);
 Page makeThemePage(PictureBook& pictures);
 Page makeTokenPage(PictureBook& pictures);
+Page makeCurvePage(PictureBook& pictures);
 
 /// Lists every published name; what the other pages show, it links to there. Needs no picture.
 Page makeReferencePage(const std::vector<Page>& others);

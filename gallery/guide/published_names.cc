@@ -65,4 +65,12 @@ std::vector<PublishedSubsystem> publishedNames() {
           {"Infrastructure", groups(kInfrastructure)}};
 }
 
+std::size_t publishedEntryCount() {
+  std::size_t count = 0;
+  for (const PublishedSubsystem& subsystem : publishedNames()) {
+    for (const PublishedGroup& group : subsystem.groups) count += group.entries.size();
+  }
+  return count;
+}
+
 }  // namespace Brisel::Gallery

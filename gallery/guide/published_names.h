@@ -1,6 +1,7 @@
 // Every published name of both interfaces, as the catalogues brisel/<folder>/names.def list them.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
@@ -8,8 +9,9 @@ namespace Brisel::Gallery {
 
 /// A name on one interface; empty where it has none there.
 struct PublishedName {
-  std::string_view name;       ///< qualified: "Brisel::TypeStyle::withFontSize"; of a constructor its class's
-  std::string_view signature;  ///< "(TypeStyle(double) const)", of a constructor "(Arguments)"; of types and constants empty
+  std::string_view name;  ///< qualified: "Brisel::TypeStyle::withFontSize"; of a constructor its class's
+  std::string_view
+      signature;  ///< "(TypeStyle(double) const)", of a constructor "(Arguments)"; of types and constants empty
 };
 
 struct PublishedEntry {
@@ -30,5 +32,8 @@ struct PublishedSubsystem {
 
 /// In published order.
 std::vector<PublishedSubsystem> publishedNames();
+
+/// How many entries that are.
+std::size_t publishedEntryCount();
 
 }  // namespace Brisel::Gallery

@@ -78,7 +78,7 @@ def declaration(member):
     """What follows the name: "(double fontSize) const → TypeStyle"."""
     kind = member.get("kind")
     if kind == "function":
-        arguments = code_of(member, "argsstring")
+        arguments = re.sub(r"(?<=\w)=(?!default|0$)", " = ", code_of(member, "argsstring"))
         arguments = re.sub(r"\s*(?:=0|=default|override|final|noexcept)(?=[^()]*$)", "", arguments)
         returns = re.sub(SPECIFIERS, "", code_of(member, "type"))
         static = " static" if member.get("static") == "yes" and member.find("qualifiedname").text.count("::") else ""

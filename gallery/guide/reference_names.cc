@@ -13,7 +13,9 @@ constexpr std::string_view kBreak = "<wbr>";
 constexpr auto kNone = std::string_view::npos;
 
 bool isUpper(char c) { return std::isupper(static_cast<unsigned char>(c)) != 0; }
-bool isLower(char c) { return std::islower(static_cast<unsigned char>(c)) != 0 || std::isdigit(static_cast<unsigned char>(c)) != 0; }
+bool isLower(char c) {
+  return std::islower(static_cast<unsigned char>(c)) != 0 || std::isdigit(static_cast<unsigned char>(c)) != 0;
+}
 bool isWord(char c) { return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_'; }
 
 std::string_view lastPart(std::string_view name) {
@@ -111,6 +113,7 @@ double likeness(const std::vector<std::string_view>& a, const std::vector<std::s
 std::string nameMarkup(std::string_view name) {
   const std::string_view last = lastPart(name);
   std::string markup = codeMarkup(name.substr(0, name.size() - last.size()));
+  if (!markup.empty()) markup += kBreak;
   markup += "<b>";
   for (std::size_t i = 0; i < last.size(); ++i) {
     if (mayBreakBefore(last, i)) markup += kBreak;
@@ -120,10 +123,10 @@ std::string nameMarkup(std::string_view name) {
 }
 
 std::string codeMarkup(std::string_view code) {
-  std::string markup = escapeHtml(code);
-  for (auto at = markup.find("::"); at != kNone; at = markup.find("::", at)) {
-    at += 2;
-    markup.insert(at, kBreak);
+  std::string markup;
+  for (std::size_t i = 0; i < code.size(); ++i) {
+    markup += escapeHtml(code.substr(i, 1));
+    if (code[i] == ':' && i + 1 < code.size() && isWord(code[i + 1])) markup += kBreak;
   }
   return markup;
 }
@@ -177,9 +180,9 @@ const ReferenceComment* commentOn(const PublishedName& published, PublishedEntry
                                   std::span<const ReferenceComment> comments) {
   std::string name(published.name);
   if (kind == PublishedEntry::Kind::constructor) name += "::" + std::string(lastPart(published.name));
-  const auto [first, last] = std::equal_range(
-      comments.begin(), comments.end(), ReferenceComment{name, {}, {}, {}, {}},
-      [](const ReferenceComment& a, const ReferenceComment& b) { return a.name < b.name; });
+  const auto [first, last] =
+      std::equal_range(comments.begin(), comments.end(), ReferenceComment{name, {}, {}, {}, {}},
+                       [](const ReferenceComment& a, const ReferenceComment& b) { return a.name < b.name; });
   if (first == last) return nullptr;
   const std::string list = argumentTypes(published.signature);
   const std::vector<std::string_view> types = typesIn(list);

@@ -13,7 +13,7 @@ namespace Brisel::Gallery {
 /// A qualified name as markup: its last part bold, and allowed to break behind each "::" and before each hump.
 std::string nameMarkup(std::string_view name);
 
-/// A text of C++ as markup that may break behind each "::".
+/// A text of C++ as markup that may break behind each "::", and behind each ":" of a selector.
 std::string codeMarkup(std::string_view code);
 
 /// A sentence as markup: what stands in backticks is code.

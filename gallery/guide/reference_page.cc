@@ -35,6 +35,20 @@ std::string_view scopeOf(std::string_view name) {
   return scope == std::string_view::npos ? std::string_view() : name.substr(0, scope + 2);
 }
 
+using Entries = std::vector<const PublishedEntry*>;
+
+// What the names on one interface begin with: their scope, or their prefix where they have none.
+std::string_view sharedStart(const Entries& entries, PublishedName PublishedEntry::*side) {
+  const std::string_view first = (entries.front()->*side).name;
+  if (const std::string_view scope = scopeOf(first); !scope.empty()) return scope;
+  std::size_t length = first.size();
+  for (const PublishedEntry* entry : entries) {
+    const std::string_view name = (entry->*side).name;
+    while (!name.starts_with(first.substr(0, length))) --length;
+  }
+  return first.substr(0, length);
+}
+
 class ReferencePage {
  public:
   explicit ReferencePage(const std::vector<Page>& others) {
@@ -51,13 +65,12 @@ class ReferencePage {
   Page make() && {
     std::string sections;
     for (const PublishedSubsystem& subsystem : publishedNames()) sections += section(subsystem);
-    page_.markup = fillTemplate(siteFile("reference.html"), {{"count", std::to_string(count_)}, {"sections", sections}});
+    page_.markup =
+        fillTemplate(siteFile("reference.html"), {{"count", std::to_string(count_)}, {"sections", sections}});
     return std::move(page_);
   }
 
  private:
-  using Entries = std::vector<const PublishedEntry*>;
-
   std::string section(const PublishedSubsystem& subsystem) {
     subsystem_ = subsystem.title;
     std::string groups;
@@ -126,17 +139,17 @@ class ReferencePage {
       if (const auto part = object.substr(scopeOf(object).size()); part != name.substr(scopeOf(name).size())) {
         other = fillTemplate(siteFile("reference_tile_object.html"), {{"name", nameMarkup(part)}});
       }
-      tiles += fillTemplate(siteFile("reference_tile.html"),
-                            {{"address", placeOf(*entry)->address()},
-                             {"name", nameMarkup(name.substr(scopeOf(name).size()))},
-                             {"object", other}});
+      tiles += fillTemplate(siteFile("reference_tile.html"), {{"address", placeOf(*entry)->address()},
+                                                              {"name", nameMarkup(name.substr(scopeOf(name).size()))},
+                                                              {"object", other}});
     }
-    std::string scopes(scopeOf(first.value.name));
-    if (const auto scope = scopeOf(first.object.name); !scope.empty()) {
-      if (!scopes.empty()) scopes += "… and ";
-      scopes += scope;
+    std::string scopes;
+    for (const auto side : {&PublishedEntry::value, &PublishedEntry::object}) {
+      const std::string_view scope = sharedStart(entries, side);
+      if (scope.empty()) continue;
+      if (!scopes.empty()) scopes += " and ";
+      scopes += std::string(scope) + "…";
     }
-    if (!scopes.empty()) scopes += "…";
     return fillTemplate(siteFile("reference_catalogue.html"), {{"count", std::to_string(entries.size())},
                                                                {"scopes", codeMarkup(scopes)},
                                                                {"page", placeOf(first)->page->name},
@@ -153,7 +166,8 @@ class ReferencePage {
     if (value != nullptr) about = sentenceMarkup(value->sentence);
     if (about.empty() && object != nullptr) about = sentenceMarkup(object->sentence);
     if (place != nullptr) {
-      about += fillTemplate(siteFile("reference_place.html"), {{"address", place->address()}, {"page", place->page->name}});
+      about +=
+          fillTemplate(siteFile("reference_place.html"), {{"address", place->address()}, {"page", place->page->name}});
     }
     return fillTemplate(siteFile("reference_row.html"),
                         {{"id", fragment},
@@ -171,8 +185,9 @@ class ReferencePage {
     const std::string declaration = isDeclared || kind != PublishedEntry::Kind::function
                                         ? std::string(isDeclared ? comment->declaration : name.signature)
                                         : shownSignature(name.signature);
-    return fillTemplate(siteFile("reference_name.html"),
-                        {{"name", nameMarkup(name.name)}, {"declaration", codeMarkup(declaration)}, {"header", header}});
+    return fillTemplate(
+        siteFile("reference_name.html"),
+        {{"name", nameMarkup(name.name)}, {"declaration", codeMarkup(declaration)}, {"header", header}});
   }
 
   static std::string headerMarkup(std::string_view header) {

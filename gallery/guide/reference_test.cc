@@ -74,6 +74,7 @@ TEST(ReferenceNames, BreakAtScopesAndHumps) {
             "Brisel::<wbr>TypeStyle::<wbr><b>with<wbr>Font<wbr>Size</b>");
   EXPECT_EQ(nameMarkup("VLMBriselIconX"), "<b>VLM<wbr>Brisel<wbr>Icon<wbr>X</b>");
   EXPECT_EQ(nameMarkup("briselSwift_applyStyle"), "<b>brisel<wbr>Swift_<wbr>apply<wbr>Style</b>");
+  EXPECT_EQ(codeMarkup("apply:forState:"), "apply:<wbr>forState:");
   EXPECT_EQ(codeMarkup("(std::optional<bool>)"), "(std::<wbr>optional&lt;bool&gt;)");
 }
 

@@ -24,8 +24,8 @@ namespace {
 // In every page's head; tells a style guide from other directories.
 constexpr std::string_view kGenerator = "brisel gallery";
 
-constexpr std::string_view kStaticFiles[] = {"page.css",    "faces.js",     "copy.js", "search.js",
-                                             "swatches.js", "text_size.js", "icons.js", "reference.js"};
+constexpr std::string_view kStaticFiles[] = {"page.css",     "faces.js", "copy.js",   "search.js",   "swatches.js",
+                                             "text_size.js", "icons.js", "curves.js", "reference.js"};
 
 // The faces that page.css sets the pages in.
 constexpr std::string_view kWebFonts[] = {"Tondal-Book", "Tondal-Bold", "TondalTitle-Bold"};
@@ -91,8 +91,8 @@ void writeSite(const std::filesystem::path& directory) {
 
   PictureBook pictures;
   std::vector<Page> pages{makeStartPage(pictures),    makeColorPage(pictures), makeTypePage(pictures),
-                                makeTextViewPage(pictures), makeIconPage(pictures),  makeShapePage(pictures),
-                                makeThemePage(pictures),    makeTokenPage(pictures)};
+                          makeTextViewPage(pictures), makeIconPage(pictures),  makeShapePage(pictures),
+                          makeThemePage(pictures),    makeTokenPage(pictures), makeCurvePage(pictures)};
   pages.push_back(makeReferencePage(pages));
 
   for (const Page& page : pages) output.write(page.file, pageMarkup(pages, page));

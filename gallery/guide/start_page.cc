@@ -6,6 +6,7 @@
 #include "brisel/icons/catalogue.h"
 #include "brisel/icons/icon_image.h"
 #include "brisel/infrastructure/shape_images.h"
+#include "brisel/platform/bezier_path.h"
 #include "brisel/platform/views/image_renderer.h"
 #include "brisel/platform/views/text_drawing.h"
 #include "brisel/themes/catalogue.h"
@@ -17,6 +18,7 @@
 #include "gallery/code_names.h"
 #include "gallery/drawing.h"
 #include "gallery/guide/artwork.h"
+#include "gallery/guide/curve_drawing.h"
 #include "gallery/guide/html.h"
 #include "gallery/guide/name_chart.h"
 #include "gallery/guide/pages.h"
@@ -256,13 +258,37 @@ class TokenChart {
   }
 };
 
-std::size_t publishedEntryCount() {
-  std::size_t count = 0;
-  for (const PublishedSubsystem& subsystem : publishedNames()) {
-    for (const PublishedGroup& group : subsystem.groups) count += group.entries.size();
+// A row for each curve: where what it eases is at equal times, from left to right.
+class CurveChart {
+ public:
+  static Platform::CGSize size() { return {kWidth, static_cast<double>(namedCurves().size()) * kRow}; }
+
+  static void paint(Platform::Canvas& canvas) {
+    canvas.fillRect({{}, size()}, specimenGround());
+    const Theme::ColorSet& colors = Theme::dark().base();
+    double top = 0;
+    for (const NamedCurve& named : namedCurves()) {
+      drawLine(canvas, named.title, TypeStyle::mesto(), colors.text().subdued(), {{0, top}, {kFrom, kRow}});
+      const auto curve = named.make();
+      const double middle = top + kRow / 2;
+      canvas.fillRect({{kFrom, middle - 0.5}, {kTo - kFrom, 1}}, *colors.decorative().subdued());
+      for (int time = 0; time <= kTimes; ++time) {
+        const double x = kFrom + (kTo - kFrom) * curve->yForGivenX(static_cast<double>(time) / kTimes);
+        canvas.fillPath(
+            Platform::UIBezierPath::bezierPathWithOvalInRect({{x - kDot, middle - kDot}, {2 * kDot, 2 * kDot}}),
+            *colors.text().base());
+      }
+      top += kRow;
+    }
   }
-  return count;
-}
+
+ private:
+  static constexpr double kRow = 72;          // points
+  static constexpr double kFrom = 128;        // points
+  static constexpr double kTo = kWidth - 56;  // points: what overshoots has room behind it
+  static constexpr double kDot = 5;           // points, half a dot's width
+  static constexpr int kTimes = 20;
+};
 
 template <class Chart>
 Picture plan(PictureBook& pictures, const std::string& path, const std::shared_ptr<const Chart>& chart) {
@@ -291,6 +317,8 @@ Page makeStartPage(PictureBook& pictures) {
                           std::to_string(Catalogue::slots().size()) + " slots each"},
        {"tokenFacts", std::to_string(Catalogue::spacers().size()) + " spacers and " +
                           std::to_string(Catalogue::opacities().size()) + " opacities"},
+       {"curveFacts", "Cubic Bézier curves that ease animations"},
+       {"curves", plan(pictures, "pictures/start/curves", std::make_shared<const CurveChart>()).attributes()},
        {"referenceFacts", std::to_string(publishedEntryCount()) + " names, value types beside objects"},
        {"reference",
         plan(pictures, "pictures/start/reference", std::make_shared<const NameChart>(kWidth)).attributes()},

@@ -17,7 +17,7 @@ const removeEqualRows = (page) => page.evaluate(() => {
   const shape = (element) => [element.tagName,
     ...element.getAttributeNames().map((name) => `${name} ${element.getAttribute(name) === ""}`).sort(),
     ...["class", "role", "tabindex"].map((name) => element.getAttribute(name)),
-    element.textContent.trim() === "", ...[...element.children].map(shape)].join(" ");
+    element.textContent.trim() === "", ...[...element.querySelectorAll(":scope > :not(wbr)")].map(shape)].join(" ");
   for (const grid of document.querySelectorAll("[role='grid']")) {
     const shapes = new Set();
     for (const row of grid.querySelectorAll("[role='row']")) {
@@ -28,7 +28,7 @@ const removeEqualRows = (page) => page.evaluate(() => {
   }
 });
 const pages = ["index.html", "colours.html", "type.html", "text-views.html", "icons.html", "shapes.html", "themes.html",
-  "tokens.html"];
+  "tokens.html", "curves.html", "reference.html"];
 
 for (const path of pages) {
   for (const width of widths) {
@@ -155,7 +155,11 @@ for (const [words, code] of [
   ["briselSwift_disableDynamicTypeMorning", "Brisel::disableDynamicTypeMonitor"],
   ["briselSwift_applyStyle:forState:withContentSizeCategory:", "Brisel::apply"],
   ["placeholder", "Brisel::applyPlaceholder"], ["legacy label", "VLMBriselLegacyLabel::initWithStyle"],
-  ["VLMBriselSpacers::spacer16", "Brisel::Spacer::x16()"], ["opacity 30", "Brisel::Opacity::x30()"]]) {
+  ["VLMBriselSpacers::spacer16", "Brisel::Spacer::x16()"], ["opacity 30", "Brisel::Opacity::x30()"],
+  ["0.42, 0, 0.58, 1", "VLMBriselCubicBezierCurve::initWithStartHandle({0.42, 0}, {0.58, 1})"],
+  ["sub curve", "VLMBriselCubicBezierCurve::subCurveFromStartT"],
+  ["VLMBriselTypeStyle::withFontSize", "Brisel::TypeStyle::withFontSize"], ["brisel diff", "Brisel::difference"],
+  ["Theme::Text::subdued", "Brisel::Theme::Text::subdued"]]) {
   await test(`search finds "${words}" from the start page`, "index.html", async (page) => {
     await page.keyboard.press("/");
     await page.keyboard.type(words);
@@ -223,7 +227,8 @@ await test("arrows walk the swatches, and Tab takes a family at a time", "colour
 for (const [path, id] of [["colours.html", "redDesat155"], ["type.html", "minuetBold"],
   ["text-views.html", "subscribed"], ["icons.html", "heart"],
   ["icons.html", "search"], ["themes.html", "mutedAccent.text.subdued"], ["themes.html", "tierEstiva.decorative.base"],
-  ["tokens.html", "spacer16"], ["tokens.html", "opacity30"]]) {
+  ["tokens.html", "spacer16"], ["tokens.html", "opacity30"], ["curves.html", "ease-in-out"],
+  ["reference.html", "TypeStyle-withFontSize"], ["reference.html", "TypeStyle-withFontSize-AccessibilityRange"]]) {
   await test(`a link to ${id} lands on it and marks it`, `${path}#${id}`, async (page) => {
     const { top, bottom, outline, plain } = await page.evaluate((name) => {
       const item = document.getElementById(name);
@@ -410,4 +415,6 @@ await test("on paper the page is light and without controls", "type.html", async
 await import("./text_views.mjs");
 await import("./themes.mjs");
 await import("./tokens.mjs");
+await import("./curves.mjs");
+await import("./reference.mjs");
 await finish();

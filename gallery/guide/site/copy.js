@@ -39,7 +39,7 @@ const brisel = {};
   };
 
   document.addEventListener("click", (event) => {
-    const button = event.target.closest("main button");
+    const button = event.target.closest("main button:not(.play)");
     if (button) brisel.copy(button.dataset.copy ?? button.textContent);
   });
 })();
