@@ -1,7 +1,10 @@
 #include "gallery/guide/name_chart.h"
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <string_view>
+#include <vector>
 
 #include "brisel/themes/theme.h"
 #include "brisel/typography/type_style.h"
@@ -13,35 +16,39 @@
 namespace Brisel::Gallery {
 namespace {
 
-constexpr int kLines = 14;
-constexpr Platform::CGFloat kLine = 28;  // points
+constexpr Platform::CGFloat kLine = 40;  // points
 constexpr std::string_view kNamespace = "Brisel::";
 
 // Types within types are left out: lines for the ones that a reader looks for first.
 bool isShown(const PublishedEntry& entry) {
-  return entry.kind == PublishedEntry::Kind::type && entry.value.name.starts_with(kNamespace) &&
-         entry.value.name.rfind("::") + 2 == kNamespace.size() && !entry.object.name.empty();
+  return entry.kind == PublishedEntry::Kind::type && entry.value.name.rfind("::") + 2 == kNamespace.size() &&
+         !entry.object.name.empty();
+}
+
+std::vector<PublishedEntry> shownEntries() {
+  std::vector<PublishedEntry> shown;
+  for (const PublishedSubsystem& subsystem : publishedNames()) {
+    for (const PublishedGroup& group : subsystem.groups) {
+      std::copy_if(group.entries.begin(), group.entries.end(), std::back_inserter(shown), isShown);
+    }
+  }
+  return shown;
 }
 
 }  // namespace
 
-Platform::CGSize NameChart::size() const { return {width_, kLines * kLine}; }
+Platform::CGSize NameChart::size() const { return {width_, static_cast<double>(shownEntries().size()) * kLine}; }
 
 void NameChart::paint(Platform::Canvas& canvas) const {
   canvas.fillRect({{}, size()}, specimenGround());
   const auto& text = Theme::dark().base().text();
-  int line = 0;
-  for (const PublishedSubsystem& subsystem : publishedNames()) {
-    for (const PublishedGroup& group : subsystem.groups) {
-      for (const PublishedEntry& entry : group.entries) {
-        if (line == kLines || !isShown(entry)) continue;
-        const Platform::CGFloat top = line * kLine, half = std::round(width_ * 0.46);
-        drawLine(canvas, entry.value.name.substr(kNamespace.size()), TypeStyle::balladBold(), text.base(),
-                 {{0, top}, {half, kLine}});
-        drawLine(canvas, entry.object.name, TypeStyle::viola(), text.subdued(), {{half, top}, {width_ - half, kLine}});
-        ++line;
-      }
-    }
+  const Platform::CGFloat half = std::round(width_ * 0.46);
+  Platform::CGFloat top = 0;
+  for (const PublishedEntry& entry : shownEntries()) {
+    drawLine(canvas, entry.value.name.substr(kNamespace.size()), TypeStyle::balladBold(), text.base(),
+             {{0, top}, {half, kLine}});
+    drawLine(canvas, entry.object.name, TypeStyle::viola(), text.subdued(), {{half, top}, {width_ - half, kLine}});
+    top += kLine;
   }
 }
 

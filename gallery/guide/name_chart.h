@@ -5,7 +5,7 @@
 
 namespace Brisel::Gallery {
 
-/// The picture of the Reference page: the first types that are on both interfaces, a line each, value beside object.
+/// The picture of the Reference page: the types that are on both interfaces, a line each, value beside object.
 class NameChart {
  public:
   explicit NameChart(Platform::CGFloat width) : width_(width) {}

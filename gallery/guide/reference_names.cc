@@ -23,7 +23,7 @@ std::string_view lastPart(std::string_view name) {
   return scope == kNone ? name : name.substr(scope + 2);
 }
 
-// Before a hump ("with|Font|Size", "VLM|Brisel"), and behind an underscore.
+// Before a hump ("with|Font|Size", "VLM|Brisel"), and behind an underscore; but not so that a letter stands alone.
 bool mayBreakBefore(std::string_view name, std::size_t at) {
   if (at < 2 || at + 2 > name.size()) return false;
   if (name[at - 1] == '_') return true;
