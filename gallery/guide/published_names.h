@@ -16,7 +16,7 @@ struct PublishedName {
 
 struct PublishedEntry {
   enum class Kind { type, function, constructor, constant };
-  Kind kind;
+  Kind kind = Kind::type;
   PublishedName value, object;
 };
 

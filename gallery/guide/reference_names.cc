@@ -148,9 +148,9 @@ std::string fragmentOf(std::string_view name) {
   constexpr std::string_view kNamespace = "Brisel::";
   if (name.starts_with(kNamespace)) name.remove_prefix(kNamespace.size());
   std::string fragment;
-  for (std::size_t i = 0; i < name.size(); ++i) {
-    if (isWord(name[i])) {
-      fragment += name[i];
+  for (const char c : name) {
+    if (isWord(c)) {
+      fragment += c;
     } else if (!fragment.ends_with('-')) {
       fragment += '-';
     }
