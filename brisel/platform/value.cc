@@ -159,6 +159,7 @@ const Value* Dictionary::find(std::string_view key) const noexcept {
 }
 
 const Value* Dictionary::findValue(const Value& key) const {
+  if (const std::string* text = key.asString()) return find(*text);  // which most keys are, and found more quickly
   if (!storage_) return nullptr;
   const std::size_t place = storage_->find(key);
   return place < storage_->entries.size() ? &storage_->entries[place].value : nullptr;
