@@ -19,9 +19,9 @@ std::string described(const Value& key) {
 
 // A dictionary on the way down: a stack of our own, for nestings that exceed the thread's.
 struct Level {
-  const Dictionary* dictionary;
   const Dictionary* other;
   const Dictionary::Entry* next;  // the first entry that has not been compared
+  const Dictionary::Entry* end;
   std::vector<Dictionary::Entry> differences;
 };
 
@@ -33,10 +33,10 @@ NotADictionary::NotADictionary(const Value& key)
 Dictionary difference(const Dictionary& dictionary, const std::optional<Dictionary>& other) {
   if (!other) return dictionary;
   std::vector<Level> levels;
-  levels.push_back({&dictionary, &*other, dictionary.begin(), {}});
+  levels.push_back({&*other, dictionary.begin(), dictionary.end(), {}});
   while (true) {
     Level& level = levels.back();
-    if (level.next == level.dictionary->end()) {
+    if (level.next == level.end) {
       Dictionary differences(std::move(level.differences));
       levels.pop_back();
       if (levels.empty()) return differences;
@@ -51,7 +51,7 @@ Dictionary difference(const Dictionary& dictionary, const std::optional<Dictiona
     if (nested && !nested->empty() && otherValue) {
       const Dictionary* otherNested = otherValue->asDictionary();
       if (!otherNested) throw NotADictionary(key);
-      levels.push_back({nested, otherNested, nested->begin(), {}});
+      levels.push_back({otherNested, nested->begin(), nested->end(), {}});
       continue;
     }
     if (nested || !otherValue || value != *otherValue) level.differences.push_back(*level.next);

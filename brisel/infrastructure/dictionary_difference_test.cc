@@ -125,6 +125,15 @@ TEST(DictionaryDifference, DescendsAHundredThousandLevels) {
   EXPECT_EQ(difference(first, std::nullopt), sameAsFirst);
 }
 
+TEST(DictionaryDifference, FindsKeysOfAHundredThousandLevels) {
+  const auto nest = [] {
+    Dictionary dictionary{{"innermost", 1}};
+    for (int level = 1; level < 100'000; ++level) dictionary = Dictionary{{dictionary, 1}};
+    return dictionary;
+  };
+  EXPECT_TRUE(difference({{nest(), 1}}, Dictionary{{nest(), 1}}).empty());
+}
+
 TEST(DictionaryDifference, ThrowsFromAHundredThousandLevelsBelow) {
   const auto nest = [](const Value& innermost) {
     Dictionary dictionary{{"value", innermost}};

@@ -1,8 +1,6 @@
 #include "brisel/object_interface/cubic_bezier_curve.h"
 
-#include <array>
 #include <cmath>
-#include <limits>
 #include <typeinfo>
 #include <utility>
 
@@ -12,40 +10,30 @@ using VLMBrisel::BezierPointDefinition;
 namespace {
 
 constexpr double kEpsilon = 0.005;
-constexpr int kNewtonSteps = 15;
-constexpr double kFlat = 1e-6;  // a dx/dt below which Newton's method stops
 
 // a t³ + b t² + c t
 struct Cubic {
-  double a, b, c;
   double at(double t) const { return ((a * t + b) * t + c) * t; }
   double slopeAt(double t) const { return c + (a * 3 * t + (b + b)) * t; }
+  double a, b, c;
 };
 
-// A t of Newton's method: how far x(t) is from the x that is solved for, and the slope there.
-struct Step {
-  Step(const Cubic& curve, double x, double at) : t(at), error(curve.at(t) - x), slope(curve.slopeAt(t)) {}
-  double next() const { return t - error / slope; }
-  double t, error, slope;
+// A curve as the search sees it, which asks the object.
+struct Overridden {
+  double at(double t) const { return curve.sampleCurveX(t); }
+  double slopeAt(double t) const { return curve.sampleCurveDerivativeX(t); }
+  const VLMBriselCubicBezierCurve& curve;
 };
 
-// What Newton's method finds in its first four steps; not a number where it needs more, or stops. How many it needs
-// changes from one x to the next, so that a processor guesses it wrongly: to take all four and choose costs less.
-[[gnu::always_inline]] inline double foundEarly(const Cubic& curve, double x, double epsilon) {
-  const Step a(curve, x, x), b(curve, x, a.next()), c(curve, x, b.next()), d(curve, x, c.next());
-  const auto isAway = [epsilon](const Step& step) { return static_cast<unsigned>(!(std::abs(step.error) < epsilon)); };
-  const auto isFlat = [](const Step& step) { return static_cast<unsigned>(std::abs(step.slope) < kFlat); };
-  const unsigned pastA = isAway(a), pastB = pastA & isAway(b), pastC = pastB & isAway(c), pastD = pastC & isAway(d);
-  if ((pastD | isFlat(a) | isFlat(b) | isFlat(c)) != 0) return std::numeric_limits<double>::quiet_NaN();
-  return std::array{a.t, b.t, c.t, d.t}[pastA + pastB + pastC];
-}
-
-[[gnu::noinline]] double searched(const VLMBriselCubicBezierCurve& curve, double x, double epsilon) {
+template <class Curve>
+double solved(const Curve& curve, double x, double epsilon) {
+  constexpr int kNewtonSteps = 15;
+  constexpr double kFlat = 1e-6;
   double t = x;
   for (int step = 0; step < kNewtonSteps; ++step) {
-    const double found = curve.sampleCurveX(t);
+    const double found = curve.at(t);
     if (std::abs(found - x) < epsilon) return t;
-    const double slope = curve.sampleCurveDerivativeX(t);
+    const double slope = curve.slopeAt(t);
     if (std::abs(slope) < kFlat) break;
     t -= (found - x) / slope;
   }
@@ -55,7 +43,7 @@ struct Step {
   double low = 0, high = 1;
   t = x;
   do {
-    const double found = curve.sampleCurveX(t);
+    const double found = curve.at(t);
     if (std::abs(found - x) < epsilon) return t;
     const double lastLow = std::exchange(low, found < x ? t : low);
     const double lastHigh = std::exchange(high, found < x ? high : t);
@@ -68,11 +56,7 @@ struct Step {
   return t;
 }
 
-[[gnu::noinline]] double eased(const VLMBriselCubicBezierCurve& curve, double x) {
-  return curve.sampleCurveY(curve.solveCurveX(x, curve.epsilon()));
-}
-
-// Only of a curve that overrides nothing is it known what its operations would call.
+// Of a curve that overrides nothing it is known what its operations call, which need not be asked of the object then.
 bool overridesNothing(const VLMBriselCubicBezierCurve& curve) {
   return typeid(curve) == typeid(VLMBriselCubicBezierCurve);
 }
@@ -104,17 +88,14 @@ double VLMBriselCubicBezierCurve::sampleCurveY(double t) const { return Cubic{ay
 double VLMBriselCubicBezierCurve::sampleCurveDerivativeX(double t) const { return Cubic{ax_, bx_, cx_}.slopeAt(t); }
 
 double VLMBriselCubicBezierCurve::solveCurveX(double x, double epsilon) const {
-  if (overridesNothing(*this))
-    if (const double t = foundEarly({ax_, bx_, cx_}, x, epsilon); !std::isnan(t)) return t;
-  return searched(*this, x, epsilon);
+  return overridesNothing(*this) ? solved(Cubic{ax_, bx_, cx_}, x, epsilon) : solved(Overridden{*this}, x, epsilon);
 }
 
 double VLMBriselCubicBezierCurve::solveCurveX(double x) const { return solveCurveX(x, epsilon()); }
 
 double VLMBriselCubicBezierCurve::yForGivenX(double x) const {
-  if (overridesNothing(*this))
-    if (const double t = foundEarly({ax_, bx_, cx_}, x, kEpsilon); !std::isnan(t)) return Cubic{ay_, by_, cy_}.at(t);
-  return eased(*this, x);
+  if (overridesNothing(*this)) return Cubic{ay_, by_, cy_}.at(solved(Cubic{ax_, bx_, cx_}, x, kEpsilon));
+  return sampleCurveY(solveCurveX(x, epsilon()));
 }
 
 CGPoint VLMBriselCubicBezierCurve::lerpFrom(CGPoint from, CGPoint to, double progress) const {

@@ -159,9 +159,23 @@ const Value* Dictionary::find(std::string_view key) const noexcept {
 }
 
 const Value* Dictionary::findValue(const Value& key) const {
+  if (const std::string* text = key.asString()) return find(*text);  // which most keys are, and found more quickly
   if (!storage_) return nullptr;
   const std::size_t place = storage_->find(key);
   return place < storage_->entries.size() ? &storage_->entries[place].value : nullptr;
+}
+
+// The entry whose key alone has the hash of this one; null where none has it, or several.
+const DictionaryEntry* Dictionary::findOnlyOneLike(const Value& key) const {
+  if (!storage_) return nullptr;
+  const std::vector<Entry>& entries = storage_->entries;
+  const std::size_t hash = key.hash();
+  const auto hashOf = [hash] { return hash; };
+  const std::size_t first = storage_->find(hashOf, [hash](const Value& other) { return other.hash() == hash; });
+  if (first == entries.size()) return nullptr;
+  const std::size_t second =
+      storage_->find(hashOf, [&](const Value& other) { return &other != &entries[first].key && other.hash() == hash; });
+  return second == entries.size() ? &entries[first] : nullptr;
 }
 
 Dictionary Dictionary::with(Value key, Value value) const {
@@ -242,6 +256,14 @@ bool operator==(const Value& a, const Value& b) {
       if (dictionary->size() != other.size()) return false;
       if (dictionary->begin() != other.begin()) {
         for (const DictionaryEntry& entry : *dictionary) {
+          // A key that is a nesting itself is compared here too, unless others are like it in their outermost levels.
+          if (entry.key.asList() || entry.key.asDictionary()) {
+            if (const DictionaryEntry* alike = other.findOnlyOneLike(entry.key)) {
+              pairs.emplace_back(&entry.key, &alike->key);
+              pairs.emplace_back(&entry.value, &alike->value);
+              continue;
+            }
+          }
           const Value* value = other.find(entry.key);
           if (!value) return false;
           pairs.emplace_back(&entry.value, value);

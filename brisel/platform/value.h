@@ -89,7 +89,9 @@ class Dictionary {
   friend bool operator==(const Dictionary& a, const Dictionary& b);
 
  private:
+  friend bool operator==(const Value& a, const Value& b);
   const Value* findValue(const Value& key) const;
+  const Entry* findOnlyOneLike(const Value& key) const;
   std::shared_ptr<const internal::DictionaryStorage> storage_;  // null when empty
 };
 

@@ -178,6 +178,33 @@ TEST(List, MayBeNestedAHundredThousandLevelsDeep) {
   EXPECT_EQ(a.hash(), b.hash());
 }
 
+TEST(Dictionary, MayBeNestedAHundredThousandLevelsDeepInItsKeys) {
+  const auto nest = [](std::int64_t core) {
+    Value value(core);
+    for (int i = 0; i < 100'000; ++i) value = i % 2 ? Value(List{value}) : Value(Dictionary{{value, i}, {i, "plain"}});
+    return value;
+  };
+  const Value a = nest(1);
+  EXPECT_TRUE(a == nest(1));
+  EXPECT_FALSE(a == nest(2));
+}
+
+TEST(Dictionary, TellsKeysApartThatAreAlikeInTheirOutermostLevels) {
+  const auto nest = [](std::int64_t core) {
+    Value value(core);
+    for (int i = 0; i < 20; ++i) value = List{value};
+    return value;
+  };
+  ASSERT_EQ(nest(1).hash(), nest(2).hash());
+  const Dictionary both{{nest(1), "one"}, {nest(2), "two"}};
+  EXPECT_EQ(both, (Dictionary{{nest(2), "two"}, {nest(1), "one"}}));
+  EXPECT_NE(both, (Dictionary{{nest(1), "two"}, {nest(2), "one"}}));
+  EXPECT_NE(both, (Dictionary{{nest(1), "one"}, {nest(3), "two"}}));
+  EXPECT_NE(both, (Dictionary{{nest(1), "one"}, {2, "two"}}));
+  EXPECT_NE((Dictionary{{nest(1), "one"}}), (Dictionary{{nest(2), "one"}}));
+  EXPECT_EQ((Dictionary{{nest(1), "one"}}), (Dictionary{{nest(1), "one"}}));
+}
+
 TEST(Dictionary, FindsItsEntries) {
   const Dictionary dictionary{{"a", 1}, {2, "two"}, {nullptr, 3}};
   EXPECT_EQ(*dictionary.find("a"), Value(1));

@@ -30,7 +30,6 @@ const UIColor& line() { return *Theme::dark().base().text().base(); }
 const UIColor& subdued() { return *Theme::dark().base().essential().subdued(); }
 const UIColor& frameColor() { return *Color::gray30().value(); }
 const UIColor& handle() { return *Theme::dark().base().essential().announcement(); }
-const UIColor& accent() { return *Theme::dark().base().essential().brightAccent(); }
 
 void fillDot(Canvas& canvas, CGPoint middle, double radius, const UIColor& color) {
   canvas.fillPath(
@@ -132,17 +131,6 @@ void CurveGraph::paintPart(Canvas& canvas, const VLMBriselCubicBezierCurve& curv
   canvas.strokePath(path, line());
   fillDot(canvas, at(curve.positionAndHandleAt(startT).position), 5, line());
   fillDot(canvas, at(curve.positionAndHandleAt(endT).position), 5, line());
-}
-
-void paintSmallCurve(Canvas& canvas, const VLMBriselCubicBezierCurve& curve) {
-  constexpr double kPicture = 24, kSide = 14, kLeft = 5, kBottom = 4;
-  const auto at = [](CGPoint point) { return CGPoint{kLeft + kSide * point.x, kPicture - kBottom - kSide * point.y}; };
-  canvas.fillRect({{}, {kPicture, kPicture}}, specimenGround());
-  UIBezierPath path;
-  path.moveToPoint(at({0, 0}));
-  path.addCurveToPoint(at({1, 1}), at(curve.startHandle()), at(curve.endHandle()));
-  path.setLineWidth(2);
-  canvas.strokePath(path, accent());
 }
 
 }  // namespace Brisel::Gallery

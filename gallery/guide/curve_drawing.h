@@ -57,7 +57,4 @@ class CurveGraph {
   double highest_;
 };
 
-/// A curve alone, in a square of 24 points.
-void paintSmallCurve(Platform::Canvas& canvas, const VLMBriselCubicBezierCurve& curve);
-
 }  // namespace Brisel::Gallery

@@ -81,9 +81,7 @@ class CurvePage {
           graph.paintSampledCurve(canvas, *curve);
           graph.paintRail(canvas, *curve);
         });
-    const Picture small = pictures_.add("pictures/curves/small-" + id, {24, 24},
-                                        [curve](Platform::Canvas& canvas) { paintSmallCurve(canvas, *curve); });
-    page_.items.push_back({id, named.value(), small.path + ".png", {named.code(), std::string(named.title)}});
+    page_.items.push_back({id, named.value(), {}, {named.code(), std::string(named.title)}});
     return fillTemplate(siteFile("curve.html"), {{"id", id},
                                                  {"title", named.title},
                                                  {"samples", samples(*curve)},
