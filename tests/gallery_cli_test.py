@@ -486,8 +486,9 @@ class StyleGuide(unittest.TestCase):
 
     def test_is_written_quietly_where_nobody_watches(self):
         self.assertEqual((self.result.returncode, self.result.stdout, self.result.stderr), (0, "", ""))
-        self.assertEqual(sorted(self.pages), ["colours.html", "curves.html", "icons.html", "index.html", "shapes.html",
-                                              "text-views.html", "themes.html", "tokens.html", "type.html"])
+        self.assertEqual(sorted(self.pages), ["colours.html", "curves.html", "icons.html", "index.html", "reference.html",
+                                              "shapes.html", "text-views.html", "themes.html", "tokens.html",
+                                              "type.html"])
         self.assertEqual(os.listdir(self.site.parent), ["site"])
 
     def test_refers_to_nothing_that_is_not_there(self):
