@@ -60,7 +60,7 @@ class CurvePage {
     std::string curves;
     for (const NamedCurve& curve : namedCurves()) curves += timing(curve);
     std::string tangents;
-    for (const double t : {0.0, 0.25, 0.5, 0.75}) tangents += tangent(t);
+    for (const double t : {0.25, 0.5, 0.75}) tangents += tangent(t);
     page_.markup =
         fillTemplate(siteFile("curves.html"), {{"curves", curves}, {"tangents", tangents}, {"part", part()}});
     return std::move(page_);
