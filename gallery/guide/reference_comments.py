@@ -36,7 +36,7 @@ WARN_AS_ERROR = NO
     shutil.rmtree(folder, ignore_errors=True)
     folder.mkdir(parents=True)
     result = subprocess.run([doxygen, "-"], cwd=root, input=settings, text=True, capture_output=True)
-    if result.returncode != 0:
+    if result.returncode != 0 or "Traceback" in result.stderr:  # of the filter, whose status Doxygen ignores
         sys.exit(f"reference_comments.py: {doxygen} failed:\n{result.stderr}")
 
 
