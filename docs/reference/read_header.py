@@ -5,8 +5,8 @@
 - Members that are defaulted or deleted go, and so do friends without a comment: a class's own comment says whether it
   is made, copied and compared.
 
-Every line keeps its number, so that warnings name the right one. Doxygen heeds neither a filter's status nor enumerators
-without a comment; for both a function stands here that has none, of which it complains.
+Every line keeps its number, so that warnings name the right one. Doxygen heeds neither a filter's status nor
+enumerators without a comment; for both a function stands here that has none, of which it complains.
 """
 
 import re
@@ -36,8 +36,8 @@ ROW = re.compile(r"BRISEL_(\w+)\((.*)\)")
 ARGUMENT = re.compile(r'\s*("[^"]*"|\([^()]*\)|[^,]+)\s*(?:,|$)')
 # What a program never names: hashes for the standard library's tables, and explicit instantiations.
 UNNAMED = re.compile(r"^template <>\nstruct std::hash<[^;]*?\{(?:\};|\n(?:.*\n)*?\};)|^extern template .*", re.M)
-# A member that is defaulted or deleted, a friend without a body, and what operators and hashes do in theirs; each to the
-# end of its last line.
+# A member that is defaulted or deleted, a friend without a body, and operators and hashes with theirs; each to the end
+# of its last line.
 UNSAID = re.compile(
     r"^ *(?!\w+:\n)[^\s/#*{}][^;{}]*= (?:default|delete);[^\n]*"
     r"|^ *friend (?:[^;{}]*;|[^;{}(]*\b(?:operator\W|hashInto\()[^;{}]*\{(?:[^{}]|\{[^{}]*\})*\})[^\n]*",
