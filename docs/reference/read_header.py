@@ -5,11 +5,13 @@
 - Members that are defaulted or deleted go, and so do friends without a comment: a class's own comment says whether it
   is made, copied and compared.
 
-Every line keeps its number, so that warnings name the right one.
+Every line keeps its number, so that warnings name the right one. Doxygen heeds neither a filter's status nor
+enumerators without a comment; for both a function stands here that has none, of which it complains.
 """
 
 import re
 import sys
+import traceback
 
 # By catalogue and kind of row, in terms of the row's fields and of those that `described` adds.
 SENTENCES = {
@@ -34,12 +36,17 @@ ROW = re.compile(r"BRISEL_(\w+)\((.*)\)")
 ARGUMENT = re.compile(r'\s*("[^"]*"|\([^()]*\)|[^,]+)\s*(?:,|$)')
 # What a program never names: hashes for the standard library's tables, and explicit instantiations.
 UNNAMED = re.compile(r"^template <>\nstruct std::hash<[^;]*?\{(?:\};|\n(?:.*\n)*?\};)|^extern template .*", re.M)
-# A member that is defaulted or deleted, and a friend with the body that it may have; each to the end of its last line.
+# A member that is defaulted or deleted, a friend without a body, and operators and hashes with theirs; each to the end
+# of its last line.
 UNSAID = re.compile(
     r"^ *(?!\w+:\n)[^\s/#*{}][^;{}]*= (?:default|delete);[^\n]*"
-    r"|^ *friend [^;{}]*(?:;|\{(?:[^{}]|\{[^{}]*\})*\})[^\n]*",
+    r"|^ *friend (?:[^;{}]*;|[^;{}(]*\b(?:operator\W|hashInto\()[^;{}]*\{(?:[^{}]|\{[^{}]*\})*\})[^\n]*",
     re.M,
 )
+# Comments may hold braces.
+ENUMERATION = re.compile(r"\benum (?:(?:class|struct) )?(\w*)[^;{}()]*\{((?:[^{}/]|//.*\n|/(?!/))*)\};")
+# In a body whose comments are @ where they hold for what follows, and < where for what precedes.
+ENUMERATOR = re.compile(r"(@?)\s*\b([A-Za-z_]\w*)[^,@<]*,?\s*(<?)")
 
 
 def blank(text):
@@ -111,6 +118,9 @@ def expanded(path, macros):
 def name_of(declaration):
     """The declared function's name; nothing for what declares none."""
     plain = re.sub(r"^\s*template <[^{;]*?>(?=\s)(?:\s*requires .*?\}|)", "", declaration)
+    inner = None
+    while inner != plain:  # A type may have brackets of its own: std::function<void()>.
+        inner, plain = plain, re.sub(r"(?<!operator)<[^<>]*>", "", plain)
     found = re.match(r"(?!\s*(?:class|struct|enum|using|namespace|extern)\b)[^(={]*?([\w~]+)\(", plain)
     return found[1] if found else None
 
@@ -124,7 +134,8 @@ def is_whole(declaration):
 
 def holds_for(owner, name):
     """Whether the comment of one function holds for the other right below: an overload, or the setter of a getter."""
-    return name == owner or name.lower() == "set" + re.sub(r"^is(?=[A-Z])", "", owner).lower()
+    property_ = re.sub(r"^is(?=[A-Z])", "", owner)
+    return name in (owner, "set" + property_[:1].upper() + property_[1:])
 
 
 def shared(text):
@@ -158,6 +169,15 @@ def shared(text):
     return "\n".join(lines)
 
 
+def with_complaints(enumeration):
+    """The enumeration, and behind it a function without a comment for each enumerator without one."""
+    body = re.sub(r"<<|@", " ", enumeration[2])
+    for comment, mark in ((r"///<.*", "<"), (r"///.*|/\*\*.*?\*/", "@"), (r"//.*", "")):
+        body = re.sub(comment, mark, body)
+    bare = [name for before, name, behind in ENUMERATOR.findall(body) if not before and not behind]
+    return enumeration[0] + "".join(f" void {enumeration[1]}_{name}_has_no_comment();" for name in bare)
+
+
 def header(text):
     lines, macros = [], {}
     text = UNNAMED.sub(lambda found: blank(found[0]), text)
@@ -174,6 +194,7 @@ def header(text):
         elif found := re.match(r'#include "(.*\.def)"', line):
             line, macros = expanded(found[1], macros), {}
         lines.append(line)
+    lines = ENUMERATION.sub(with_complaints, "\n".join(lines)).split("\n")
     # Doxygen passes over the functions of a file without a comment. A remark at its head is that.
     for number, line in enumerate(lines):
         if not line.startswith("//"):
@@ -183,5 +204,10 @@ def header(text):
     return "\n".join(lines)
 
 
-with open(sys.argv[1], encoding="utf-8") as file:
-    sys.stdout.write(header(file.read()))
+try:
+    with open(sys.argv[1], encoding="utf-8") as file:
+        sys.stdout.write(header(file.read()))
+except Exception:
+    traceback.print_exc()
+    sys.stdout.write("/// \\file\nvoid this_header_could_not_be_read();\n")
+    sys.exit(1)

@@ -1,6 +1,6 @@
-// Text made to fit, the older label, how large views would be, and limits to the text size. It runs on the recording
-// port, whose characters are half an em wide and whose lines are one em high, so that every number here can be
-// reckoned.
+// Text made to fit, the older label, how large views would be, limits to the text size, and an object of one's own that
+// follows it. It runs on the recording port, whose characters are half an em wide and whose lines are one em high, so
+// that every number here can be reckoned.
 #include <cstdio>
 #include <memory>
 
@@ -13,6 +13,7 @@
 #include "brisel/platform/views/layout_constraint.h"
 #include "brisel/platform/views/view_controller.h"
 #include "brisel/platform/views/window.h"
+#include "brisel/typography/content_size_category.h"
 #include "brisel/typography/dynamic_type_monitor.h"
 #include "brisel/typography/fitting.h"
 #include "brisel/typography/text_view_styling.h"
@@ -77,6 +78,21 @@ void showLimits() {
   //! [limit]
 }
 
+void showSubscriber() {
+  //! [subscriber]
+  struct Grid {
+    int columns = 4;
+  };
+  const auto grid = std::make_shared<Grid>();
+  DynamicTypeMonitor::shared()->subscribe(grid, [subscriber = grid.get()](const UIContentSizeCategory& category) {
+    subscriber->columns = Brisel::ContentSizeCategory(category).rawValue() > 1 ? 2 : 4;
+  });
+
+  DynamicTypeMonitor::shared()->setup(UIContentSizeCategoryAccessibilityLarge);
+  std::printf("%d columns\n", grid->columns);
+  //! [subscriber]
+}
+
 int main() {
   setEngine(std::make_shared<RecordingEngine>());
   setSystemEvents(std::make_shared<RecordingSystemEvents>());
@@ -84,4 +100,5 @@ int main() {
   showLegacyLabel();
   showSizing();
   showLimits();
+  showSubscriber();
 }

@@ -1,9 +1,11 @@
-// Colours, opacities, spacings, the screen's scale and text sizes. Links Brisel::Tokens alone.
+// Colours, themes as objects, opacities, spacings, the screen's scale and text sizes. Links Brisel::Tokens alone.
 #include <cstdio>
 
+#include "brisel/object_interface/themes.h"
 #include "brisel/object_interface/tokens.h"
 #include "brisel/platform/content_size_category.h"
 #include "brisel/platform/screen.h"
+#include "brisel/themes/theme.h"
 #include "brisel/tokens/color.h"
 #include "brisel/tokens/color_parsing.h"
 #include "brisel/tokens/opacity.h"
@@ -36,6 +38,14 @@ void showColors() {
   //! [parsing]
 }
 
+void showThemes() {
+  //! [theme objects]
+  const auto warning = VLMBriselColorTheme::dark()->warning();
+  const auto surface = warning->background()->press();
+  std::printf("the value's own: %s\n", surface == Brisel::Theme::dark().warning().background().press() ? "yes" : "no");
+  //! [theme objects]
+}
+
 void showNumbers() {
   //! [tokens]
   const auto insets = Brisel::edgeInsets(Spacer::x16(), Spacer::x8(), Spacer::x16(), Spacer::x8());
@@ -65,6 +75,7 @@ void showTextSizes() {
 
 int main() {
   showColors();
+  showThemes();
   showNumbers();
   showTextSizes();
 }

@@ -36,7 +36,7 @@ WARN_AS_ERROR = NO
     shutil.rmtree(folder, ignore_errors=True)
     folder.mkdir(parents=True)
     result = subprocess.run([doxygen, "-"], cwd=root, input=settings, text=True, capture_output=True)
-    if result.returncode != 0:
+    if result.returncode != 0 or "Traceback" in result.stderr:  # of the filter, whose status Doxygen ignores
         sys.exit(f"reference_comments.py: {doxygen} failed:\n{result.stderr}")
 
 
@@ -110,6 +110,7 @@ class Comments:
             if compound.get("kind") in {"class", "struct", "namespace", "file", "union"}:
                 path = self.folder / f"{compound.get('refid')}.xml"
                 self.read_compound(ElementTree.parse(path).getroot().find("compounddef"))
+        self.read_shared_functions()
         for alias, target in self.aliases:
             self.repeat(self.names[target], alias)
         for name in list(self.bases):
@@ -154,6 +155,13 @@ class Comments:
         row = (name, arguments, shown, header.as_posix(), first_sentence(node))
         self.rows.setdefault(name, []).append(row)
         self.members.setdefault(name.rpartition("::")[0], []).append(row)
+
+    def read_shared_functions(self):
+        """Functions of both interfaces: `using Brisel::name;` at the global level, of which Doxygen says nothing."""
+        for header in sorted(self.root.glob("brisel/object_interface/*.h")):
+            for name in re.findall(r"(?m)^using Brisel::(\w+);", header.read_text(encoding="utf-8")):
+                place = header.relative_to(self.root).as_posix()
+                self.rows[name] = [(name, *row[1:3], place, row[4]) for row in self.rows[f"Brisel::{name}"]]
 
     def repeat(self, scope, alias):
         """The members of a class once more under another name; an override without a sentence takes theirs."""

@@ -128,7 +128,16 @@ class ReferencePage {
            scopeOf(a.object.name) == scopeOf(b.object.name);
   }
 
-  // Many names that another page shows: no more than links to them, and closed.
+  // What the object interface forwards is said of the value.
+  static std::string aboutMarkup(const PublishedEntry& entry) {
+    for (const PublishedName& name : {entry.value, entry.object}) {
+      const auto* comment = commentOn(name, entry.kind, referenceComments());
+      if (comment != nullptr && !comment->sentence.empty()) return sentenceMarkup(comment->sentence);
+    }
+    return {};
+  }
+
+  // Many names that another page shows: no more than a link and a sentence for each, and closed.
   std::string catalogueMarkup(const Entries& entries) const {
     const PublishedEntry& first = *entries.front();
     std::string tiles;
@@ -136,12 +145,14 @@ class ReferencePage {
       const std::string_view name = entry->value.name.empty() ? entry->object.name : entry->value.name;
       const std::string_view object = entry->value.name.empty() ? std::string_view() : entry->object.name;
       std::string other;
-      if (const auto part = object.substr(scopeOf(object).size()); part != name.substr(scopeOf(name).size())) {
+      const auto part = object.substr(scopeOf(object).size());
+      if (!part.empty() && part != name.substr(scopeOf(name).size())) {
         other = fillTemplate(siteFile("reference_tile_object.html"), {{"name", nameMarkup(part)}});
       }
       tiles += fillTemplate(siteFile("reference_tile.html"), {{"address", placeOf(*entry)->address()},
                                                               {"name", nameMarkup(name.substr(scopeOf(name).size()))},
-                                                              {"object", other}});
+                                                              {"object", other},
+                                                              {"about", aboutMarkup(*entry)}});
     }
     std::string scopes;
     for (const auto side : {&PublishedEntry::value, &PublishedEntry::object}) {
@@ -161,10 +172,7 @@ class ReferencePage {
     const auto* object = commentOn(entry.object, entry.kind, referenceComments());
     const std::string fragment = fragmentFor(entry);
     addItem(entry, fragment);
-    // What the object interface forwards is said of the value.
-    std::string about;
-    if (value != nullptr) about = sentenceMarkup(value->sentence);
-    if (about.empty() && object != nullptr) about = sentenceMarkup(object->sentence);
+    std::string about = aboutMarkup(entry);
     if (place != nullptr) {
       about +=
           fillTemplate(siteFile("reference_place.html"), {{"address", place->address()}, {"page", place->page->name}});

@@ -44,17 +44,17 @@ class RecordingEngine final : public Engine {
   struct CanvasCall {
     /// The calls, by their names.
     enum class Kind : std::uint8_t {
-      save,
-      restore,
-      setBlendMode,
-      setInterpolationQuality,
-      clipToPath,
-      clipToMask,
-      fillRect,
-      fillPath,
-      strokePath,
-      drawBitmap,
-      drawGlyphs,
+      save,                     ///< state kept
+      restore,                  ///< state put back
+      setBlendMode,             ///< a mode of blending chosen
+      setInterpolationQuality,  ///< a quality for scaled bitmaps chosen
+      clipToPath,               ///< drawing limited to a path
+      clipToMask,               ///< drawing limited by a bitmap's alpha
+      fillRect,                 ///< a rectangle filled
+      fillPath,                 ///< a path filled
+      strokePath,               ///< a path's outline drawn
+      drawBitmap,               ///< a bitmap drawn
+      drawGlyphs,               ///< glyphs drawn
     };
     Kind kind = Kind::save;                       ///< which call it was
     CGRect rect{};                                ///< of `clipToMask`, `fillRect` and `drawBitmap`
