@@ -49,8 +49,9 @@ double solved(const Curve& curve, double x, double epsilon) {
     const double lastHigh = std::exchange(high, found < x ? high : t);
     const double lastT = std::exchange(t, low + (high - low) * 0.5);
     // Where low and high are neighbours, t is one of them, and a tolerance that nothing is within would keep the
-    // search there for ever. A round that changes nothing is like all that would follow, so no answer is lost. Any
-    // other round brings low and high nearer: there are some 1,075 at most, when high is halved down to 0.
+    // search there for ever. A round that changes nothing is like all that would follow, as a curve answers alike for
+    // the same t, so no answer is lost. Any other round but the first brings low and high nearer: there are some 1,075
+    // at most, when high is halved down to 0.
     if (low == lastLow && high == lastHigh && t == lastT) break;
   } while (low < high);
   return t;

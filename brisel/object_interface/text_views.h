@@ -13,12 +13,13 @@
 
 // --- Labels ---
 
-/// `briselSwift_applyStyle:`: and from now on.
+/// `briselSwift_applyStyle:`: styles a label for the current category, and for each that follows.
 void briselSwift_applyStyle(Brisel::Platform::UILabel& label, const std::shared_ptr<const VLMBriselTypeStyle>& style);
-/// `briselSwift_applyStyle:withContentSizeCategory:`: and from now on.
+/// `briselSwift_applyStyle:withContentSizeCategory:`: styles a label for a category, and for each that follows.
 void briselSwift_applyStyle(Brisel::Platform::UILabel& label, const std::shared_ptr<const VLMBriselTypeStyle>& style,
                             const Brisel::Platform::UIContentSizeCategory& contentSizeCategory);
-/// `briselSwift_applyStyle:withContentSizeCategory:useDynamicTypeMonitor:`: and from now on where the flag says so.
+/// `briselSwift_applyStyle:withContentSizeCategory:useDynamicTypeMonitor:`: styles a label for a category, and for each
+/// that follows where the flag says so.
 void briselSwift_applyStyle(Brisel::Platform::UILabel& label, const std::shared_ptr<const VLMBriselTypeStyle>& style,
                             const Brisel::Platform::UIContentSizeCategory& contentSizeCategory,
                             bool useDynamicTypeMonitor);
@@ -30,20 +31,21 @@ void briselSwift_disableDynamicTypeMorning(Brisel::Platform::UILabel& label);
 
 // --- Text fields ---
 
-/// `briselSwift_applyStyle:`: for the current category.
+/// `briselSwift_applyStyle:`: styles a text field for the current category.
 void briselSwift_applyStyle(Brisel::Platform::UITextField& textField,
                             const std::shared_ptr<const VLMBriselTypeStyle>& style);
-/// `briselSwift_applyStyle:contentSizeCategory:`: for a category.
+/// `briselSwift_applyStyle:contentSizeCategory:`: styles a text field for a category.
 void briselSwift_applyStyle(Brisel::Platform::UITextField& textField,
                             const std::shared_ptr<const VLMBriselTypeStyle>& style,
                             const Brisel::Platform::UIContentSizeCategory& contentSizeCategory);
 
 // --- Text views ---
 
-/// `briselSwift_applyStyle:`: and from now on.
+/// `briselSwift_applyStyle:`: styles a text view for the current category, and for each that follows.
 void briselSwift_applyStyle(Brisel::Platform::UITextView& textView,
                             const std::shared_ptr<const VLMBriselTypeStyle>& style);
-/// `briselSwift_applyStyle:withContentSizeCategory:useDynamicTypeMonitor:`: and from now on where the flag says so.
+/// `briselSwift_applyStyle:withContentSizeCategory:useDynamicTypeMonitor:`: styles a text view for a category, and for
+/// each that follows where the flag says so.
 void briselSwift_applyStyle(Brisel::Platform::UITextView& textView,
                             const std::shared_ptr<const VLMBriselTypeStyle>& style,
                             const Brisel::Platform::UIContentSizeCategory& contentSizeCategory,
@@ -56,12 +58,12 @@ void briselSwift_disableDynamicTypeMonitor(Brisel::Platform::UITextView& textVie
 
 // --- Buttons ---
 
-/// `briselSwift_applyStyle:`: to the titles of all states, for the current category.
+/// `briselSwift_applyStyle:`: styles the titles of all states for the current category.
 void briselSwift_applyStyle(Brisel::Platform::UIButton& button, const std::shared_ptr<const VLMBriselTypeStyle>& style);
-/// `briselSwift_applyStyle:withContentSizeCategory:`: to the titles of all states, for a category.
+/// `briselSwift_applyStyle:withContentSizeCategory:`: styles the titles of all states for a category.
 void briselSwift_applyStyle(Brisel::Platform::UIButton& button, const std::shared_ptr<const VLMBriselTypeStyle>& style,
                             const Brisel::Platform::UIContentSizeCategory& contentSizeCategory);
-/// `briselSwift_applyStyle:forState:withContentSizeCategory:`: to the title of one state.
+/// `briselSwift_applyStyle:forState:withContentSizeCategory:`: styles the title of one state for a category.
 void briselSwift_applyStyle(Brisel::Platform::UIButton& button, const std::shared_ptr<const VLMBriselTypeStyle>& style,
                             Brisel::Platform::UIControlState state,
                             const Brisel::Platform::UIContentSizeCategory& contentSizeCategory);

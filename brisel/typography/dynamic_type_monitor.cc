@@ -50,7 +50,7 @@ void DynamicTypeMonitor::notifySubscribers(UIContentSizeCategory category) {
   // Closures may free, subscribe and unsubscribe whom they like. So the snapshot keeps nobody alive but the subscriber
   // that is being called, and what to call is looked up just before the call.
   for (auto& key : listeners_.sweptKeys())
-    if (const auto subscriber = std::exchange(key, {}).lock())
+    if (const auto subscriber = std::exchange(key, {}).lock())  // lets go of it while it is at hand
       if (const auto wrapper = listeners_.objectForKey(subscriber); wrapper && wrapper->onUpdate)
         wrapper->onUpdate(category);
 }

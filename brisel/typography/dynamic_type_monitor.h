@@ -11,7 +11,7 @@
 
 namespace Brisel {
 
-/// Remembers the preferred text size and tells its subscribers when it changes:
+/// Remembers the preferred text size and tells its subscribers when it changes.
 ///
 ///     auto& monitor = *Brisel::DynamicTypeMonitor::shared();
 ///     monitor.subscribe(view, [](const UIContentSizeCategory& category) { … });

@@ -1,4 +1,5 @@
 // Timing curves, and what of a dictionary differs from another.
+#include <cmath>
 #include <cstdio>
 #include <memory>
 
@@ -39,7 +40,7 @@ void showCurves() {
 
   const auto exact = ExactCurve::initWithStartHandle({0.42, 0}, {0.58, 1});
   const double t = exact->solveCurveX(0.25);
-  std::printf("off by less than %g\n", exact->sampleCurveX(t) - 0.25 < 1e-9 ? 1e-9 : 1);
+  std::printf("off by less than %g\n", std::abs(exact->sampleCurveX(t) - 0.25) < 1e-9 ? 1e-9 : 1);
 }
 
 void showDifference() {

@@ -44,6 +44,8 @@ def text_of(element):
     """The element's text, code in backticks."""
     parts = [element.text or ""]
     for child in element:
+        if child.tag in {"programlisting", "preformatted", "verbatim"}:
+            continue
         inner = text_of(child)
         parts += [f"`{inner}`" if child.tag == "computeroutput" else inner, child.tail or ""]
     return "".join(parts)
@@ -199,7 +201,10 @@ def main(doxygen, root, folder, output):
     rows = Comments(root, folder).read()
     if not rows:
         sys.exit("reference_comments.py: Doxygen found no public name")
-    pathlib.Path(output).write_text(source(rows), encoding="utf-8")
+    # An unchanged source is left alone, so that what is made of it need not be made again.
+    output, text = pathlib.Path(output), source(rows)
+    if not output.exists() or output.read_text(encoding="utf-8") != text:
+        output.write_text(text, encoding="utf-8")
 
 
 if __name__ == "__main__":

@@ -31,6 +31,7 @@ constexpr int kHalvings = 12;
 class Shaping {
  public:
   const std::shared_ptr<const ShapedText>& shaped() const noexcept { return shaped_; }
+  UIUserInterfaceLayoutDirection fallback() const noexcept { return fallback_; }
 
   /// Whether other glyphs were needed.
   bool update(const NSAttributedString& text, const TextSpans& spans, UIUserInterfaceLayoutDirection fallback) {
@@ -109,7 +110,8 @@ struct UILabel::State {
   };
   std::unique_ptr<Drawn> drawn;
   std::optional<CGSize> intrinsicSize;  // not rounded
-  Shaping shaping;                      // of an earlier text, perhaps, which may lend its glyphs to this one
+  Shaping shaping;
+  bool shapingIsStale = true;  // it is of an earlier text, which may lend its glyphs to this one
   std::shared_ptr<const NSParagraphStyle> paragraphStyle;
   std::shared_ptr<const UIFont> substituteFont;  // the one of this generation of the engine
   std::uint64_t substituteGeneration = 0;
@@ -119,13 +121,18 @@ struct UILabel::State {
     drawn.reset();
   }
 
+  void forgetText() {
+    forgetLayout();
+    shapingIsStale = true;
+  }
+
   bool hasNewerAttributes() const { return fontIsNewer || colorIsNewer || alignmentIsNewer || lineBreakModeIsNewer; }
 
   void setText(std::shared_ptr<const NSAttributedString> given, bool plain) {
     text = std::move(given);
     isPlain = plain;
     fontIsNewer = colorIsNewer = alignmentIsNewer = lineBreakModeIsNewer = false;
-    forgetLayout();
+    forgetText();
   }
 
   const std::shared_ptr<const UIFont>& ownFont() {
@@ -213,7 +220,7 @@ const std::shared_ptr<const UIFont>& UILabel::font() const noexcept { return sta
 void UILabel::setFont(const std::shared_ptr<const UIFont>& font) {
   state_->font = font;
   state_->fontIsNewer = true;
-  state_->forgetLayout();
+  state_->forgetText();
   invalidateIntrinsicContentSize();
 }
 
@@ -230,7 +237,7 @@ void UILabel::setTextAlignment(NSTextAlignment alignment) {
   state_->textAlignment = alignment;
   state_->alignmentIsNewer = true;
   state_->paragraphStyle = nullptr;
-  state_->forgetLayout();
+  state_->forgetText();
 }
 
 NSLineBreakMode UILabel::lineBreakMode() const noexcept { return state_->lineBreakMode; }
@@ -239,7 +246,7 @@ void UILabel::setLineBreakMode(NSLineBreakMode mode) {
   state_->lineBreakMode = mode;
   state_->lineBreakModeIsNewer = true;
   state_->paragraphStyle = nullptr;
-  state_->forgetLayout();
+  state_->forgetText();
   invalidateIntrinsicContentSize();
 }
 
@@ -285,7 +292,9 @@ class UILabel::Typesetter {
         text_(*state_.currentText()),
         fallback_(label.effectiveUserInterfaceLayoutDirection()),
         spans_(text_, {state_.ownFont(), state_.textColor, state_.ownParagraphStyle()}, &memory_) {
+    if (!state_.shapingIsStale && state_.shaping.fallback() == fallback_) return;
     if (state_.shaping.update(text_, spans_, fallback_)) state_.drawn.reset();
+    state_.shapingIsStale = false;
   }
 
   TextLayout layOut(CGFloat width, CGFloat height = kInfinity, CGFloat scale = 1) const {

@@ -419,6 +419,18 @@ TEST_F(LabelTest, IsShapedAnewWhenItsTextIsSetAfterTheFacesHaveChanged) {
   EXPECT_EQ(setAgain(), expected);
 }
 
+TEST_F(LabelTest, KeepsItsGlyphsUntilSomethingIsSetThoughTheFacesHaveChanged) {
+  const auto label = this->label("abc", 100, 20);
+  label->intrinsicContentSize();
+  const std::size_t before = shapings();
+  engine_->setUsesHostFonts(false);
+  label->intrinsicContentSize();
+  label->sizeThatFits({100, 20});
+  label->setTextColor(UIColor::initWithRed(1, 0, 0, 1));
+  drawn(*label);
+  EXPECT_EQ(shapings(), before);
+}
+
 TEST_F(LabelTest, AsksForASubstituteAnewWhenTheFacesHaveChanged) {
   const auto label = UILabel::initWithFrame();
   label->firstBaseline();

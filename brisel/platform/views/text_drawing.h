@@ -25,7 +25,7 @@ struct TextDefaults {
 /// What an attributed string asks of shaping, layout and painting, span by span. The paragraph style at a paragraph's
 /// first character holds for all of it; the base direction at the text's first character holds for the text.
 struct TextSpans {
-  /// The spans of a text. The memory must outlive them; copies do not use it.
+  /// The spans of a text. The memory must outlive them; copies do not use it, but what they are moved to does.
   explicit TextSpans(const NSAttributedString& text, const TextDefaults& defaults = {},
                      std::pmr::memory_resource* memory = std::pmr::get_default_resource());
 

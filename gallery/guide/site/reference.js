@@ -45,7 +45,7 @@
 
   // Who follows a link to an entry that is filtered out gets to see it.
   const reveal = () => {
-    const entry = document.getElementById(decodeURIComponent(location.hash.slice(1)));
+    const entry = document.getElementById(location.hash.slice(1));  // no entry's address needs decoding
     if (!entry?.closest(".reference [hidden]")) return;
     filter.value = "";
     show();
@@ -59,5 +59,8 @@
     show();
   });
   addEventListener("hashchange", reveal);
-  if (filter.value !== "") show();  // what a browser brings back
+  if (filter.value !== "") {  // what a browser brings back
+    show();
+    reveal();
+  }
 })();
