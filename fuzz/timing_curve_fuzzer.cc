@@ -1,5 +1,5 @@
 // Any doubles as handles, coefficients, parameters and tolerances of a timing curve: every search ends, where it is
-// written to end.
+// written to end, and the eased value is y there.
 
 #include <cstddef>
 #include <cstdint>
@@ -10,6 +10,16 @@
 #include "tests/written_curve_search.h"
 
 using Brisel::Fuzz::require;
+using Brisel::Tests::isSameNumber;
+using Brisel::Tests::solvedAsWritten;
+
+namespace {
+
+void requireEased(const VLMBriselCubicBezierCurve& curve, double x) {
+  require(isSameNumber(curve.yForGivenX(x), curve.sampleCurveY(solvedAsWritten(curve, x, 0.005))));
+}
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Brisel::Fuzz::Source source(data, size);
@@ -20,22 +30,24 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     switch (source.below(4)) {
       case 0: {
         const double x = number(), epsilon = number();
-        require(Brisel::Tests::isSameNumber(curve->solveCurveX(x, epsilon),
-                                            Brisel::Tests::solvedAsWritten(*curve, x, epsilon)));
+        require(isSameNumber(curve->solveCurveX(x, epsilon), solvedAsWritten(*curve, x, epsilon)));
         break;
       }
       case 1:
-        curve->yForGivenX(number());
+        requireEased(*curve, number());
         break;
       case 2: {
         const auto part = curve->subCurveFromStartT(number(), number());
-        part->yForGivenX(number());
+        requireEased(*part, number());
         break;
       }
       default:
         curve->setAx(number());
         curve->setBx(number());
         curve->setCx(number());
+        curve->setAy(number());
+        curve->setBy(number());
+        curve->setCy(number());
         break;
     }
   }

@@ -35,6 +35,9 @@ inline double solvedAsWritten(const VLMBriselCubicBezierCurve& curve, double x, 
   return t;
 }
 
-inline bool isSameNumber(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+/// Tells -0.0 from 0.0, and any NaN is any other.
+inline bool isSameNumber(double a, double b) {
+  return (a == b && std::signbit(a) == std::signbit(b)) || (std::isnan(a) && std::isnan(b));
+}
 
 }  // namespace Brisel::Tests

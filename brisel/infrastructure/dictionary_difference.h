@@ -17,7 +17,8 @@ class NotADictionary final : public std::logic_error {
 
 /// The entries of a dictionary whose values are not equal to those of another under the same keys, in the order of the
 /// first; keys of the other alone do not count. Nested dictionaries are compared in turn, and are always in the result,
-/// empty where nothing below them differs. Without another, the dictionary itself. Any nesting may be compared.
+/// empty where nothing below them differs. Without another, the dictionary itself. Any nesting may be compared that
+/// `==` takes.
 ///
 /// Throws `NotADictionary` for the first nested dictionary, in the order of the entries, that it cannot compare.
 Platform::Dictionary difference(const Platform::Dictionary& dictionary,

@@ -68,7 +68,26 @@ TEST(CubicBezierCurveSearch, FindsWhatTheSearchFindsAsWritten) {
     RC_ASSERT(isSameNumber(t, solvedAsWritten(*any, x, epsilon)));
     RC_ASSERT(isSameNumber(t, Subclass::make(start, end)->solveCurveX(x, epsilon)));
     RC_ASSERT(isSameNumber(any->solveCurveX(x), solvedAsWritten(*any, x, 0.005)));
-    RC_ASSERT(isSameNumber(any->yForGivenX(x), any->sampleCurveY(solvedAsWritten(*any, x, 0.005))));
+  }));
+}
+
+TEST(CubicBezierCurveSearch, EasesByTheSearchAsWrittenInASubclassToo) {
+  EXPECT_TRUE(rc::check([] {
+    const bool isSensible = *rc::gen::arbitrary<bool>();
+    const auto number = [isSensible] { return isSensible ? coordinate() : anyDouble(); };
+    const auto any = curve({0, 0}, {1, 1});
+    const auto other = Subclass::make({0, 0}, {1, 1});
+    for (const auto set : {&Curve::setAx, &Curve::setBx, &Curve::setCx, &Curve::setAy, &Curve::setBy, &Curve::setCy}) {
+      const double coefficient = number();
+      ((*any).*set)(coefficient);
+      ((*other).*set)(coefficient);
+    }
+    const double x = number(), y = any->yForGivenX(x);
+    RC_ASSERT(isSameNumber(y, any->sampleCurveY(solvedAsWritten(*any, x, 0.005))));
+    RC_ASSERT(isSameNumber(y, other->yForGivenX(x)));
+    RC_ASSERT(isSameNumber(any->solveCurveX(x), other->solveCurveX(x)));
+    const double epsilon = anyDouble();
+    RC_ASSERT(isSameNumber(any->solveCurveX(x, epsilon), other->solveCurveX(x, epsilon)));
   }));
 }
 
@@ -92,6 +111,19 @@ TEST(CubicBezierCurveSearch, EndsForAnyNumbersAndFindsTheSame) {
       EXPECT_TRUE(expectSame({0, 0}, {0, 0}, x, epsilon)) << x << ' ' << epsilon;
       EXPECT_TRUE(expectSame({1, 1}, {0, 0}, x, epsilon)) << x << ' ' << epsilon;
     }
+}
+
+TEST(CubicBezierCurveSearch, EasesWithinJustTheTolerance) {
+  const auto straight = curve({0, 0}, {1, 1});
+  straight->setAx(0);
+  straight->setBx(0);
+  straight->setAy(0);
+  straight->setBy(0);
+  straight->setCy(1);
+  straight->setCx(1.005);  // x(1) misses 1 by 0.00499999999999989,
+  EXPECT_EQ(straight->yForGivenX(1), 1);
+  straight->setCx(0.995);  // and here by 0.0050000000000000044.
+  EXPECT_EQ(straight->yForGivenX(1), 1.0050251256281406);
 }
 
 TEST(CubicBezierCurveSearch, IsWithinTheToleranceWhereTheCurveRises) {
@@ -165,6 +197,16 @@ TEST(CubicBezierCurveSearch, BisectsFromXItself) {
   EXPECT_THAT(square->samples(),
               ElementsAre(0.25,  // Newton's method, which the slope ends
                           0.25, 0.625, 0.4375, 0.53125, 0.484375, 0.5078125, 0.49609375, 0.501953125, 0.4990234375));
+}
+
+TEST(CubicBezierCurveSearch, BisectsAsStrictlyAsTheDesignSays) {
+  // 0.4375² misses 0.25 by just 0.05859375, and is not near enough.
+  const auto square = Sampled::make([](double t) { return t * t; }, flat);
+  EXPECT_EQ(square->solveCurveX(0.25, 0.05859375), 0.53125);
+  // x(t) is not below x where it is x, so that the search goes down.
+  EXPECT_EQ(Sampled::make([](double) { return 0.3; }, flat)->solveCurveX(0.3, 0), 0);
+  // low + (high - low) × 0.5, where (low + high) × 0.5 would end in ...387.
+  EXPECT_EQ(curve({-0.078, 0}, {-1.249, 1})->solveCurveX(0.453, 1e-15), 0.9060625852565389);
 }
 
 TEST(CubicBezierCurveSearch, BisectsOnceEvenWhereNothingIsLeftToBisect) {

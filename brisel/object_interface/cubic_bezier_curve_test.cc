@@ -68,6 +68,17 @@ TEST(CubicBezierCurve, MultipliesInTheOrderOfTheDesign) {
   EXPECT_EQ(curve({0.48, 0}, {0.265, 1})->sampleCurveDerivativeX(0.565), 0.6593253750000001);
 }
 
+TEST(CubicBezierCurve, SubtractsInTheOrderOfTheDesign) {
+  // Any other order or grouping differs in the last digit. Worked out apart, as below.
+  const auto across = curve({0.03, 0}, {0.4, 1});
+  EXPECT_EQ(across->bx(), 1.0199999999999998);
+  EXPECT_EQ(across->ax(), -0.10999999999999976);
+  EXPECT_EQ(curve({0.02, 0}, {0.19, 1})->ax(), 0.48999999999999994);
+  const auto up = curve({0, 0.11}, {1, 0.29});
+  EXPECT_EQ(up->by(), 0.21000000000000002);
+  EXPECT_EQ(up->ay(), 0.4599999999999999);
+}
+
 struct Eased {
   double x, y;
 };

@@ -34,10 +34,15 @@ struct ValueStorage {
   }
 
   ValueStorage* next = nullptr;
+  std::size_t digest = 0;
 };
 
 struct ListStorage final : ValueStorage {
-  explicit ListStorage(std::vector<Value> values) : elements(std::move(values)) {}
+  explicit ListStorage(std::vector<Value> values) : elements(std::move(values)) {
+    Hasher hasher;
+    for (const Value& element : elements) hasher(internal::digest(element));
+    digest = hasher.finish();
+  }
   const std::vector<Value> elements;
 };
 
@@ -61,12 +66,33 @@ struct DictionaryStorage final : ValueStorage {
     return find([&] { return key.hash(); }, [&](const Value& other) { return other == key; });
   }
 
+  void add(std::vector<DictionaryEntry> given);
+
   static constexpr std::size_t kFree = SIZE_MAX;
   static constexpr std::size_t kSearchedInLine = 8;  // Up to so many keys, comparing is quicker than hashing.
 
   std::vector<DictionaryEntry> entries;
   std::vector<std::size_t> slots;  // an open table of places in `entries`; empty while these are few
 };
+
+// What equal values have alike, whatever their depth, as nestings keep theirs from their making on. Therefore objects
+// and colours, which may change meanwhile, are all alike here.
+std::size_t digest(const Value& value) {
+  Hasher hasher;
+  if (const std::string* text = value.asString())
+    hasher(std::string_view(*text));
+  else if (const std::optional<std::int64_t> integer = value.asInteger())
+    hasher(*integer);
+  else if (value.kind() == Value::Kind::real)
+    hasher(*value.asDouble());
+  else if (const List* list = value.asList(); list && list->storage_)
+    return list->storage_->digest;
+  else if (const Dictionary* dictionary = value.asDictionary(); dictionary && dictionary->storage_)
+    return dictionary->storage_->digest;
+  else
+    hasher(value.kind());
+  return hasher.finish();
+}
 
 bool hasRepeatedKey(const std::vector<DictionaryEntry>& entries) {
   for (std::size_t i = 1; i < entries.size(); ++i)
@@ -76,10 +102,18 @@ bool hasRepeatedKey(const std::vector<DictionaryEntry>& entries) {
 }
 
 DictionaryStorage::DictionaryStorage(std::vector<DictionaryEntry> given) {
-  if (given.size() <= kSearchedInLine && !hasRepeatedKey(given)) {
+  if (given.size() <= kSearchedInLine && !hasRepeatedKey(given))
     entries = std::move(given);
-    return;
+  else
+    add(std::move(given));
+  for (const auto& [key, value] : entries) {
+    Hasher hasher;
+    hasher(internal::digest(key), internal::digest(value));
+    digest += hasher.finish();  // A sum: equal dictionaries may differ in order.
   }
+}
+
+void DictionaryStorage::add(std::vector<DictionaryEntry> given) {
   if (given.size() > kSearchedInLine) {
     std::size_t size = 4 * kSearchedInLine;
     while (size < 2 * given.size()) size *= 2;
@@ -165,16 +199,17 @@ const Value* Dictionary::findValue(const Value& key) const {
   return place < storage_->entries.size() ? &storage_->entries[place].value : nullptr;
 }
 
-// The entry whose key alone has the hash of this one; null where none has it, or several.
+// The entry whose key alone has the digest of this one; null where none has it, or several.
 const DictionaryEntry* Dictionary::findOnlyOneLike(const Value& key) const {
   if (!storage_) return nullptr;
   const std::vector<Entry>& entries = storage_->entries;
-  const std::size_t hash = key.hash();
-  const auto hashOf = [hash] { return hash; };
-  const std::size_t first = storage_->find(hashOf, [hash](const Value& other) { return other.hash() == hash; });
+  const std::size_t digest = internal::digest(key);
+  const auto hash = [hash = storage_->slots.empty() ? 0 : key.hash()] { return hash; };
+  const auto isAlike = [digest](const Value& other) { return internal::digest(other) == digest; };
+  const std::size_t first = storage_->find(hash, isAlike);
   if (first == entries.size()) return nullptr;
   const std::size_t second =
-      storage_->find(hashOf, [&](const Value& other) { return &other != &entries[first].key && other.hash() == hash; });
+      storage_->find(hash, [&](const Value& other) { return &other != &entries[first].key && isAlike(other); });
   return second == entries.size() ? &entries[first] : nullptr;
 }
 
@@ -248,15 +283,15 @@ bool operator==(const Value& a, const Value& b) {
       return false;
     } else if (const List* list = left->asList()) {
       const List& other = *right->asList();
-      if (list->size() != other.size()) return false;
+      if (list->size() != other.size() || internal::digest(*left) != internal::digest(*right)) return false;
       if (list->begin() != other.begin())
         for (std::size_t i = list->size(); i-- > 0;) pairs.emplace_back(&(*list)[i], &other[i]);
     } else if (const Dictionary* dictionary = left->asDictionary()) {
       const Dictionary& other = *right->asDictionary();
-      if (dictionary->size() != other.size()) return false;
+      if (dictionary->size() != other.size() || internal::digest(*left) != internal::digest(*right)) return false;
       if (dictionary->begin() != other.begin()) {
         for (const DictionaryEntry& entry : *dictionary) {
-          // A key that is a nesting itself is compared here too, unless others are like it in their outermost levels.
+          // A key that is a nesting itself is compared here too, unless others are like it.
           if (entry.key.asList() || entry.key.asDictionary()) {
             if (const DictionaryEntry* alike = other.findOnlyOneLike(entry.key)) {
               pairs.emplace_back(&entry.key, &alike->key);

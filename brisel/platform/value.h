@@ -24,9 +24,12 @@ struct DictionaryEntry;
 namespace internal {
 struct ListStorage;
 struct DictionaryStorage;
+std::size_t digest(const Value& value);
 }  // namespace internal
 
-/// An immutable sequence of values. Copies share their elements. Any nesting may be compared, hashed and destroyed.
+/// An immutable sequence of values. Copies share their elements. Any nesting may be hashed, destroyed and compared,
+/// except that comparing costs stack where, thousands of levels deep, dictionaries stand in keys of dictionaries beside
+/// keys that differ from these in objects, colours or NaNs alone.
 class List {
  public:
   List() noexcept = default;
@@ -50,6 +53,7 @@ class List {
   friend bool operator==(const List& a, const List& b);
 
  private:
+  friend std::size_t internal::digest(const Value& value);
   std::shared_ptr<const internal::ListStorage> storage_;  // null when empty
 };
 
@@ -89,6 +93,7 @@ class Dictionary {
   friend bool operator==(const Dictionary& a, const Dictionary& b);
 
  private:
+  friend std::size_t internal::digest(const Value& value);
   friend bool operator==(const Value& a, const Value& b);
   const Value* findValue(const Value& key) const;
   const Entry* findOnlyOneLike(const Value& key) const;

@@ -205,6 +205,51 @@ TEST(Dictionary, TellsKeysApartThatAreAlikeInTheirOutermostLevels) {
   EXPECT_EQ((Dictionary{{nest(1), "one"}}), (Dictionary{{nest(1), "one"}}));
 }
 
+TEST(Dictionary, MayBeNestedFiftyThousandLevelsDeepBesideKeysAlikeInTheirOutermostLevels) {
+  const auto wrapped = [](Value value) {
+    for (int i = 0; i < 5; ++i) value = List{value};
+    return value;
+  };
+  const Value alike = wrapped("alike");
+  ASSERT_EQ(wrapped(1).hash(), alike.hash());
+  const auto nest = [&](std::int64_t core) {
+    Value value(core);
+    for (int i = 0; i < 50'000; ++i) value = Dictionary{{wrapped(value), 1}, {alike, 2}};
+    return value;
+  };
+  const Value a = nest(1);
+  EXPECT_TRUE(a == nest(1));
+  EXPECT_FALSE(a == nest(2));
+}
+
+TEST(Dictionary, TellsKeysApartThatDifferInObjectsAlone) {
+  const auto named = [](const char* name) { return Value(List{std::make_shared<Named>(name)}); };
+  const Dictionary both{{named("a"), 1}, {named("b"), 2}};
+  ASSERT_EQ(both.size(), 2U);
+  EXPECT_EQ(both, (Dictionary{{named("b"), 2}, {named("a"), 1}}));
+  EXPECT_NE(both, (Dictionary{{named("b"), 1}, {named("a"), 2}}));
+  EXPECT_NE(both, (Dictionary{{named("a"), 1}, {named("c"), 2}}));
+}
+
+TEST(List, EqualsAnotherWhoseObjectBecameEqualSinceItWasMade) {
+  class Changing final : public NSObject {
+   public:
+    explicit Changing(int initial) : state(initial) {}
+    bool isEqual(const NSObject& other) const override {
+      const auto* changing = dynamic_cast<const Changing*>(&other);
+      return changing && changing->state == state;
+    }
+    std::size_t objectHash() const override { return static_cast<std::size_t>(state); }
+    int state;
+  };
+  const auto one = std::make_shared<Changing>(1), other = std::make_shared<Changing>(2);
+  const Value a(List{List{one}}), b(List{List{other}});
+  EXPECT_NE(a, b);
+  other->state = 1;
+  EXPECT_EQ(a, b);
+  EXPECT_EQ(a.hash(), b.hash());
+}
+
 TEST(Dictionary, FindsItsEntries) {
   const Dictionary dictionary{{"a", 1}, {2, "two"}, {nullptr, 3}};
   EXPECT_EQ(*dictionary.find("a"), Value(1));
