@@ -5,7 +5,7 @@ option(BRISEL_BUILD_GALLERY "Build the program brisel" ${PROJECT_IS_TOP_LEVEL})
 option(BRISEL_BUILD_TESTS "Build the tests" OFF)
 option(BRISEL_BUILD_FUZZERS "Build the fuzz targets (clang only)" OFF)
 option(BRISEL_BUILD_BENCHMARKS "Build the benchmarks and their peers" OFF)
-# What is shipped, and what clang-tidy sees, is compiled without: so that each file includes what it needs.
+# What clang-tidy sees is compiled without, and so is the library within other projects: each file includes what it needs.
 option(BRISEL_PRECOMPILE "Precompile the standard library's headers" OFF)
 option(BRISEL_INSTALL "Generate the install rules" ${PROJECT_IS_TOP_LEVEL})
 option(BRISEL_WARNINGS_AS_ERRORS "Treat warnings as errors" ${PROJECT_IS_TOP_LEVEL})
