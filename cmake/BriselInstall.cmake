@@ -41,15 +41,33 @@ install(
   DESTINATION ${package_dir}
   COMPONENT Development)
 
-# pkg-config takes "cairo >= 1.16" where FindPkgConfig takes "cairo>=1.16".
-string(REPLACE ">=" " >= " BRISEL_PC_REQUIRES "${BRISEL_LINUX_MODULES}")
-list(JOIN BRISEL_PC_REQUIRES ", " BRISEL_PC_REQUIRES)
+# pkg-config: Brisel<name>.pc for each library, which requires what CMake links with it. What a static library was built
+# on is among that; a shared one brings it itself. "cairo >= 1.16" is "cairo>=1.16" to FindPkgConfig.
+string(REPLACE ">=" " >= " linux_modules "${BRISEL_LINUX_MODULES}")
 file(RELATIVE_PATH BRISEL_PC_PREFIX /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
-configure_file(${CMAKE_CURRENT_LIST_DIR}/BriselFoundation.pc.in BriselFoundation.pc @ONLY)
-install(
-  FILES ${CMAKE_CURRENT_BINARY_DIR}/BriselFoundation.pc
-  DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
-  COMPONENT Development)
+string(REGEX REPLACE "/$" "" BRISEL_PC_PREFIX ${BRISEL_PC_PREFIX})
+foreach(target IN LISTS BRISEL_LIBRARY_TARGETS)
+  get_target_property(BRISEL_PC_DESCRIPTION ${target} BRISEL_DESCRIPTION)
+  get_target_property(linked ${target} INTERFACE_LINK_LIBRARIES)
+  set(BRISEL_PC_REQUIRES ${linked})
+  list(FILTER BRISEL_PC_REQUIRES INCLUDE REGEX "^Brisel::")
+  list(TRANSFORM BRISEL_PC_REQUIRES REPLACE "^Brisel::(.*)" "Brisel\\1 = ${PROJECT_VERSION}")
+  list(JOIN BRISEL_PC_REQUIRES ", " BRISEL_PC_REQUIRES)
+  set(BRISEL_PC_REQUIRES_PRIVATE "")
+  if(linked MATCHES "PkgConfig::BRISEL_LINUX")
+    list(JOIN linux_modules ", " BRISEL_PC_REQUIRES_PRIVATE)
+  endif()
+  get_target_property(type ${target} TYPE)
+  set(BRISEL_PC_LIBS "")
+  if(NOT type STREQUAL "INTERFACE_LIBRARY")
+    set(BRISEL_PC_LIBS "-L\${libdir} -l${target}")
+  endif()
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/library.pc.in ${target}.pc @ONLY)
+  install(
+    FILES ${CMAKE_CURRENT_BINARY_DIR}/${target}.pc
+    DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig
+    COMPONENT Development)
+endforeach()
 
 install(
   FILES ${PROJECT_SOURCE_DIR}/NOTICE.md

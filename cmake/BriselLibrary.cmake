@@ -27,9 +27,10 @@ function(brisel_precompile target)
   endif()
 endfunction()
 
-# brisel_library(<name> SOURCES … [PUBLIC …] [PRIVATE …]): the library Brisel<name>, exported as Brisel::<name>.
+# brisel_library(<name> DESCRIPTION … SOURCES … [PUBLIC …] [PRIVATE …]): the library Brisel<name>, exported as
+# Brisel::<name>. The description is pkg-config's.
 function(brisel_library name)
-  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  cmake_parse_arguments(ARG "" "DESCRIPTION" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
   set(target Brisel${name})
   add_library(${target} ${ARG_SOURCES})
   add_library(Brisel::${name} ALIAS ${target})
@@ -43,7 +44,8 @@ function(brisel_library name)
                                               $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   target_link_libraries(${target} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE})
   target_link_options(${target} PRIVATE $<$<NOT:$<BOOL:${BRISEL_SANITIZE}>>:LINKER:-z,defs>)
-  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} VERSION ${PROJECT_VERSION}
+  set_target_properties(${target} PROPERTIES EXPORT_NAME ${name} BRISEL_DESCRIPTION "${ARG_DESCRIPTION}"
+                                             VERSION ${PROJECT_VERSION}
                                              SOVERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
   set_property(GLOBAL APPEND PROPERTY BRISEL_LIBRARIES ${target})
 endfunction()

@@ -1,6 +1,7 @@
 # What is built, and how. Everything but the library itself is off for projects that embed this one.
 
-option(BRISEL_BUILD_ASSETS "Build the resource bundle (needs npm packages, see assets/)" ${PROJECT_IS_TOP_LEVEL})
+option(BRISEL_BUILD_ASSETS "Make the resource bundle for all, and not only for programs that it is deployed with"
+       ${PROJECT_IS_TOP_LEVEL})
 option(BRISEL_BUILD_GALLERY "Build the program brisel" ${PROJECT_IS_TOP_LEVEL})
 option(BRISEL_BUILD_TESTS "Build the tests" OFF)
 option(BRISEL_BUILD_FUZZERS "Build the fuzz targets (clang only)" OFF)

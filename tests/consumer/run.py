@@ -1,10 +1,11 @@
-"""A host's project builds and runs against the installed tree, which has been moved since.
+"""A host's project builds and runs against the installed tree, which has been moved since, and with the source tree.
 
-usage: run.py <source folder> <build folder> <compiler> [--flags=<compiler flags>]
+usage: run.py <source folder> <build folder> <store of bundles> <compiler> [--flags=<compiler flags>]
 
 Installs the build, moves it to another prefix, and then: builds the README's first example by find_package, runs it from
 another folder, and runs it again with the bundle deployed beside the program and the installed one gone; builds the
-same by pkg-config; configures a project that takes the source tree in by add_subdirectory.
+same, and one that needs no text library, by pkg-config. Lastly builds and runs it in a project that takes the source
+tree in by add_subdirectory.
 """
 
 import os
@@ -43,45 +44,75 @@ def build_by_cmake(project, build, compiler, flags, *options):
     run("cmake", "--build", build)
 
 
-def build_by_pkg_config(source, prefix, scratch, compiler, flags):
-    static = [] if list(prefix.glob("lib/libBriselCore.so*")) else ["--static"]
-    environment = {**os.environ, "PKG_CONFIG_PATH": str(prefix / "lib/pkgconfig")}
-    answer = run("pkg-config", "--cflags", "--libs", *static, "BriselFoundation", env=environment)
-    program = scratch / "hello_by_pkg_config"
-    run(compiler, "-std=c++20", *flags.split(), source / "examples/hello/main.cc", "-o", program, *answer.split(),
+def build_by_pkg_config(package, example, prefix, folder, compiler, flags):
+    """The example's program, with the bundle beside it where it is linked statically."""
+    static = is_static(prefix)
+    # Shared libraries need no development files but their own.
+    searched = "PKG_CONFIG_PATH" if static else "PKG_CONFIG_LIBDIR"
+    environment = {**os.environ, searched: str(prefix / "lib/pkgconfig")}
+    answer = run("pkg-config", "--cflags", "--libs", *(["--static"] if static else []), package, env=environment)
+    folder.mkdir()
+    run(compiler, "-std=c++20", *flags.split(), example / "main.cc", "-o", folder / "program", *answer.split(),
         f"-Wl,-rpath,{prefix}/lib")
-    return program
+    if static:
+        bundle = Path(run("pkg-config", "--variable=bundle", package, env=environment).strip())
+        shutil.copytree(bundle, folder / bundle.name)
+    return folder / "program", answer
 
 
-def check(source, build, compiler, flags):
+def expect(example, program):
+    said, expected = run(program, cwd="/"), (example / "expected.txt").read_text()
+    if said != expected:
+        sys.exit(f"{program} said {said!r}, not {expected!r}")
+
+
+def is_static(prefix):
+    return not list(prefix.glob("lib/libBriselCore.so*"))
+
+
+def check_installed(source, build, scratch, compiler, flags):
+    hello, themes = source / "examples/hello", source / "examples/themes"
+    prefix = installed_and_moved(build, scratch)
+
+    project = source / "tests/consumer/deployed" if is_static(prefix) else hello
+    build_by_cmake(project, scratch / "hello", compiler, flags, f"-DCMAKE_PREFIX_PATH={prefix}")
+    expect(hello, scratch / "hello/hello")
+
+    program, _ = build_by_pkg_config("BriselFoundation", hello, prefix, scratch / "by_pkg_config", compiler, flags)
+    tokens, linked = build_by_pkg_config("BriselTokens", themes, prefix, scratch / "tokens", compiler, flags)
+    if re.search("BriselCore|BriselPlatformLinux|harfbuzz|cairo", linked):
+        sys.exit("a program without text links a text library")
+    if is_static(prefix):  # Programs that bring their bundle along need nothing of the installed tree.
+        shutil.rmtree(prefix)
+        expect(hello, scratch / "hello/hello")
+    expect(hello, program)
+    expect(themes, tokens)
+
+
+def check_embedded(source, build, store, scratch, compiler, flags):
+    launcher = f"{source}/tests/consumer/compiled_already.sh;{build}"
+    build_by_cmake(source / "tests/consumer/embedded", scratch / "embedded", compiler, flags,
+                   f"-DBRISEL_SOURCE={source}", f"-DBRISEL_BUNDLE_STORE={store}",
+                   f"-DCMAKE_CXX_COMPILER_LAUNCHER={launcher}")
+    expect(source / "examples/hello", scratch / "embedded/hello")
+
+    refusal = subprocess.run(["cmake", "-S", source / "tests/consumer/without_packages", "-B", scratch / "refused",
+                              f"-DBRISEL_SOURCE={source}"], text=True, capture_output=True)
+    if refusal.returncode == 0 or "setup/install.sh assets" not in refusal.stderr:
+        sys.exit(f"does not say how to get what the bundle is made from: {refusal.stderr}")
+
+
+def check(source, build, store, compiler, flags):
     readme = (source / "README.md").read_text()
     for example in re.findall(r"<!-- (examples/\w+/main\.cc);", readme):
         if (source / example).read_text() not in readme:
             sys.exit(f"README.md does not show {example} as it is")
     with tempfile.TemporaryDirectory() as folder:
-        scratch = Path(folder)
-        prefix = installed_and_moved(build, scratch)
-        static = not list(prefix.glob("lib/libBriselCore.so*"))
-
-        project = source / "tests/consumer/deployed" if static else source / "examples/hello"
-        build_by_cmake(project, scratch / "hello", compiler, flags, f"-DCMAKE_PREFIX_PATH={prefix}")
-        said = run(scratch / "hello/hello", cwd="/")
-        expected = (source / "examples/hello/expected.txt").read_text()
-        if said != expected:
-            sys.exit(f"the example said {said!r}, not {expected!r}")
-
-        program = build_by_pkg_config(source, prefix, scratch, compiler, flags)
-        if static:  # A program that brings its bundle along needs nothing of the installed tree.
-            shutil.rmtree(prefix)
-            if run(scratch / "hello/hello", cwd="/") != expected:
-                sys.exit("the deployed program needs the installed tree")
-        elif run(program, cwd="/") != expected:
-            sys.exit("the example built by pkg-config says something else")
-
-        run("cmake", "-S", source / "tests/consumer/embedded", "-B", scratch / "embedded", "-G", "Ninja",
-            f"-DCMAKE_CXX_COMPILER={compiler}", f"-DBRISEL_SOURCE={source}")
+        check_installed(source, build, Path(folder), compiler, flags)
+        check_embedded(source, build, store, Path(folder), compiler, flags)
 
 
 if __name__ == "__main__":
-    flags = [argument.removeprefix("--flags=") for argument in sys.argv[4:]]
-    check(Path(sys.argv[1]).resolve(), Path(sys.argv[2]).resolve(), sys.argv[3], " ".join(flags))
+    source, build, store = (Path(argument).resolve() for argument in sys.argv[1:4])
+    flags = [argument.removeprefix("--flags=") for argument in sys.argv[5:]]
+    check(source, build, store, sys.argv[4], " ".join(flags))
