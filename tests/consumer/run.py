@@ -1,11 +1,13 @@
-"""A host's project builds and runs against the installed tree, which has been moved since, and with the source tree.
+"""Builds and runs the README's first example as hosts do.
 
-usage: run.py <source folder> <build folder> <store of bundles> <compiler> [--flags=<compiler flags>]
+usage: run.py installed <source folder> <build folder> <compiler> [<compiler flags>]
+       run.py embedded <source folder> <build folder> <compiler> [<compiler flags>]
 
-Installs the build, moves it to another prefix, and then: builds the README's first example by find_package, runs it from
-another folder, and runs it again with the bundle deployed beside the program and the installed one gone; builds the
-same, and one that needs no text library, by pkg-config. Lastly builds and runs it in a project that takes the source
-tree in by add_subdirectory.
+installed: Installs the build and moves it to another prefix. Builds the example by find_package, runs it from another
+folder, and runs it again with the bundle deployed beside the program and the installed one gone; builds it, and one
+that needs no text library, by pkg-config.
+embedded: Builds and runs it in a project that takes the source tree in by add_subdirectory and deploys the bundle. The
+library is not compiled again.
 """
 
 import os
@@ -72,8 +74,12 @@ def is_static(prefix):
 
 def check_installed(source, build, scratch, compiler, flags):
     hello, themes = source / "examples/hello", source / "examples/themes"
-    prefix = installed_and_moved(build, scratch)
+    readme = (source / "README.md").read_text()
+    for example in re.findall(r"<!-- (examples/\w+/main\.cc);", readme):
+        if (source / example).read_text() not in readme:
+            sys.exit(f"README.md does not show {example} as it is")
 
+    prefix = installed_and_moved(build, scratch)
     project = source / "tests/consumer/deployed" if is_static(prefix) else hello
     build_by_cmake(project, scratch / "hello", compiler, flags, f"-DCMAKE_PREFIX_PATH={prefix}")
     expect(hello, scratch / "hello/hello")
@@ -89,10 +95,10 @@ def check_installed(source, build, scratch, compiler, flags):
     expect(themes, tokens)
 
 
-def check_embedded(source, build, store, scratch, compiler, flags):
+def check_embedded(source, build, scratch, compiler, flags):
     launcher = f"{source}/tests/consumer/compiled_already.sh;{build}"
     build_by_cmake(source / "tests/consumer/embedded", scratch / "embedded", compiler, flags,
-                   f"-DBRISEL_SOURCE={source}", f"-DBRISEL_BUNDLE_STORE={store}",
+                   f"-DBRISEL_SOURCE={source}", f"-DBRISEL_BUNDLE_STORE={source}/build/bundle",
                    f"-DCMAKE_CXX_COMPILER_LAUNCHER={launcher}")
     expect(source / "examples/hello", scratch / "embedded/hello")
 
@@ -102,17 +108,7 @@ def check_embedded(source, build, store, scratch, compiler, flags):
         sys.exit(f"does not say how to get what the bundle is made from: {refusal.stderr}")
 
 
-def check(source, build, store, compiler, flags):
-    readme = (source / "README.md").read_text()
-    for example in re.findall(r"<!-- (examples/\w+/main\.cc);", readme):
-        if (source / example).read_text() not in readme:
-            sys.exit(f"README.md does not show {example} as it is")
-    with tempfile.TemporaryDirectory() as folder:
-        check_installed(source, build, Path(folder), compiler, flags)
-        check_embedded(source, build, store, Path(folder), compiler, flags)
-
-
 if __name__ == "__main__":
-    source, build, store = (Path(argument).resolve() for argument in sys.argv[1:4])
-    flags = [argument.removeprefix("--flags=") for argument in sys.argv[5:]]
-    check(source, build, store, sys.argv[4], " ".join(flags))
+    check = {"installed": check_installed, "embedded": check_embedded}[sys.argv[1]]
+    with tempfile.TemporaryDirectory() as folder:
+        check(Path(sys.argv[2]).resolve(), Path(sys.argv[3]).resolve(), Path(folder), sys.argv[4], "".join(sys.argv[5:]))
