@@ -6,6 +6,6 @@
 
 int main() {
   const auto font = Brisel::TypeStyle::ballad().font(Brisel::Platform::UIContentSizeCategoryLarge);
-  std::printf("%s, %g points, ", font->fontName().c_str(), font->pointSize());
+  std::printf("%s, %g points, lines %g high, ", font->fontName().c_str(), font->pointSize(), font->lineHeight());
   std::printf("%g points from the edge\n", Brisel::Spacer::x16().value());
 }
