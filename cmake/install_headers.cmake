@@ -1,11 +1,11 @@
 # Run at install time: copies the public headers of ${source_dir}/brisel below ${destination}.
 #
-# A header is public unless it stands in an internal/ folder, belongs to a port that ships or is for tests. Such a one is
-# copied only where a public header includes it, directly or not; so are the .def tables.
+# A header that is not public is copied only where a public one includes it, directly or not; so are the .def tables.
 cmake_minimum_required(VERSION 3.25) # The policies that this file is written for; the install script sets none.
 
+include(${CMAKE_CURRENT_LIST_DIR}/public_headers.cmake)
 file(GLOB_RECURSE waiting RELATIVE ${source_dir} ${source_dir}/brisel/*.h)
-list(FILTER waiting EXCLUDE REGEX "/internal/|^brisel/platform/linux/|_test[.]h$")
+brisel_keep_public(waiting ${source_dir})
 
 set(public "")
 while(waiting)
