@@ -69,7 +69,7 @@ void showTextSizes() {
 
   // A slider, say, gives any scale.
   const auto nearest = Brisel::nearestContentSizeCategory(0.9);
-  std::printf("0.9 is nearest to %s\n", nearest == ContentSizeCategory::extraExtraExtraLarge ? "1" : "another");
+  std::printf("0.9 is nearest to %g\n", nearest.rawValue());
   //! [text sizes]
 }
 

@@ -32,7 +32,7 @@ void showFonts() {
 void showStyles() {
   //! [type style]
   const auto& ballad = TypeStyle::ballad();
-  std::printf("%g points, and %g for who reads large text\n", ballad.font(UIContentSizeCategoryLarge)->pointSize(),
+  std::printf("%g points, and %g for those who read large text\n", ballad.font(UIContentSizeCategoryLarge)->pointSize(),
               ballad.font(UIContentSizeCategoryExtraExtraExtraLarge)->pointSize());
 
   // Derived styles are new values.

@@ -3,7 +3,7 @@
 usage: includes.py <source folder>
 
 Dependencies between the folders of brisel/ run one way, files never form a circle, only the port that ships includes
-its libraries' headers, and programs outside brisel/ see public headers only.
+its libraries' headers, programs outside brisel/ see public headers only, and headers that the documentation names exist.
 """
 
 import re
@@ -124,6 +124,10 @@ def check(root):
             for _, header in INCLUDE.findall(file.read_text()):
                 if header.startswith("brisel/") and "/internal/" in header:
                     complaints.append(f"{file.relative_to(root)}: {header} is no part of the interface")
+    for file in sorted([root / "README.md", *root.glob("docs/**/*.md")]):
+        for header in re.findall(r"`(brisel/[a-z_/]+\.h)`", file.read_text()):
+            if header not in graph:
+                complaints.append(f"{file.relative_to(root)}: {header} does not exist")
     if circle := find_circle(graph):
         complaints.append("a circle: " + " -> ".join(circle))
     if not graph:
