@@ -460,6 +460,14 @@ class CommandLine(unittest.TestCase):
         self.assert_complaint(run("window", env=nowhere), 1, "cannot open a window")
         self.assertEqual(list(self.folder.iterdir()), [])
 
+    def test_a_window_that_nobody_would_see_ends_at_once_and_names_the_screenshot(self):
+        bare = {name: value for name, value in os.environ.items()
+                if name not in ("DISPLAY", "WAYLAND_DISPLAY", "XDG_RUNTIME_DIR", "SDL_VIDEODRIVER")}
+        for environment in {}, {"SDL_VIDEODRIVER": "offscreen"}, {"SDL_VIDEODRIVER": "dummy"}:
+            result = run("window", env=dict(bare, **environment))
+            self.assert_complaint(result, 1, "cannot open a window")
+            self.assertIn("; --screenshot FILE needs no display", result.stderr)
+
     def test_an_interrupted_style_guide_leaves_nothing_behind(self):
         def heed_interrupts():  # which whoever runs the test in the background may ignore
             signal.signal(signal.SIGINT, signal.SIG_DFL)

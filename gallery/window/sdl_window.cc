@@ -8,6 +8,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <thread>
 
 #include <SDL.h>
@@ -25,8 +26,12 @@ namespace {
 using Key = WindowControls::Key;
 using Platform::CGPoint, Platform::CGSize;
 
-[[noreturn]] void fail(const std::string& what) {
-  throw std::runtime_error("cannot " + what + ": " + std::string(SDL_GetError()));
+[[noreturn]] void fail(const std::string& what, const std::string& why = SDL_GetError()) {
+  throw std::runtime_error("cannot " + what + ": " + why);
+}
+
+[[noreturn]] void failToOpen(const std::string& why = SDL_GetError()) {
+  fail("open a window", why + "; --screenshot FILE needs no display");
 }
 
 struct Destroy {
@@ -42,7 +47,16 @@ struct Video {
     // An interrupt ends the program at once: there is nothing to clear away.
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
-    if (SDL_Init(SDL_INIT_VIDEO) != 0) fail("open a window");
+    // Wayland's library would complain in a line of its own where no place for it is named.
+    const char* const wayland = std::getenv("WAYLAND_DISPLAY");
+    if (std::getenv("XDG_RUNTIME_DIR") == nullptr && (wayland == nullptr || *wayland != '/'))
+      SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
+    if (SDL_Init(SDL_INIT_VIDEO) != 0) failToOpen();
+    // Without a display SDL opens windows that nobody sees, nor closes.
+    const std::string_view driver = SDL_GetCurrentVideoDriver();
+    if (driver != "offscreen" && driver != "dummy") return;
+    SDL_Quit();
+    failToOpen("there is no display");
   }
   Video(const Video&) = delete;
   Video& operator=(const Video&) = delete;
@@ -109,7 +123,7 @@ class ShownWindow {
     const auto units = [enlargement](double points) { return static_cast<int>(std::lround(points * enlargement)); };
     window_.reset(SDL_CreateWindow("Brisel", SDL_WINDOWPOS_CENTERED, SDL_WINDOWPOS_CENTERED, units(size.width),
                                    units(size.height), SDL_WINDOW_RESIZABLE | SDL_WINDOW_ALLOW_HIGHDPI));
-    if (!window_) fail("open a window");
+    if (!window_) failToOpen();
     SDL_SetWindowMinimumSize(window_.get(), units(kLeastWindowWidth), units(kLeastWindowHeight));
     renderer_.reset(SDL_CreateRenderer(window_.get(), -1, 0));
     if (!renderer_) fail("draw in a window");

@@ -171,7 +171,7 @@ class LiveWindow(unittest.TestCase):
         environment = dict(self.environment, DISPLAY=":65535")
         result = subprocess.run([PROGRAM, "window"], env=environment, capture_output=True, text=True, timeout=60)
         self.assertEqual((result.returncode, result.stdout), (1, ""))
-        self.assertRegex(result.stderr, r"\Abrisel: cannot open a window: [^\n]+\n\Z")
+        self.assertRegex(result.stderr, r"\Abrisel: cannot open a window: [^\n]+; --screenshot FILE [^\n]+\n\Z")
 
 
 if __name__ == "__main__":
