@@ -16,7 +16,7 @@ namespace {
 using Seconds = std::chrono::duration<double>;
 
 // How long a program takes from its start until it says that it is ready, or ends without a word; nothing if it fails.
-// What the kernel takes to end a process is not in it: some ten milliseconds for each watch of the memory's pressure.
+// What the kernel takes to end a process is not in it.
 std::optional<Seconds> secondsUntilReady(const std::string& program) {
   std::string path = std::string(BRISEL_PROGRAM_DIR "/") + program;
   char* arguments[] = {path.data(), nullptr};

@@ -1,6 +1,7 @@
 #include "brisel/platform/linux/memory_pressure_watcher.h"
 
 #include <cerrno>
+#include <charconv>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -52,15 +53,45 @@ std::optional<std::string> decodeBase64(std::string_view text) {
   return bytes;
 }
 
+std::optional<std::uint64_t> numberAtStartOf(std::string_view text) {
+  std::uint64_t number = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number);
+  return result.ec == std::errc() ? std::optional(number) : std::nullopt;
+}
+
+// The first word of a trigger, which names a line of the pressure file; the length of a stall is the second.
+std::string_view firstWord(std::string_view trigger) { return trigger.substr(0, trigger.find(' ')); }
+
+// The microseconds that tasks have waited for memory so far: in the line of that name, "some avg10=0.00 … total=12".
+std::optional<std::uint64_t> stalledSoFar(int fd, std::string_view name) {
+  char bytes[512];
+  const ssize_t count = ::pread(fd, bytes, sizeof bytes, 0);
+  std::string_view lines(bytes, count > 0 ? static_cast<std::size_t>(count) : 0);
+  constexpr std::string_view key = " total=";
+  for (std::size_t end = lines.find('\n'); end != std::string_view::npos; end = lines.find('\n')) {
+    const std::string_view line = lines.substr(0, end);
+    lines.remove_prefix(end + 1);
+    const std::size_t total = line.find(key);
+    if (firstWord(line) == name && total != std::string_view::npos)
+      return numberAtStartOf(line.substr(total + key.size()));
+  }
+  return std::nullopt;
+}
+
+// One trigger on a pressure file of the kernel; an empty one only listens.
+void addPressureFile(Channels& channels, const std::string& path, std::string_view trigger, MemoryPressureLevel level) {
+  const int mode = trigger.empty() ? O_RDONLY : O_RDWR;
+  FileDescriptor fd(::open(path.c_str(), mode | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
+  if (!fd) return;
+  const auto stalled = stalledSoFar(fd.get(), firstWord(trigger));
+  channels.push_back({std::move(fd), POLLPRI, false, level, std::string(trigger), stalled});
+}
+
 // A pressure file of the kernel, with one trigger for each level.
 Channels openPressureFile(const std::string& path) {
   Channels channels;
-  const auto arm = [&](std::string_view trigger, MemoryPressureLevel level) {
-    FileDescriptor fd(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
-    if (fd && writeAll(fd.get(), trigger)) channels.push_back({std::move(fd), POLLPRI, false, level});
-  };
-  arm({kWarningTrigger, sizeof kWarningTrigger}, MemoryPressureLevel::warning);
-  arm({kCriticalTrigger, sizeof kCriticalTrigger}, MemoryPressureLevel::critical);
+  addPressureFile(channels, path, {kWarningTrigger, sizeof kWarningTrigger}, MemoryPressureLevel::warning);
+  addPressureFile(channels, path, {kCriticalTrigger, sizeof kCriticalTrigger}, MemoryPressureLevel::critical);
   return channels;
 }
 
@@ -86,10 +117,7 @@ Channels openWatched(const std::string& path, const std::optional<std::string>& 
   }
   Channels channels;
   if (S_ISREG(status.st_mode)) {
-    const int mode = greeting.empty() ? O_RDONLY : O_RDWR;
-    FileDescriptor fd(::open(path.c_str(), mode | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
-    if (fd && (greeting.empty() || writeAll(fd.get(), greeting)))
-      channels.push_back({std::move(fd), POLLPRI, false, MemoryPressureLevel::warning});
+    addPressureFile(channels, path, greeting, MemoryPressureLevel::warning);
   } else if (S_ISFIFO(status.st_mode)) {
     // Open for writing too, so that it does not end when its writers leave; nothing is written, as we would read it.
     FileDescriptor fd(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC));
@@ -167,6 +195,16 @@ MemoryPressureChannels MemoryPressureChannels::open(const MemoryPressurePlaces& 
     if (auto channels = openPressureFile(*directory + "/memory.pressure"); !channels.empty())
       return {std::move(channels), false};
   return {openPressureFile(places.system), false};
+}
+
+MemoryPressureNews arm(MemoryPressureChannel& channel) {
+  const std::string trigger = std::exchange(channel.trigger, {});
+  const std::string_view name = firstWord(trigger);
+  const auto stalled = stalledSoFar(channel.fd.get(), name);
+  if (!writeAll(channel.fd.get(), trigger)) return MemoryPressureNews::gone;
+  const auto longest = trigger.size() > name.size() ? numberAtStartOf(trigger.substr(name.size() + 1)) : std::nullopt;
+  if (!stalled || !channel.stalled || !longest) return MemoryPressureNews::none;
+  return *stalled >= *channel.stalled + *longest ? MemoryPressureNews::event : MemoryPressureNews::none;
 }
 
 MemoryPressureNews newsOf(const MemoryPressureChannel& channel, short revents) {

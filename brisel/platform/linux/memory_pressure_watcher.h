@@ -1,6 +1,8 @@
 // Where Linux tells that memory runs short: pressure files of the kernel, or what the service manager names.
 #pragma once
 
+#include <chrono>
+#include <cstdint>
 #include <optional>
 #include <span>
 #include <string>
@@ -11,13 +13,16 @@
 
 namespace Brisel::Platform::Linux {
 
-/// Where to look. Tests put their own places here.
+/// Where to look, and when. Tests put their own places here.
 struct MemoryPressurePlaces {
   std::optional<std::string> watch;  // $MEMORY_PRESSURE_WATCH
   std::optional<std::string> write;  // $MEMORY_PRESSURE_WRITE, in base64
   std::string cgroup = "/proc/self/cgroup";
   std::string mountInfo = "/proc/self/mountinfo";
   std::string system = "/proc/pressure/memory";
+  // From the start of the watching until the kernel is told which stalls to watch for. It takes some ten milliseconds
+  // to forget each of them, which a process would pay at its end without ever having lived to be told of one.
+  std::chrono::milliseconds delay{1000};
 
   /// The places of this process, with its environment as it is now.
   static MemoryPressurePlaces ofThisProcess();
@@ -45,21 +50,27 @@ class FileDescriptor {
 struct MemoryPressureChannel {
   FileDescriptor fd;
   short events = 0;           // what to poll for
-  bool isDiscarding = false;  // whether what arrives is to be read and thrown away; a pressure file is never read
+  bool isDiscarding = false;  // whether what arrives is to be read and thrown away; no pressure file is read for events
   MemoryPressureLevel level = MemoryPressureLevel::warning;
+  std::string trigger{};                   // what `arm` is to write first; there is nothing to poll for until then
+  std::optional<std::uint64_t> stalled{};  // microseconds that tasks had waited for memory when it was opened
 };
 
 /// What became of polling a channel.
 enum class MemoryPressureNews { none, event, gone };
 
 /// The channels of the first place that offers any: the service manager's, the process's cgroup, the system. None where
-/// all refuse, or where the service manager turns the watching off.
+/// all refuse, or where the service manager turns the watching off. Those of pressure files are yet to be armed.
 struct MemoryPressureChannels {
   std::vector<MemoryPressureChannel> channels;
   bool isTurnedOff = false;
 
   static MemoryPressureChannels open(const MemoryPressurePlaces& places);
 };
+
+/// Tells the kernel what to watch for: gone where it refuses, an event where tasks have waited since the opening for as
+/// long as the trigger speaks of, be it all at once or not.
+MemoryPressureNews arm(MemoryPressureChannel& channel);
 
 /// Reads the outcome of a poll, and empties what has to be emptied.
 MemoryPressureNews newsOf(const MemoryPressureChannel& channel, short revents);

@@ -31,24 +31,31 @@ void destroySource(GSource* source) {
 
 }  // namespace
 
-// One watching: the channels and the source that polls them. Deliveries hold the handler weakly, so that ending the
-// watching drops those that have not begun.
+// One watching: the channels and the source that polls them, whose ready time is when to arm those that are to be
+// armed. Deliveries hold the handler weakly, so that ending the watching drops those that have not begun.
 struct LinuxSystemEvents::Watch {
   struct Polled {
     MemoryPressureChannel channel;
-    gpointer tag;
+    void* tag = nullptr;  // null until it is armed
   };
 
-  Watch(MemoryPressureChannels opened, PressureHandler onPressure, GSource* attached)
+  Watch(MemoryPressureChannels opened, std::chrono::microseconds delay, PressureHandler onPressure, GSource* attached)
       : handler(std::make_shared<const PressureHandler>(std::move(onPressure))), source(attached) {
     for (MemoryPressureChannel& channel : opened.channels) {
-      gpointer tag = g_source_add_unix_fd(source, channel.fd.get(), static_cast<GIOCondition>(channel.events));
-      polled.push_back({std::move(channel), tag});
+      polled.push_back({std::move(channel)});
+      if (polled.back().channel.trigger.empty()) poll(polled.back());
     }
+    for (const Polled& each : polled)
+      if (each.tag == nullptr) g_source_set_ready_time(source, g_get_monotonic_time() + delay.count());
   }
   Watch(const Watch&) = delete;
   Watch& operator=(const Watch&) = delete;
   ~Watch() { destroySource(source); }
+
+  void poll(Polled& each) const {
+    const auto& channel = each.channel;
+    each.tag = g_source_add_unix_fd(source, channel.fd.get(), static_cast<GIOCondition>(channel.events));
+  }
 
   std::shared_ptr<const PressureHandler> handler;
   GSource* source;
@@ -69,10 +76,12 @@ std::size_t LinuxSystemEvents::onRunPending() {
   {
     const std::lock_guard lock(mutex_);
     if (watch_) {
+      armWhenDue(*watch_);
       std::vector<pollfd> fds;
-      for (const auto& polled : watch_->polled) fds.push_back({polled.channel.fd.get(), polled.channel.events, 0});
+      for (const auto& [channel, tag] : watch_->polled)
+        fds.push_back({tag != nullptr ? channel.fd.get() : -1, channel.events, 0});
       if (::poll(fds.data(), fds.size(), 0) > 0)
-        for (std::size_t i = fds.size(); i-- > 0;) take(*watch_, i, fds[i].revents);
+        for (std::size_t i = fds.size(); i-- > 0;) take(*watch_, i, newsOf(watch_->polled[i].channel, fds[i].revents));
     }
   }
   return runQueue();
@@ -107,14 +116,32 @@ int LinuxSystemEvents::dispatchPressure(void* self) {
   if (!events.watch_) return G_SOURCE_REMOVE;
   Watch& watch = *events.watch_;
   if (g_main_current_source() != watch.source) return G_SOURCE_REMOVE;
-  for (std::size_t i = watch.polled.size(); i-- > 0;)
-    events.take(watch, i, static_cast<short>(g_source_query_unix_fd(watch.source, watch.polled[i].tag)));
+  for (std::size_t i = watch.polled.size(); i-- > 0;) {
+    const auto& [channel, tag] = watch.polled[i];
+    if (tag == nullptr) continue;
+    events.take(watch, i, newsOf(channel, static_cast<short>(g_source_query_unix_fd(watch.source, tag))));
+  }
+  events.armWhenDue(watch);
   return G_SOURCE_CONTINUE;
 }
 
-void LinuxSystemEvents::take(Watch& watch, std::size_t channel, short revents) {
+void LinuxSystemEvents::armWhenDue(Watch& watch) {
+  const gint64 due = g_source_get_ready_time(watch.source);
+  if (due < 0 || g_get_monotonic_time() < due) return;
+  g_source_set_ready_time(watch.source, -1);
+  for (std::size_t i = watch.polled.size(); i-- > 0;) {
+    auto& polled = watch.polled[i];
+    if (polled.tag != nullptr) continue;
+    const MemoryPressureNews news = arm(polled.channel);
+    if (news != MemoryPressureNews::gone) watch.poll(polled);
+    take(watch, i, news);
+  }
+  if (watch.polled.empty()) complainOnce();
+}
+
+void LinuxSystemEvents::take(Watch& watch, std::size_t channel, MemoryPressureNews news) {
   const auto& polled = watch.polled[channel];
-  switch (newsOf(polled.channel, revents)) {
+  switch (news) {
     case MemoryPressureNews::none:
       return;
     case MemoryPressureNews::event:
@@ -123,27 +150,30 @@ void LinuxSystemEvents::take(Watch& watch, std::size_t channel, short revents) {
       });
       return;
     case MemoryPressureNews::gone:
-      g_source_remove_unix_fd(watch.source, polled.tag);
+      if (polled.tag != nullptr) g_source_remove_unix_fd(watch.source, polled.tag);
       watch.polled.erase(watch.polled.begin() + static_cast<std::ptrdiff_t>(channel));
       return;
   }
 }
 
 void LinuxSystemEvents::onWatchMemoryPressure(PressureHandler handler) {
-  auto opened = MemoryPressureChannels::open(places_ ? *places_ : MemoryPressurePlaces::ofThisProcess());
-  const bool isRefused = opened.channels.empty() && !opened.isTurnedOff;
-  bool complains = false;
-  std::unique_ptr<Watch> ended;
-  {
-    const std::lock_guard lock(mutex_);
-    ended.swap(watch_);
-    if (!opened.channels.empty())  // attached under the lock, as an event may be there at once
-      watch_ = std::make_unique<Watch>(std::move(opened), std::move(handler), attachSource(dispatchPressure, this));
-    complains = isRefused && !std::exchange(hasComplained_, true);
+  const MemoryPressurePlaces places = places_ ? *places_ : MemoryPressurePlaces::ofThisProcess();
+  auto opened = MemoryPressureChannels::open(places);
+  std::unique_ptr<Watch> ended;  // closed without the lock
+  const std::lock_guard lock(mutex_);
+  ended.swap(watch_);
+  if (!opened.channels.empty()) {  // attached under the lock, as an event may be there at once
+    GSource* const source = attachSource(dispatchPressure, this);
+    watch_ = std::make_unique<Watch>(std::move(opened), places.delay, std::move(handler), source);
+  } else if (!opened.isTurnedOff) {
+    complainOnce();
   }
+}
+
+void LinuxSystemEvents::complainOnce() {
+  if (std::exchange(hasComplained_, true)) return;
   // Later, since our caller may hold a lock that the host's log handler needs.
-  if (complains)
-    onPost([] { log("memory pressure: neither the service manager, the cgroup nor the system can be watched"); });
+  onPost([] { log("memory pressure: neither the service manager, the cgroup nor the system can be watched"); });
 }
 
 void LinuxSystemEvents::onStopWatchingMemoryPressure() {

@@ -1,6 +1,7 @@
 #include "brisel/platform/linux/system_events.h"
 
 #include <atomic>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -187,6 +188,19 @@ class MemoryPressureWatching : public ::testing::Test {
 
   void makeFifo(std::string_view name) const { ASSERT_EQ(::mkfifo(path(name).c_str(), 0600), 0); }
 
+  // A pressure file as the kernel writes it, with the microseconds in which some tasks and in which all have waited.
+  void writeStalled(std::string_view name, int some, int full) const {
+    const std::string averages = " avg10=0.00 avg60=0.00 avg300=0.00 total=";
+    write(name, "some" + averages + std::to_string(some) + "\nfull" + averages + std::to_string(full) + "\n");
+  }
+
+  // The channels of the places, all of them armed.
+  std::vector<MemoryPressureChannel> armed() const {
+    auto opened = MemoryPressureChannels::open(places);
+    for (MemoryPressureChannel& channel : opened.channels) EXPECT_EQ(arm(channel), MemoryPressureNews::none);
+    return std::move(opened.channels);
+  }
+
   LinuxSystemEvents::PressureHandler recording() {
     return [this](MemoryPressureLevel level) { told.push_back(level); };
   }
@@ -195,6 +209,8 @@ class MemoryPressureWatching : public ::testing::Test {
   MemoryPressurePlaces places;
   std::vector<MemoryPressureLevel> told;
 };
+
+std::atomic<int> logged{0};
 
 // "some 150000 2000000" and a zero, in base64.
 constexpr char kTriggerInBase64[] = "c29tZSAxNTAwMDAgMjAwMDAwMAA=";
@@ -292,16 +308,92 @@ TEST_F(MemoryPressureWatching, HearsASocketUntilItsPeerLeaves) {
   EXPECT_THAT(told, SizeIs(2));
 }
 
-TEST_F(MemoryPressureWatching, WritesTheGivenTriggerIntoTheGivenFileAndNeverReadsIt) {
+TEST_F(MemoryPressureWatching, WritesTheGivenTriggerIntoTheGivenFileAndReadsNoEventsFromIt) {
   write("file", "");
   places.watch = path("file");
   places.write = kTriggerInBase64;
-  const auto opened = MemoryPressureChannels::open(places);
-  ASSERT_THAT(opened.channels, SizeIs(1));
+  const auto channels = armed();
+  ASSERT_THAT(channels, SizeIs(1));
   EXPECT_EQ(read("file"), kWarningTrigger);
-  EXPECT_EQ(opened.channels[0].events, POLLPRI);
-  EXPECT_EQ(newsOf(opened.channels[0], POLLPRI), MemoryPressureNews::event);
-  EXPECT_EQ(::lseek(opened.channels[0].fd.get(), 0, SEEK_CUR), 20) << "the place after what was written";
+  EXPECT_EQ(channels[0].events, POLLPRI);
+  EXPECT_EQ(newsOf(channels[0], POLLPRI), MemoryPressureNews::event);
+  EXPECT_EQ(::lseek(channels[0].fd.get(), 0, SEEK_CUR), 20) << "the place after what was written";
+}
+
+TEST_F(MemoryPressureWatching, TellsTheKernelNothingBeforeItIsTime) {
+  write("system", "");
+  places.delay = std::chrono::hours(1);
+  LinuxSystemEvents events(places);
+  events.watchMemoryPressure(recording());
+  EXPECT_EQ(events.runPending(), 0U);
+  runLoop();
+  EXPECT_EQ(read("system"), "");
+}
+
+TEST_F(MemoryPressureWatching, TellsTheKernelInItsTimeWithoutAMainLoop) {
+  write("system", "");
+  places.delay = std::chrono::milliseconds(0);
+  LinuxSystemEvents events(places);
+  events.watchMemoryPressure(recording());
+  EXPECT_EQ(read("system"), "");
+  EXPECT_EQ(events.runPending(), 0U);
+  EXPECT_EQ(read("system"), kWarningTrigger);  // an ordinary file keeps the last
+  write("system", "");
+  events.runPending();
+  runLoop();
+  EXPECT_EQ(read("system"), "") << "once is enough";
+}
+
+TEST_F(MemoryPressureWatching, TellsTheKernelInItsTimeInAMainLoopThatWaits) {
+  write("system", "");
+  places.delay = std::chrono::milliseconds(10);
+  LinuxSystemEvents events(places);
+  events.watchMemoryPressure(recording());
+  while (read("system").empty()) g_main_context_iteration(nullptr, TRUE);
+  EXPECT_EQ(read("system"), kWarningTrigger);
+  EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(MemoryPressureWatching, LearnsInItsTimeWhatItWasTooEarlyFor) {
+  writeStalled("file", 1'000, 10);
+  places.watch = path("file");
+  places.write = kTriggerInBase64;
+  places.delay = std::chrono::milliseconds(0);
+  LinuxSystemEvents events(places);
+  events.watchMemoryPressure(recording());
+  writeStalled("file", 151'000, 10);
+  EXPECT_EQ(events.runPending(), 1U);
+  EXPECT_EQ(events.runPending(), 0U);
+  EXPECT_THAT(told, ElementsAre(MemoryPressureLevel::warning));
+}
+
+TEST_F(MemoryPressureWatching, CountsAsEarlyEventsWhatItsTriggersSpeakOf) {
+  for (const int more : {0, 1}) {
+    writeStalled("system", 1'000, 10);
+    auto opened = MemoryPressureChannels::open(places);
+    ASSERT_THAT(opened.channels, SizeIs(2));
+    const auto expected = more == 0 ? MemoryPressureNews::none : MemoryPressureNews::event;
+    writeStalled("system", 150'999 + more, 0);
+    EXPECT_EQ(arm(opened.channels[0]), expected);
+    writeStalled("system", 0, 100'009 + more);
+    EXPECT_EQ(arm(opened.channels[1]), expected);
+  }
+}
+
+TEST_F(MemoryPressureWatching, SaysOnceThatTheKernelRefuses) {
+  logged = 0;
+  setLogHandler([](std::string_view) { ++logged; });
+  places.system = "/dev/full";
+  places.delay = std::chrono::milliseconds(0);
+  LinuxSystemEvents events(places);
+  for (int i = 0; i < 2; ++i) {
+    events.watchMemoryPressure(recording());
+    EXPECT_EQ(logged, i);
+    events.runPending();
+    EXPECT_EQ(logged, 1);
+    events.stopWatchingMemoryPressure();
+  }
+  setLogHandler(nullptr);
 }
 
 TEST_F(MemoryPressureWatching, TakesAnErrorForTheEndOfAChannel) {
@@ -332,18 +424,18 @@ TEST_F(MemoryPressureWatching, PrefersTheServiceManagerThenTheCgroupThenTheSyste
   makeFifo("fifo");
 
   places.watch = path("fifo");
-  ASSERT_THAT(MemoryPressureChannels::open(places).channels, SizeIs(1));
+  ASSERT_THAT(armed(), SizeIs(1));
 
   for (const char* const unusable : {"", "relative", "/nowhere/at/all"}) {
     places.watch = unusable;
     std::ofstream(path("system"), std::ios::trunc).flush();
-    ASSERT_THAT(MemoryPressureChannels::open(places).channels, SizeIs(2)) << unusable;
+    ASSERT_THAT(armed(), SizeIs(2)) << unusable;
     EXPECT_THAT(read("system"), ::testing::Ne(""));  // there is no pressure file in the cgroup
   }
 
   std::ofstream(path("system"), std::ios::trunc).flush();
   write("unified/app/ours/memory.pressure", "");
-  ASSERT_THAT(MemoryPressureChannels::open(places).channels, SizeIs(2));
+  ASSERT_THAT(armed(), SizeIs(2));
   EXPECT_EQ(read("system"), "");
   EXPECT_EQ(read("unified/app/ours/memory.pressure"), kCriticalTrigger);  // an ordinary file keeps the last
 }
@@ -353,7 +445,7 @@ TEST_F(MemoryPressureWatching, FindsItsCgroupBelowTheRootOfAMount) {
   write("mountinfo", "31 24 0:27 /container " + path("mount") + " rw - cgroup2 cgroup2 rw\n");
   std::filesystem::create_directories(path("mount/app"));
   write("mount/app/memory.pressure", "");
-  EXPECT_THAT(MemoryPressureChannels::open(places).channels, SizeIs(2));
+  EXPECT_THAT(armed(), SizeIs(2));
   EXPECT_EQ(read("mount/app/memory.pressure"), kCriticalTrigger);
 }
 
@@ -388,9 +480,8 @@ TEST_F(MemoryPressureWatching, ReadsTheEnvironment) {
   EXPECT_EQ(MemoryPressurePlaces::ofThisProcess().write, "AA==");
 }
 
-std::atomic<int> logged{0};
-
 TEST_F(MemoryPressureWatching, SaysOnceThatNothingCanBeWatched) {
+  logged = 0;
   setLogHandler([](std::string_view) { ++logged; });
   LinuxSystemEvents events(places);
   for (int i = 0; i < 3; ++i) {
