@@ -148,6 +148,7 @@ scaling factor, also when that changes.
   C, Shift C                    next colour set, the one before
   D                             from left to right, from right to left
   Up, Down, Page Up, Page Down, Home, End, wheel      scroll
+  Click                         presses a button, which is chosen, or no longer
   Escape                        close
 
       --size WIDTHxHEIGHT     in points (960x720); a width alone: as high as what it shows

@@ -40,14 +40,17 @@ void PanelView::drawContent(Platform::Canvas& canvas, CGPoint at) const {
 
 std::shared_ptr<PillButton> PillButton::init() { return made(std::shared_ptr<PillButton>(new PillButton), {}); }
 
-void PillButton::setColors(ColorPtr ground, ColorPtr outline) {
-  ground_ = std::move(ground);
-  outline_ = std::move(outline);
+void PillButton::setColors(ColorPtr ground, ColorPtr outline, Platform::UIControlState state) {
+  for (std::size_t i = 0; i < kStates.size(); ++i)
+    if (kStates[i] == state) grounds_[i] = {std::move(ground), std::move(outline)};
 }
 
 void PillButton::drawContent(Platform::Canvas& canvas, CGPoint at) const {
   const Platform::CGSize size = bounds().size;
-  drawGround(canvas, {at, size}, std::min(size.width, size.height) / 2, ground_, outline_);
+  const auto* const shown = std::find_if(kStates.begin(), kStates.end() - 1,
+                                         [this](Platform::UIControlState flag) { return (state() & flag) != 0; });
+  const auto& [inside, outline] = grounds_[static_cast<std::size_t>(shown - kStates.begin())];
+  drawGround(canvas, {at, size}, std::min(size.width, size.height) / 2, inside, outline);
   UIButton::drawContent(canvas, at);
 }
 

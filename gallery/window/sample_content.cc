@@ -170,7 +170,7 @@ std::shared_ptr<UIView> SampleContent::makeControls() {
   const auto buttons = views_.flow(Spacer::x12().value());
   buttons->addSubview(views_.button("Play", Platform::UIControlStateNormal));
   buttons->addSubview(views_.button("Pressed", Platform::UIControlStateHighlighted));
-  buttons->addSubview(views_.button("Following", Platform::UIControlStateSelected));
+  buttons->addSubview(views_.button("Shuffle", Platform::UIControlStateSelected));
   buttons->addSubview(views_.button("Unavailable", Platform::UIControlStateDisabled));
   column.add(buttons, Spacer::x16().value());
 

@@ -38,6 +38,8 @@ class SampleScreen {
 
   /// Whether it would look other than when it was drawn last.
   bool needsDisplay() const noexcept { return needsDisplay_; }
+  /// To be called by whoever has changed one of its views.
+  void setNeedsDisplay() noexcept { needsDisplay_ = true; }
   /// Lays out and draws. Empty where it would have too many pixels.
   Platform::ImagePtr draw(Platform::CGFloat scale);
 

@@ -160,7 +160,8 @@ class ShownWindow {
       case SDL_MOUSEMOTION:
         return controls_.pointerMoved(points(event.motion.x, event.motion.y));
       case SDL_MOUSEBUTTONUP:
-        return controls_.pointerUp();
+        if (event.button.button == SDL_BUTTON_LEFT) controls_.pointerUp();
+        return;
       case SDL_MOUSEWHEEL:
         return controls_.turnWheel(-static_cast<double>(event.wheel.preciseY));
       case SDL_WINDOWEVENT:

@@ -89,13 +89,13 @@ std::shared_ptr<PillButton> StyledViews::button(std::string_view title, UIContro
   auto view = PillButton::init();
   constexpr CGFloat kBeside = Spacer::x24().value(), kAbove = Spacer::x12().value();
   view->setContentEdgeInsets({kAbove, kBeside, kAbove, kBeside});
-  view->setTitle(std::string(title), Platform::UIControlStateNormal);
-  view->setTitle(std::string(title), state);  // a title of its own, so that it can have its own colour
+  for (const UIControlState each : PillButton::kStates)
+    view->setTitle(std::string(title), each);  // one of its own, so that it can have its own colour
   view->setHighlighted(state == Platform::UIControlStateHighlighted);
   view->setSelected(state == Platform::UIControlStateSelected);
   view->setEnabled(state != Platform::UIControlStateDisabled);
-  buttons_.push_back({view, state});
-  style(buttons_.back(), currentCategory());
+  buttons_.push_back(view);
+  style(*view, currentCategory());
   return view;
 }
 
@@ -122,7 +122,7 @@ void StyledViews::setColors(const Theme::ColorSet& colors) {
   for (const StyledLabel& label : labels_) label.view->setTextColor(label.color(colors));
   for (const auto& field : fields_) style(*field, category);
   for (const auto& view : textViews_) view->setTextColor(colors.text().base());
-  for (const StatefulButton& button : buttons_) style(button, category);
+  for (const auto& button : buttons_) style(*button, category);
   for (const auto& icon : icons_) icon->setColor(colors.essential().base());
   for (const auto& ground : panels_)
     ground->setColors(colors.background().tinted().base(), colors.essential().subdued());
@@ -136,7 +136,7 @@ void StyledViews::setAlignment(Platform::NSTextAlignment alignment) {
 
 void StyledViews::textSizeDidChange(const UIContentSizeCategory& category) {
   for (const auto& field : fields_) style(*field, category);
-  for (const StatefulButton& button : buttons_) style(button, category);
+  for (const auto& button : buttons_) style(*button, category);
   for (const auto& icon : icons_) icon->setSide(iconSide(category));
   for (const auto& flow : flows_) flow->contentDidChange();
 }
@@ -154,20 +154,19 @@ void StyledViews::style(Platform::UITextField& field, const UIContentSizeCategor
   field.setAttributedPlaceholder(placeholder);
 }
 
-void StyledViews::style(const StatefulButton& button, const UIContentSizeCategory& category) const {
-  const auto& background = colors_->background();
-  const bool isSelected = button.state == Platform::UIControlStateSelected;
-  const bool isHighlighted = button.state == Platform::UIControlStateHighlighted;
-  const bool isDisabled = button.state == Platform::UIControlStateDisabled;
-  const auto& title = isSelected ? background.base() : isDisabled ? colors_->text().subdued() : colors_->text().base();
-  button.view->setTitleColor(title, button.state);
-  button.view->setColors(isSelected      ? colors_->essential().base()
-                         : isHighlighted ? background.tinted().highlight()
-                                         : background.tinted().base(),
-                         isDisabled || isSelected ? nullptr
-                         : isHighlighted          ? colors_->essential().base()
-                                                  : colors_->essential().subdued());
-  apply(*button.view, buttonStyle(), category);
+// Pressed, a chosen button is in a state of two flags, for which nothing is set: it looks as an ordinary one does.
+void StyledViews::style(PillButton& button, const UIContentSizeCategory& category) const {
+  const auto& ground = colors_->background().tinted();
+  const auto& essential = colors_->essential();
+  button.setTitleColor(colors_->text().base(), Platform::UIControlStateNormal);
+  button.setTitleColor(colors_->text().base(), Platform::UIControlStateHighlighted);
+  button.setTitleColor(colors_->text().subdued(), Platform::UIControlStateDisabled);
+  button.setTitleColor(colors_->background().base(), Platform::UIControlStateSelected);
+  button.setColors(ground.base(), essential.subdued(), Platform::UIControlStateNormal);
+  button.setColors(ground.highlight(), essential.base(), Platform::UIControlStateHighlighted);
+  button.setColors(ground.base(), nullptr, Platform::UIControlStateDisabled);
+  button.setColors(essential.base(), nullptr, Platform::UIControlStateSelected);
+  apply(button, buttonStyle(), category);
 }
 
 }  // namespace Brisel::Gallery

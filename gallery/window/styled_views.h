@@ -39,7 +39,7 @@ class StyledViews {
   std::shared_ptr<PanelView> field(std::string_view text, std::string_view placeholder);
   /// A text view with room round it.
   std::shared_ptr<PanelView> textView(std::string_view text);
-  /// A button in a state, which is a flag or none.
+  /// A button, at first in a state, which is a flag or none.
   std::shared_ptr<PillButton> button(std::string_view title, Platform::UIControlState state);
   std::shared_ptr<IconView> icon(const Icon& icon);
   std::shared_ptr<FlowView> flow(Platform::CGFloat gap);
@@ -56,28 +56,25 @@ class StyledViews {
     Role color;
   };
   const std::vector<StyledLabel>& labels() const noexcept { return labels_; }
+  const std::vector<std::shared_ptr<PillButton>>& buttons() const noexcept { return buttons_; }
 
  private:
   struct Painted {
     std::shared_ptr<Platform::UIView> view;
     Role color;
   };
-  struct StatefulButton {
-    std::shared_ptr<PillButton> view;
-    Platform::UIControlState state;
-  };
 
   std::shared_ptr<PanelView> panel(const std::shared_ptr<Platform::UIView>& content,
                                    const Platform::NSDirectionalEdgeInsets& insets);
   void textSizeDidChange(const Platform::UIContentSizeCategory& category);
   void style(Platform::UITextField& field, const Platform::UIContentSizeCategory& category) const;
-  void style(const StatefulButton& button, const Platform::UIContentSizeCategory& category) const;
+  void style(PillButton& button, const Platform::UIContentSizeCategory& category) const;
 
   const Theme::ColorSet* colors_;
   std::vector<StyledLabel> labels_;
   std::vector<std::shared_ptr<Platform::UITextField>> fields_;
   std::vector<std::shared_ptr<Platform::UITextView>> textViews_;
-  std::vector<StatefulButton> buttons_;
+  std::vector<std::shared_ptr<PillButton>> buttons_;
   std::vector<std::shared_ptr<IconView>> icons_;
   std::vector<std::shared_ptr<FlowView>> flows_;
   std::vector<std::shared_ptr<PanelView>> panels_;

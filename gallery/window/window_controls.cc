@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "gallery/catalogue_names.h"
 #include "gallery/desktop/text_size.h"
@@ -58,13 +59,41 @@ void WindowControls::pointerDown(CGPoint at) {
   const auto [width, height] = slider.bounds().size;
   constexpr CGFloat kAround = 12;  // points beside the slider that count as on it
   isDragging_ = own.x >= -kAround && own.x <= width + kAround && own.y >= -kAround && own.y <= height + kAround;
+  const auto button = isDragging_ ? nullptr : buttonAt(at);
+  pressed_ = button && button->isEnabled() && !button->isHighlighted() ? button : nullptr;
   pointerMoved(at);
 }
 
 void WindowControls::pointerMoved(CGPoint at) {
+  if (pressed_ && pressed_->isHighlighted() != (buttonAt(at) == pressed_)) {
+    pressed_->setHighlighted(!pressed_->isHighlighted());
+    screen_.setNeedsDisplay();
+  }
   if (!isDragging_) return;
   const auto& slider = *screen_.slider();
   choose(slider.stepAt(screen_.window().convertPointToView(at, slider)));
+}
+
+void WindowControls::pointerUp() {
+  isDragging_ = false;
+  const auto button = std::exchange(pressed_, nullptr);
+  if (!button || !button->isHighlighted()) return;
+  button->setHighlighted(false);
+  button->setSelected(!button->isSelected());
+  screen_.setNeedsDisplay();
+}
+
+// Only what is in sight can be meant.
+std::shared_ptr<PillButton> WindowControls::buttonAt(CGPoint at) {
+  const auto isOn = [&window = screen_.window(), at](const Platform::UIView& view) {
+    const CGPoint own = window.convertPointToView(at, view);
+    const auto [width, height] = view.bounds().size;
+    return own.x >= 0 && own.x < width && own.y >= 0 && own.y < height;
+  };
+  if (!isOn(*screen_.scroll())) return nullptr;
+  for (const auto& button : screen_.views().buttons())
+    if (isOn(*button)) return button;
+  return nullptr;
 }
 
 void WindowControls::turnWheel(double notches) { screen_.scrollBy(notches * kLine); }

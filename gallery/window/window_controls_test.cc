@@ -1,5 +1,8 @@
 #include "gallery/window/window_controls.h"
 
+#include <memory>
+#include <string_view>
+
 #include <gtest/gtest.h>
 
 #include "brisel/typography/dynamic_type_monitor.h"
@@ -10,7 +13,7 @@ namespace Brisel::Gallery {
 namespace {
 
 using Key = WindowControls::Key;
-using Platform::CGPoint, Platform::UIUserInterfaceLayoutDirection;
+using Platform::CGFloat, Platform::CGPoint, Platform::UIUserInterfaceLayoutDirection;
 
 class Controls : public testing::Test {
  protected:
@@ -18,6 +21,20 @@ class Controls : public testing::Test {
     const auto& slider = *screen.slider();
     const double width = slider.bounds().size.width;
     return slider.convertPointToView({10 + (width - 20) * step / 11, 10}, screen.window());
+  }
+  // The button of that title, scrolled into sight.
+  std::shared_ptr<PillButton> showButton(std::string_view title) {
+    for (const auto& button : screen.views().buttons()) {
+      if (button->titleForState(Platform::UIControlStateNormal) != title) continue;
+      screen.scrollBy(middleOf(*button).y - 200);
+      return button;
+    }
+    ADD_FAILURE() << "there is no button " << title;
+    return nullptr;
+  }
+  CGPoint middleOf(const PillButton& button) {
+    const auto [width, height] = button.bounds().size;
+    return button.convertPointToView({width / 2, height / 2}, screen.window());
   }
   Platform::ColorPtr colorOfText() const { return screen.views().labels().back().view->textColor(); }
 
@@ -74,6 +91,75 @@ TEST_F(Controls, FollowThePointerFromTheSliderUntilItIsLetGo) {
   controls.pointerDown(elsewhere);
   controls.pointerMoved(onSlider(3));
   EXPECT_EQ(screen.textSize(), ContentSizeCategory::accessibilityMedium);
+}
+
+TEST_F(Controls, PressAButtonWhileThePointerIsOnItAndChooseItWhereItIsLetGo) {
+  const auto button = showButton("Play");
+  EXPECT_EQ(button->state(), Platform::UIControlStateNormal);
+  for (const auto after : {Platform::UIControlStateSelected, Platform::UIControlStateNormal}) {
+    controls.pointerDown(middleOf(*button));
+    EXPECT_TRUE(button->isHighlighted());
+    controls.pointerUp();
+    EXPECT_EQ(button->state(), after);
+  }
+  screen.draw(1);
+  controls.pointerDown(middleOf(*button));
+  EXPECT_TRUE(screen.needsDisplay());
+  screen.draw(1);
+  controls.pointerMoved({0, 0});
+  EXPECT_TRUE(screen.needsDisplay());
+  EXPECT_FALSE(button->isHighlighted());
+  controls.pointerMoved(middleOf(*button));
+  EXPECT_TRUE(button->isHighlighted());
+  screen.draw(1);
+  controls.pointerMoved(middleOf(*button));
+  EXPECT_FALSE(screen.needsDisplay());
+  controls.pointerMoved({0, 0});
+  controls.pointerUp();
+  controls.pointerMoved(middleOf(*button));
+  EXPECT_EQ(button->state(), Platform::UIControlStateNormal) << "let go elsewhere";
+}
+
+TEST_F(Controls, LeaveAloneButtonsThatArePressedOrNotToBeUsed) {
+  for (const char* const title : {"Pressed", "Unavailable"}) {
+    const auto button = showButton(title);
+    const auto before = button->state();
+    EXPECT_NE(before, Platform::UIControlStateNormal);
+    controls.pointerDown(middleOf(*button));
+    EXPECT_EQ(button->state(), before);
+    controls.pointerUp();
+    EXPECT_EQ(button->state(), before);
+  }
+}
+
+TEST_F(Controls, PressNoButtonThatIsScrolledOutOfSight) {
+  const auto button = showButton("Play");
+  screen.setSize({600, 240});  // so that it can be scrolled under the bar
+  const CGFloat edge = screen.scroll()->convertPointToView({0, 0}, screen.window()).y;
+  screen.scrollBy(middleOf(*button).y - (edge + 3));
+  controls.pointerDown(middleOf(*button));
+  EXPECT_TRUE(button->isHighlighted());
+  controls.pointerMoved({0, 0});
+  controls.pointerUp();
+  screen.scrollBy(6);
+  ASSERT_NEAR(middleOf(*button).y, edge - 3, 1e-6);
+  controls.pointerDown(middleOf(*button));
+  EXPECT_EQ(button->state(), Platform::UIControlStateNormal);
+}
+
+TEST_F(Controls, ShowPressedAndChosenButtonsInTheirOwnColours) {
+  const auto button = showButton("Play");
+  const auto pixels = [&] { return screen.draw(1)->bitmap()->rgba; };
+  const auto usual = pixels();
+  controls.pointerDown(middleOf(*button));
+  const auto pressed = pixels();
+  controls.pointerUp();
+  const auto chosen = pixels();
+  EXPECT_NE(pressed, usual);
+  EXPECT_NE(chosen, usual);
+  EXPECT_NE(chosen, pressed);
+  controls.pointerDown(middleOf(*button));
+  EXPECT_EQ(pixels(), pressed) << "a chosen one too";
 }
 
 TEST_F(Controls, ScrollByLinesAndPagesAndToTheEnds) {
