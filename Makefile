@@ -72,7 +72,7 @@ lint:
 
 browser: gallery
 	$(install_for) build assets gallery check
-	node tests/browser/run.mjs out/gallery
+	node tests/browser/run.mjs out/gallery $(JOBS)
 
 # The live window, on a display that nobody sees.
 window:

@@ -17,7 +17,7 @@ const eased = ([x1, y1, x2, y2], x) => {
   return at(y1, y2, low);
 };
 
-await test("six curves stand there with their calls, and values of theirs", "curves.html", async (page) => {
+test("six curves stand there with their calls, and values of theirs", "curves.html", async (page) => {
   const shown = await page.evaluate(() => [...document.querySelectorAll(".curve")].map((figure) =>
     [figure.id, figure.dataset.samples.split(" ").map(Number),
       ...[...figure.querySelectorAll("button")].map((button) => button.textContent)]));
@@ -53,7 +53,7 @@ const watched = (page, id) => page.evaluate((name) => new Promise((done) => {
 }), id);
 
 for (const reducedMotion of ["no-preference", "reduce"]) {
-  await test(`its button moves a curve's dots by its values, with ${reducedMotion}`, "curves.html", async (page) => {
+  test(`its button moves a curve's dots by its values, with ${reducedMotion}`, "curves.html", async (page) => {
     for (const id of ["ease-in", "overshoot"]) {
       await page.locator(`#${id}`).scrollIntoViewIfNeeded();
       const samples = (await page.locator(`#${id}`).getAttribute("data-samples")).split(" ").map(Number);
@@ -76,18 +76,18 @@ const isMovedByPointing = async (page) => {
   return page.evaluate(() => document.getElementById("ease").style.getPropertyValue("--x") !== "");
 };
 
-await test("a curve moves while it is pointed at, and no other does", "curves.html", async (page) => {
+test("a curve moves while it is pointed at, and no other does", "curves.html", async (page) => {
   await page.waitForTimeout(100);
   assert.equal(await page.locator(".curve[style]").count(), 0);
   assert.ok(await isMovedByPointing(page));
   assert.equal(await page.locator(".curve[style]").count(), 1);
 });
 
-await test("pointing moves nothing for those who asked for rest", "curves.html", async (page) => {
+test("pointing moves nothing for those who asked for rest", "curves.html", async (page) => {
   assert.equal(await isMovedByPointing(page), false);
 }, { reducedMotion: "reduce" });
 
-await test("points and handles and the part of a curve have their calls", "curves.html", async (page) => {
+test("points and handles and the part of a curve have their calls", "curves.html", async (page) => {
   const calls = await page.locator(".shape:not(.curve) button").allTextContents();
   assert.deepEqual(calls, ["curve->positionAndHandleAt(0.25)", "curve->positionAndHandleAt(0.5)",
     "curve->positionAndHandleAt(0.75)", "curve->subCurveFromStartT(0.2, 0.8)"]);

@@ -1,4 +1,4 @@
-// What the tests of the style guide share: one browser, and a fresh page for each test.
+// What the tests of the style guide share: a fresh page for each, in as many browsers as may run at once.
 
 import assert from "node:assert/strict";
 import { existsSync } from "node:fs";
@@ -13,13 +13,15 @@ if (!existsSync(join(site, "index.html"))) {
   process.exit(1);
 }
 
-const context = await launch({ permissions: ["clipboard-read", "clipboard-write"] });
+const tests = [];
 
-let passed = 0;
-let failed = 0;
+// Names a test: what `body` does with a fresh page, which must stay free of errors throughout.
+export function test(name, path, body, { width = 1440, height = 900, ...media } = {}) {
+  tests.push({ name, path, body, size: { width, height }, media: { reducedMotion: "no-preference", ...media } });
+}
 
-// Runs one test on a fresh page, which must stay free of errors throughout.
-export async function test(name, path, body, { width = 1440, height = 900, ...options } = {}) {
+// Runs one test, and returns what went wrong, or nothing.
+async function faultOf({ path, body, size, media }, context) {
   const page = await context.newPage();
   const faults = [];
   page.on("console", (message) => { if (message.type() === "error") faults.push(`console: ${message.text()}`); });
@@ -32,8 +34,8 @@ export async function test(name, path, body, { width = 1440, height = 900, ...op
     if (!/^(file|data):/.test(request.url())) faults.push(`asked the network for ${request.url()}`);
   });
   try {
-    await page.setViewportSize({ width, height });
-    await page.emulateMedia({ reducedMotion: "no-preference", ...options });
+    await page.setViewportSize(size);
+    await page.emulateMedia(media);
     await page.addInitScript(() => {
       window.shift = 0;
       new PerformanceObserver((list) => {
@@ -45,14 +47,30 @@ export async function test(name, path, body, { width = 1440, height = 900, ...op
     await page.waitForSelector("html:not(.waiting)");
     await body(page);
     assert.deepEqual(faults, []);
-    passed += 1;
-    console.log(`ok - ${name}`);
+    return undefined;
   } catch (error) {
-    failed += 1;
-    console.log(`not ok - ${name}\n${String(error.stack ?? error).replace(/^/gm, "    ")}`);
+    return String(error.stack ?? error);
   } finally {
     await page.close();
   }
+}
+
+// Runs all tests that were named, each browser taking the next that none has taken, and ends the process with what they
+// came to. A browser has a clipboard of its own, and each runs one test at a time.
+export async function run(jobs) {
+  const waiting = tests.values();
+  let failed = 0;
+  await Promise.all(Array.from({ length: jobs }, async () => {
+    const context = await launch({ permissions: ["clipboard-read", "clipboard-write"] });
+    for (const each of waiting) {
+      const fault = await faultOf(each, context);
+      if (fault !== undefined) failed += 1;
+      console.log(fault === undefined ? `ok - ${each.name}` : `not ok - ${each.name}\n${fault.replace(/^/gm, "    ")}`);
+    }
+    await context.browser().close();
+  }));
+  console.log(`${tests.length - failed} passed, ${failed} failed`);
+  process.exit(failed === 0 ? 0 : 1);
 }
 
 export const clipboard = (page) => page.evaluate(() => navigator.clipboard.readText());
@@ -70,11 +88,4 @@ export async function scrollThrough(page) {
     }
   });
   await page.waitForFunction(() => [...document.images].every((image) => image.complete));
-}
-
-// Closes the browser, and ends the process with what the tests came to.
-export async function finish() {
-  await context.browser().close();
-  console.log(`${passed} passed, ${failed} failed`);
-  process.exit(failed === 0 ? 0 : 1);
 }

@@ -11,7 +11,7 @@ const shown = (page) => page.evaluate(() =>
 const tiles = (page) => page.evaluate(() =>
   [...document.querySelectorAll(".catalogue:not([hidden]) li:not([hidden]) a")].map((link) => link.getAttribute("href")));
 
-await test("the reference is light, and closed catalogues do not drown it", path, async (page) => {
+test("the reference is light, and closed catalogues do not drown it", path, async (page) => {
   assert.ok(statSync(join(site, path)).size < 600_000);
   assert.equal(await page.locator(".catalogue[open]").count(), 0);
   const page_ = await page.evaluate(() => ({ links: document.querySelectorAll(".catalogue a[href^='icons.html#']").length,
@@ -21,7 +21,7 @@ await test("the reference is light, and closed catalogues do not drown it", path
   assert.equal(page_.empty, 0, "entries of which nothing is said");
 });
 
-await test("the reference is filtered by keyboard alone, by names and by what is said of them", path, async (page) => {
+test("the reference is filtered by keyboard alone, by names and by what is said of them", path, async (page) => {
   await page.locator("#reference-filter").focus();
   await page.keyboard.type("with font size");
   assert.ok((await shown(page)).includes("TypeStyle-withFontSize"));
@@ -42,7 +42,7 @@ await test("the reference is filtered by keyboard alone, by names and by what is
   assert.equal(await page.locator(".catalogue[open]").count(), 0);
 });
 
-await test("the filter opens catalogues at what it finds", path, async (page) => {
+test("the filter opens catalogues at what it finds", path, async (page) => {
   await page.locator("#reference-filter").fill("VLMBriselColors::gray7");
   assert.deepEqual(await tiles(page), ["colours.html#gray7", "colours.html#gray70"]);
   assert.ok(await page.locator("a[href='colours.html#gray7']").isVisible());
@@ -50,7 +50,7 @@ await test("the filter opens catalogues at what it finds", path, async (page) =>
   assert.deepEqual(await tiles(page), ["icons.html#heartActive"]);
 });
 
-await test("names and headers of the reference are copied", path, async (page) => {
+test("names and headers of the reference are copied", path, async (page) => {
   const entry = page.locator("#TypeStyle-withFontSize");
   for (const name of ["Brisel::TypeStyle::withFontSize", "VLMBriselTypeStyle::withFontSize"]) {
     await entry.getByRole("button", { name, exact: true }).click();
@@ -61,7 +61,7 @@ await test("names and headers of the reference are copied", path, async (page) =
   await copied(page, '#include "brisel/typography/type_style.h"');
 });
 
-await test("a link to an entry that is filtered out shows it", path, async (page) => {
+test("a link to an entry that is filtered out shows it", path, async (page) => {
   await page.locator("#reference-filter").fill("opacity");
   await page.keyboard.press("/");
   await page.keyboard.type("VLMBriselTypeStyle::withFontSize");
@@ -72,7 +72,7 @@ await test("a link to an entry that is filtered out shows it", path, async (page
   assert.ok(box && box.y > 0 && box.y + box.height <= 900, JSON.stringify(box));
 });
 
-await test("search finds every entry of the reference once", path, async (page) => {
+test("search finds every entry of the reference once", path, async (page) => {
   const { missing, twice } = await page.evaluate(() => {
     const found = briselNames.flatMap(([, , , , ...names]) => names.map((name) => name.replace(/\(\)$/, "")));
     const counts = new Map();
@@ -87,7 +87,7 @@ await test("search finds every entry of the reference once", path, async (page) 
 });
 
 for (const width of [360, 640, 1000, 1280, 1920]) {
-  await test(`the columns of the reference are aligned at ${width} pixels`, path, async (page) => {
+  test(`the columns of the reference are aligned at ${width} pixels`, path, async (page) => {
     const { lefts, tooWide } = await page.evaluate(() => ({
       lefts: [1, 2, 3].map((column) => [...new Set([...document.querySelectorAll(`.entry > :nth-child(${column}):not(:empty)`)]
         .map((cell) => Math.round(cell.getBoundingClientRect().left)))]),

@@ -19,7 +19,7 @@ const inked = (page, source) => page.evaluate(async (data) => {
   return { width, first: columns[0], last: columns.at(-1) };
 }, readFileSync(join(site, source), "base64"));
 
-await test("each kind of view stands there under the names of both interfaces", "text-views.html", async (page) => {
+test("each kind of view stands there under the names of both interfaces", "text-views.html", async (page) => {
   const titles = await page.evaluate(() => [...document.querySelectorAll("h2")].map((head) => head.textContent));
   assert.deepEqual(titles, ["Label", "Text field", "Text view", "Button", "Legacy label", "Fitting", "After a change"]);
   const specimens = (id) => page.evaluate((head) => [...document.querySelectorAll(`[aria-labelledby='${head}'] .shape p`)]
@@ -43,7 +43,7 @@ await test("each kind of view stands there under the names of both interfaces", 
   assert.equal(await clipboard(page), call);
 });
 
-await test("a title is fitted in three styles, six scripts and into one and two lines", "text-views.html", async (page) => {
+test("a title is fitted in three styles, six scripts and into one and two lines", "text-views.html", async (page) => {
   const outcomes = () => page.evaluate(() => [...document.querySelectorAll(".fitted")].map((style) =>
     [style.id, [...style.querySelectorAll("dl > div")].map((row) => [row.querySelector("dt").textContent,
       ...[...row.querySelectorAll("figcaption")].map((caption) => caption.textContent)])]));
@@ -76,7 +76,7 @@ await test("a title is fitted in three styles, six scripts and into one and two 
   assert.ok(atLargest.flatMap(([, rows]) => rows.flat()).some((text) => text.endsWith("does not fit")));
 });
 
-await test("text from right to left stands right", "text-views.html", async (page) => {
+test("text from right to left stands right", "text-views.html", async (page) => {
   for (const [language, lines, right] of [["en", 1, false], ["ar", 1, true], ["he", 1, true], ["ar", 2, true],
     ["he", 2, true]]) {
     const { width, first, last } = await inked(page, `pictures/text-views/fitted-brio-${language}-${lines}-large.png`);
@@ -87,7 +87,7 @@ await test("text from right to left stands right", "text-views.html", async (pag
   }
 });
 
-await test("what is subscribed follows a change and what is not stays", "text-views.html", async (page) => {
+test("what is subscribed follows a change and what is not stays", "text-views.html", async (page) => {
   const sources = (id) => page.evaluate((name) =>
     [...document.querySelectorAll(`#${name} img`)].map((image) => image.getAttribute("src")), id);
   const before = { subscribed: await sources("subscribed"), once: await sources("applied-once") };
@@ -109,7 +109,7 @@ await test("what is subscribed follows a change and what is not stays", "text-vi
   }
 });
 
-await test("a link to a kind of view marks its head", "text-views.html#text-view", async (page) => {
+test("a link to a kind of view marks its head", "text-views.html#text-view", async (page) => {
   const { top, outline, other } = await page.evaluate(() => ({
     top: document.querySelector("#text-view").getBoundingClientRect().top,
     outline: getComputedStyle(document.querySelector("#text-view")).outlineStyle,
@@ -119,7 +119,7 @@ await test("a link to a kind of view marks its head", "text-views.html#text-view
   assert.equal(other, "none");
 });
 
-await test("every call is reached by the Tab key", "text-views.html", async (page) => {
+test("every call is reached by the Tab key", "text-views.html", async (page) => {
   const reached = await page.evaluate(() => {
     const buttons = [...document.querySelectorAll("main button")];
     return { all: buttons.length, reachable: buttons.filter((button) => button.tabIndex === 0).length };

@@ -24,7 +24,7 @@ const slotTexts = (page) => page.evaluate(() => {
   }));
 });
 
-await test("25 sets have a card and 28 slots each, in order, with the design's values", "themes.html", async (page) => {
+test("25 sets have a card and 28 slots each, in order, with the design's values", "themes.html", async (page) => {
   assert.deepEqual(await page.evaluate(() => [...document.querySelectorAll(".set")].map((set) => set.id)),
     [...darkSets, ...campaignSets]);
   const texts = await slotTexts(page);
@@ -53,7 +53,7 @@ await test("25 sets have a card and 28 slots each, in order, with the design's v
   }
 });
 
-await test("contrasts are those of the guidelines, and the poorest is the poorest", "themes.html", async (page) => {
+test("contrasts are those of the guidelines, and the poorest is the poorest", "themes.html", async (page) => {
   const texts = await slotTexts(page);
   const luminance = (color) => color.map((part) => (part <= 0.04045 ? part / 12.92 : ((part + 0.055) / 1.055) ** 2.4))
     .reduce((sum, part, index) => sum + part * [0.2126, 0.7152, 0.0722][index], 0);
@@ -97,7 +97,7 @@ await test("contrasts are those of the guidelines, and the poorest is the poores
   assert.equal(await page.locator(".set p b:not(.fails)", { hasText: "fail" }).count(), 0);
 });
 
-await test("names and values of a slot are copied whole", "themes.html#tierAurel.text.subdued", async (page) => {
+test("names and values of a slot are copied whole", "themes.html#tierAurel.text.subdued", async (page) => {
   for (const [row, button, text] of [
     ["base.text.subdued", "text.subdued", "Brisel::Theme::dark().base().text().subdued()"],
     ["base.text.subdued", ".text().subdued()", "Brisel::Theme::dark().base().text().subdued()"],
@@ -114,7 +114,7 @@ await test("names and values of a slot are copied whole", "themes.html#tierAurel
   }
 });
 
-await test("arrows walk the slots, and Tab takes a set at a time", "themes.html", async (page) => {
+test("arrows walk the slots, and Tab takes a set at a time", "themes.html", async (page) => {
   const focused = () => page.evaluate(() =>
     `${document.activeElement.closest("[id]").id}: ${document.activeElement.textContent.trim()}`);
   await page.locator("[id='base.background.elevated.base'] button").first().focus();
@@ -125,7 +125,7 @@ await test("arrows walk the slots, and Tab takes a set at a time", "themes.html"
   assert.equal(await focused(), "brightAccent: Brisel::Theme::dark().brightAccent()");
 });
 
-await test("a link to a set lands on its name; a narrow page links to all", "themes.html#tierAurel", async (page) => {
+test("a link to a set lands on its name; a narrow page links to all", "themes.html#tierAurel", async (page) => {
   const box = await page.locator("#tierAurel h3").boundingBox();
   assert.ok(box.y > 0 && box.y < 100, JSON.stringify(box));
   assert.deepEqual(await page.locator(".sets a").allTextContents(), [...darkSets, ...campaignSets]);
@@ -133,7 +133,7 @@ await test("a link to a set lands on its name; a narrow page links to all", "the
   await page.waitForURL(/#overMedia$/);
 }, { width: 360 });
 
-await test("search shows a slot with its swatch and its value", "index.html", async (page) => {
+test("search shows a slot with its swatch and its value", "index.html", async (page) => {
   await page.locator("#site-search").fill("overMedia.decorative.subdued");
   const option = page.locator("[role='option']").first();
   assert.equal(await option.textContent(), "Brisel::Theme::dark().overMedia().decorative().subdued()#FFFFFF21");

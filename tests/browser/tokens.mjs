@@ -5,7 +5,7 @@ import { readFileSync } from "node:fs";
 import { join } from "node:path";
 import { clipboard, site, test } from "./harness.mjs";
 
-await test("13 spacers and 6 opacities stand there with their values, drawn to size", "tokens.html", async (page) => {
+test("13 spacers and 6 opacities stand there with their values, drawn to size", "tokens.html", async (page) => {
   const rows = await page.evaluate(() => [...document.querySelectorAll(".token")].map((row) =>
     [...row.querySelectorAll("button")].map((button) => button.textContent).join(" ")));
   const spacers = [4, 8, 12, 16, 20, 24, 32, 40, 48, 56, 64, 72, 80];
