@@ -31,7 +31,7 @@ class NSMapTable {
   void setObject(std::shared_ptr<V> object, const std::shared_ptr<T>& key) {
     if (!key || key.use_count() == 0) fatalError("A key of an NSMapTable must be an object held by a shared_ptr");
     // Doubling keeps the cost of sweeping in proportion to that of inserting.
-    if (entries_.size() >= 2 * std::max(sizeAfterSweep_, kSmallest)) sweep();
+    if (entries_.size() >= 2 * std::max(sizeAfterSweep_, kSmallest)) sweep([](const Key&) {});
     internal::WeakKey weakKey(key);
     Entry& entry = entries_[weakKey.address()];
     // What stood here, perhaps of a freed key with the same address, dies when the table is whole again.
@@ -56,15 +56,6 @@ class NSMapTable {
     entries_.erase(found);
   }
 
-  /// The keys that are alive now, in no particular order. What is locked of them may be given to `objectForKey`.
-  std::vector<Key> keyEnumerator() const {
-    std::vector<Key> keys;
-    keys.reserve(entries_.size());
-    for (const auto& [address, entry] : entries_)
-      if (!entry.key.isExpired()) keys.push_back(entry.key.weak());
-    return keys;
-  }
-
   /// How many keys are alive.
   std::size_t count() const {
     std::size_t count = 0;
@@ -75,13 +66,9 @@ class NSMapTable {
   /// How many entries take up room, freed keys included.
   std::size_t storedCount() const noexcept { return entries_.size(); }
 
-  /// Drops the entries of freed keys. An insertion does so by itself when the table has become twice as large as it was
-  /// after the last time.
-  void sweep() {
-    sweep([](const Key&) {});
-  }
-
-  /// `keyEnumerator` that sweeps as it goes, so that a large table is walked once.
+  /// The keys that are alive now, in no particular order; what is locked of them may be given to `objectForKey`. Drops
+  /// the entries of freed keys, as an insertion does by itself when the table has become twice as large as it was after
+  /// the last time.
   std::vector<Key> sweptKeys() {
     std::vector<Key> keys;
     keys.reserve(entries_.size());

@@ -52,8 +52,7 @@ TEST(MapTable, HoldsKeysWeaklyAndValuesStrongly) {
   EXPECT_FALSE(stored.expired());
   key.reset();
   EXPECT_EQ(table.count(), 0U);
-  EXPECT_TRUE(table.keyEnumerator().empty());
-  table.sweep();
+  EXPECT_TRUE(table.sweptKeys().empty());
   EXPECT_TRUE(stored.expired());
 }
 
@@ -113,7 +112,7 @@ TEST(MapTable, HandsOutKeysThatFindTheirValues) {
   table.setObject(value(1), std::shared_ptr<Right>(object));
   table.setObject(value(2), key);
   int sum = 0;
-  for (const auto& weak : table.keyEnumerator())
+  for (const auto& weak : table.sweptKeys())
     if (const auto alive = weak.lock()) sum += *table.objectForKey(alive);
   EXPECT_EQ(sum, 3);
 }
@@ -147,7 +146,7 @@ TEST(MapTable, IsWholeWhenItsValuesAreDestroyed) {
   table.setObject(nullptr, a);  // displaced
   table.removeObjectForKey(a);  // null, so silent
   b.reset();
-  table.sweep();
+  EXPECT_TRUE(table.sweptKeys().empty());
   EXPECT_EQ(seen, (std::vector<std::size_t>{2, 0}));
 }
 

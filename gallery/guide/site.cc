@@ -24,8 +24,8 @@ namespace {
 // In every page's head; tells a style guide from other directories.
 constexpr std::string_view kGenerator = "brisel gallery";
 
-constexpr std::string_view kStaticFiles[] = {"page.css",     "faces.js", "copy.js",   "search.js",   "swatches.js",
-                                             "text_size.js", "icons.js", "curves.js", "reference.js"};
+constexpr std::string_view kStaticFiles[] = {"page.css",     "faces.js",  "copy.js",  "search.js", "swatches.js",
+                                             "text_size.js", "filter.js", "icons.js", "curves.js", "reference.js"};
 
 // The faces that page.css sets the pages in.
 constexpr std::string_view kWebFonts[] = {"Tondal-Book", "Tondal-Bold", "TondalTitle-Bold"};

@@ -28,24 +28,9 @@
     if (!stop() || stop().closest("[hidden]")) enter(shown[0]?.querySelector("button"));
   };
 
-  // Who follows a link to an icon that is filtered out gets to see it.
-  const reveal = () => {
-    const tile = document.getElementById(decodeURIComponent(location.hash.slice(1)));
-    if (!tile?.hidden || !tiles.includes(tile)) return;
-    filter.value = "";
-    show();
-    tile.scrollIntoView();
-  };
-
   for (const button of grid.querySelectorAll("button")) button.tabIndex = -1;
   show();
-  filter.addEventListener("input", show);
-  filter.addEventListener("keydown", (event) => {
-    if (event.key !== "Escape") return;
-    filter.value = "";
-    show();
-  });
-  addEventListener("hashchange", reveal);
+  brisel.filter(filter, grid, show);
 
   for (const choice of document.querySelectorAll("[name='icon-size']")) {
     choice.addEventListener("change", () => {

@@ -43,24 +43,5 @@
     }
   };
 
-  // Who follows a link to an entry that is filtered out gets to see it.
-  const reveal = () => {
-    const entry = document.getElementById(location.hash.slice(1));  // no entry's address needs decoding
-    if (!entry?.closest(".reference [hidden]")) return;
-    filter.value = "";
-    show();
-    entry.scrollIntoView();
-  };
-
-  filter.addEventListener("input", show);
-  filter.addEventListener("keydown", (event) => {
-    if (event.key !== "Escape") return;
-    filter.value = "";
-    show();
-  });
-  addEventListener("hashchange", reveal);
-  if (filter.value !== "") {  // what a browser brings back
-    show();
-    reveal();
-  }
+  brisel.filter(filter, reference, show);
 })();
