@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <unordered_map>
 #include <utility>
@@ -18,9 +19,6 @@ namespace Brisel::Platform {
 template <class V>
 class NSMapTable {
  public:
-  /// A key as the table holds it.
-  using Key = std::weak_ptr<const void>;
-
   NSMapTable() = default;
   NSMapTable(const NSMapTable&) = delete;
   NSMapTable& operator=(const NSMapTable&) = delete;
@@ -31,74 +29,118 @@ class NSMapTable {
   void setObject(std::shared_ptr<V> object, const std::shared_ptr<T>& key) {
     if (!key || key.use_count() == 0) fatalError("A key of an NSMapTable must be an object held by a shared_ptr");
     // Doubling keeps the cost of sweeping in proportion to that of inserting.
-    if (entries_.size() >= 2 * std::max(sizeAfterSweep_, kSmallest)) sweep([](const Key&) {});
+    if (entries_.size() >= 2 * std::max(sizeAfterSweep_, kSmallest)) sweep();
     internal::WeakKey weakKey(key);
-    Entry& entry = entries_[weakKey.address()];
-    // What stood here, perhaps of a freed key with the same address, dies when the table is whole again.
-    const Entry displaced = std::exchange(entry, Entry{std::move(weakKey), std::move(object)});
+    const auto [place, isNew] = places_.try_emplace(weakKey.address(), entries_.size());
+    Entry displaced;  // dies when the table is whole again
+    if (!isNew) {
+      Entry& earlier = entries_[place->second];
+      displaced = std::exchange(earlier, Entry{earlier.number, {}, nullptr});
+      if (displaced.key == weakKey) {
+        earlier.key = std::move(weakKey);
+        earlier.value = std::move(object);
+        return;
+      }
+      place->second = entries_.size();  // that was a freed key at the same address
+    }
+    entries_.push_back({nextNumber_++, std::move(weakKey), std::move(object)});
   }
 
   /// The value of a key, or null.
   template <class T>
   std::shared_ptr<V> objectForKey(const std::shared_ptr<T>& key) const {
     const internal::WeakKey weakKey(key);
-    const auto found = entries_.find(weakKey.address());
-    return found != entries_.end() && found->second.key == weakKey ? found->second.value : nullptr;
+    const auto place = places_.find(weakKey.address());
+    if (place == places_.end() || entries_[place->second].key != weakKey) return nullptr;
+    return entries_[place->second].value;
   }
 
   /// Forgets a key; harmless where it has no value.
   template <class T>
   void removeObjectForKey(const std::shared_ptr<T>& key) {
     const internal::WeakKey weakKey(key);
-    const auto found = entries_.find(weakKey.address());
-    if (found == entries_.end() || found->second.key != weakKey) return;
-    const Entry removed = std::move(found->second);
-    entries_.erase(found);
+    const auto place = places_.find(weakKey.address());
+    if (place == places_.end() || entries_[place->second].key != weakKey) return;
+    const Entry removed = std::move(entries_[place->second]);
+    places_.erase(place);
   }
 
   /// How many keys are alive.
   std::size_t count() const {
     std::size_t count = 0;
-    for (const auto& [address, entry] : entries_) count += entry.key.isExpired() ? 0 : 1;
+    for (const Entry& entry : entries_) count += entry.key.isExpired() ? 0 : 1;
     return count;
   }
 
-  /// How many entries take up room, freed keys included.
+  /// How many entries take up room, freed and removed keys included. They are dropped after an enumeration, and by an
+  /// insertion that finds the table twice as large as it was after the last time.
   std::size_t storedCount() const noexcept { return entries_.size(); }
 
-  /// The keys that are alive now, in no particular order; what is locked of them may be given to `objectForKey`. Drops
-  /// the entries of freed keys, as an insertion does by itself when the table has become twice as large as it was after
-  /// the last time.
-  std::vector<Key> sweptKeys() {
-    std::vector<Key> keys;
-    keys.reserve(entries_.size());
-    sweep([&keys](const Key& key) { keys.push_back(key); });
-    return keys;
+  /// `keyEnumerator` with the values: calls `visit(key, value)` for each key that is in the table now, in the order in
+  /// which they came, if it is alive and has been in the table all the time when its turn comes, with the value that it
+  /// has then. The key is the pointer that was given, kept alive for the call. `visit` may change the table.
+  ///
+  /// Ahead of each visit, `approach(steps, key, value)` is called for those that come in so many steps: a place to
+  /// prefetch what a visit reads, since the walk through a large table is mostly waiting for memory.
+  template <class Visit, class Approach>
+  void enumerate(Visit visit, Approach approach) {
+    const std::uint64_t end = nextNumber_;
+    bool hasDropped = false;
+    for (std::size_t i = 0; i < entries_.size() && entries_[i].number < end;) {
+      for (std::size_t steps = 1; steps <= kStepsAhead && i + steps < entries_.size(); ++steps)
+        approach(steps, entries_[i + steps].key, entries_[i + steps].value);
+      const std::uint64_t number = entries_[i].number;
+      if (const auto key = entries_[i].key.lock()) {
+        const auto value = entries_[i].value;
+        visit(key, value);
+      } else {
+        hasDropped = true;
+      }
+      i = i < entries_.size() && entries_[i].number == number ? i + 1 : placeBehind(number);
+    }
+    if (hasDropped) sweep();
   }
 
  private:
+  // One that was removed is left without a key until the next sweep.
   struct Entry {
+    std::uint64_t number = 0;  // ascends
     internal::WeakKey key;
     std::shared_ptr<V> value;
   };
   static constexpr std::size_t kSmallest = 8;
+  static constexpr std::size_t kStepsAhead = 2;
 
-  template <class ForLivingKey>
-  void sweep(ForLivingKey forLivingKey) {
-    std::vector<Entry> swept;  // dies last, when the table is whole again
-    for (auto it = entries_.begin(); it != entries_.end();) {
-      if (it->second.key.isExpired()) {
-        swept.push_back(std::move(it->second));
-        it = entries_.erase(it);
-      } else {
-        forLivingKey(it->second.key.weak());
-        ++it;
-      }
-    }
-    sizeAfterSweep_ = entries_.size();
+  std::size_t placeBehind(std::uint64_t number) const {
+    const auto found = std::upper_bound(entries_.begin(), entries_.end(), number,
+                                        [](std::uint64_t a, const Entry& b) { return a < b.number; });
+    return static_cast<std::size_t>(found - entries_.begin());
   }
 
-  std::unordered_map<const void*, Entry> entries_;  // by address
+  void sweep() {
+    std::vector<Entry> swept;  // dies last, when the table is whole again
+    std::size_t size = 0;
+    for (std::size_t i = 0; i < entries_.size(); ++i) {
+      Entry& entry = entries_[i];
+      if (!entry.key.isExpired()) {
+        if (size < i) {
+          places_[entry.key.address()] = size;
+          entries_[size] = std::move(entry);
+        }
+        ++size;
+        continue;
+      }
+      const auto place = places_.find(entry.key.address());
+      if (place != places_.end() && place->second == i) places_.erase(place);
+      swept.push_back(std::move(entry));
+    }
+    entries_.resize(size);
+    sizeAfterSweep_ = size;
+  }
+
+  std::vector<Entry> entries_;                           // by number
+  std::unordered_map<const void*, std::size_t> places_;  // in entries_, by address
+  std::uint64_t nextNumber_ = 0;
   std::size_t sizeAfterSweep_ = 0;
 };
 

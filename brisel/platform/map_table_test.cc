@@ -1,14 +1,19 @@
 #include "brisel/platform/map_table.h"
 
 #include <memory>
+#include <string>
 #include <vector>
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "brisel/platform/object.h"
 
 namespace Brisel::Platform {
 namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 struct Key {
   int first = 0;
@@ -25,6 +30,15 @@ struct Right {
 struct Both final : Left, Right {};
 
 std::shared_ptr<int> value(int number) { return std::make_shared<int>(number); }
+
+constexpr auto kNoApproach = [](std::size_t, const internal::WeakKey&, const auto&) {};
+
+template <class V>
+std::vector<V> valuesOf(NSMapTable<V>& table) {
+  std::vector<V> values;
+  table.enumerate([&values](const auto&, const auto& value) { values.push_back(*value); }, kNoApproach);
+  return values;
+}
 
 TEST(MapTable, FindsTheLastValueOfAKey) {
   NSMapTable<int> table;
@@ -52,21 +66,93 @@ TEST(MapTable, HoldsKeysWeaklyAndValuesStrongly) {
   EXPECT_FALSE(stored.expired());
   key.reset();
   EXPECT_EQ(table.count(), 0U);
-  EXPECT_TRUE(table.sweptKeys().empty());
+  EXPECT_THAT(valuesOf(table), IsEmpty());
   EXPECT_TRUE(stored.expired());
 }
 
-TEST(MapTable, HandsOutTheKeysThatItsSweepLeaves) {
+TEST(MapTable, EnumeratesLivingKeysInTheOrderInWhichTheyCame) {
   NSMapTable<int> table;
-  const auto kept = std::make_shared<Key>();
+  const auto a = std::make_shared<Key>(), b = std::make_shared<Key>(), c = std::make_shared<Key>();
   auto freed = std::make_shared<Key>();
-  table.setObject(value(1), kept);
+  table.setObject(value(1), a);
   table.setObject(value(2), freed);
+  table.setObject(value(3), b);
+  table.setObject(value(4), c);
+  table.setObject(value(5), a);  // keeps its place
+  table.removeObjectForKey(b);
+  table.setObject(value(6), b);  // has come again
   freed.reset();
-  const auto keys = table.sweptKeys();
-  ASSERT_EQ(keys.size(), 1U);
-  EXPECT_EQ(keys.front().lock(), kept);
-  EXPECT_EQ(table.storedCount(), 1U);
+  EXPECT_THAT(valuesOf(table), ElementsAre(5, 4, 6));
+  EXPECT_EQ(table.storedCount(), 3U);
+  EXPECT_EQ(*table.objectForKey(b), 6);
+}
+
+TEST(MapTable, HandsOutKeysAsTheyWereGiven) {
+  NSMapTable<int> table;
+  const auto object = std::make_shared<Both>();
+  const std::shared_ptr<Right> right = object;
+  table.setObject(value(1), std::shared_ptr<Left>(object));
+  table.setObject(value(2), right);
+  std::vector<const void*> keys;
+  table.enumerate([&keys](const auto& key, const auto&) { keys.push_back(key.get()); }, kNoApproach);
+  EXPECT_THAT(keys, ElementsAre(right.get()));
+}
+
+TEST(MapTable, MayChangeWhileItIsEnumerated) {
+  NSMapTable<int> table;
+  std::vector<std::shared_ptr<Key>> keys;
+  for (int i = 0; i < 6; ++i) table.setObject(value(i), keys.emplace_back(std::make_shared<Key>()));
+  std::vector<int> seen;
+  table.enumerate(
+      [&](const auto&, const auto& number) {
+        seen.push_back(*number);
+        if (*number != 1) return;
+        keys[0].reset();                      // was visited
+        keys[2].reset();                      // freed
+        table.removeObjectForKey(keys[3]);    // removed
+        table.setObject(value(40), keys[4]);  // replaced
+        table.removeObjectForKey(keys[5]);
+        table.setObject(value(50), keys[5]);  // is new now
+        // So many that those who are gone are dropped meanwhile, and the others move.
+        for (int i = 100; i < 200; ++i) table.setObject(value(i), keys.emplace_back(std::make_shared<Key>()));
+      },
+      kNoApproach);
+  EXPECT_THAT(seen, ElementsAre(0, 1, 40));
+  EXPECT_EQ(table.count(), 103U);
+  EXPECT_EQ(*table.objectForKey(keys[5]), 50);
+  EXPECT_EQ(*table.objectForKey(keys.back()), 199);
+}
+
+TEST(MapTable, EnumeratesWithinAnEnumeration) {
+  NSMapTable<int> table;
+  std::vector<std::shared_ptr<Key>> keys;
+  for (int i = 0; i < 4; ++i) table.setObject(value(i), keys.emplace_back(std::make_shared<Key>()));
+  std::vector<int> outer, inner;
+  table.enumerate(
+      [&](const auto&, const auto& number) {
+        outer.push_back(*number);
+        if (*number != 1) return;
+        keys[0].reset();
+        keys[1].reset();
+        inner = valuesOf(table);  // drops what is before the one that is visited
+      },
+      kNoApproach);
+  EXPECT_THAT(inner, ElementsAre(1, 2, 3));
+  EXPECT_THAT(outer, ElementsAre(0, 1, 2, 3));
+}
+
+TEST(MapTable, ToldOfThoseThatComeNext) {
+  NSMapTable<int> table;
+  std::vector<std::shared_ptr<Key>> keys;
+  for (int i = 0; i < 4; ++i) table.setObject(value(i), keys.emplace_back(std::make_shared<Key>()));
+  keys[2].reset();
+  std::vector<std::string> told;
+  table.enumerate(
+      [&told](const auto&, const auto& number) { told.push_back(std::to_string(*number)); },
+      [&told](std::size_t steps, const internal::WeakKey& key, const auto& number) {
+        told.push_back(std::to_string(*number) + (key.isExpired() ? " gone" : "") + " in " + std::to_string(steps));
+      });
+  EXPECT_THAT(told, ElementsAre("1 in 1", "2 gone in 2", "0", "2 gone in 1", "3 in 2", "1", "3 in 1", "3"));
 }
 
 TEST(MapTable, KnowsAnObjectBehindEachOfItsBases) {
@@ -105,18 +191,6 @@ TEST(MapTable, TellsANewObjectFromAFreedOneAtTheSameAddress) {
   EXPECT_EQ(*table.objectForKey(second), 2);
 }
 
-TEST(MapTable, HandsOutKeysThatFindTheirValues) {
-  NSMapTable<int> table;
-  const auto object = std::make_shared<Both>();
-  const auto key = std::make_shared<Key>();
-  table.setObject(value(1), std::shared_ptr<Right>(object));
-  table.setObject(value(2), key);
-  int sum = 0;
-  for (const auto& weak : table.sweptKeys())
-    if (const auto alive = weak.lock()) sum += *table.objectForKey(alive);
-  EXPECT_EQ(sum, 3);
-}
-
 TEST(MapTable, SweepsWhenAnInsertionFindsItDoubled) {
   NSMapTable<int> table;
   for (int i = 0; i < 1'000; ++i) {
@@ -146,7 +220,7 @@ TEST(MapTable, IsWholeWhenItsValuesAreDestroyed) {
   table.setObject(nullptr, a);  // displaced
   table.removeObjectForKey(a);  // null, so silent
   b.reset();
-  EXPECT_TRUE(table.sweptKeys().empty());
+  EXPECT_THAT(valuesOf(table), IsEmpty());
   EXPECT_EQ(seen, (std::vector<std::size_t>{2, 0}));
 }
 

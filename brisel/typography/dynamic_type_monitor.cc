@@ -47,12 +47,15 @@ void DynamicTypeMonitor::contentSizeCategoryDidChange(const NSNotification& noti
 // NOLINTNEXTLINE(performance-unnecessary-value-param)
 void DynamicTypeMonitor::notifySubscribers(UIContentSizeCategory category) {
   currentContentSizeCategory_ = category;
-  // Closures may free, subscribe and unsubscribe whom they like. So the snapshot keeps nobody alive but the subscriber
-  // that is being called, and what to call is looked up just before the call.
-  for (auto& key : listeners_.sweptKeys())
-    if (const auto subscriber = std::exchange(key, {}).lock())  // lets go of it while it is at hand
-      if (const auto wrapper = listeners_.objectForKey(subscriber); wrapper && wrapper->onUpdate)
-        wrapper->onUpdate(category);
+  // Closures may free, subscribe and unsubscribe whom they like.
+  listeners_.enumerate(
+      [&category](const std::shared_ptr<const void>& subscriber, const std::shared_ptr<const Listener>& listener) {
+        listener->update(subscriber.get(), category);
+      },
+      [](std::size_t steps, const Platform::internal::WeakKey& subscriber,
+         const std::shared_ptr<const Listener>& listener) {
+        if (listener) listener->approach(steps, subscriber);
+      });
 }
 
 }  // namespace Brisel

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <memory>
 #include <optional>
 
 #include "brisel/platform/content_size_category.h"
+#include "brisel/platform/internal/weak_key.h"
 #include "brisel/platform/map_table.h"
 #include "brisel/platform/notification_center.h"
 #include "brisel/platform/object.h"
@@ -18,7 +20,8 @@ namespace Brisel {
 ///     monitor.setup(UIContentSizeCategoryAccessibilityLarge);
 ///
 /// It learns of changes by the platform's notification, posted to the default centre, and from `setup`. For one thread
-/// at a time: subscribers are called on the thread that posts the notification or calls `setup`, before that returns.
+/// at a time: subscribers are called on the thread that posts the notification or calls `setup`, before that returns,
+/// in the order in which they subscribed.
 class DynamicTypeMonitor final : public Platform::NSObject {
  public:
   /// What to call with the new category.
@@ -35,11 +38,35 @@ class DynamicTypeMonitor final : public Platform::NSObject {
   /// the closure. An object that no `shared_ptr` holds is a programming error; an empty closure is never called.
   template <class T>
   void subscribe(const std::shared_ptr<T>& subscriber, Update onUpdate) {
-    listeners_.setObject(std::make_shared<const Wrapper>(Wrapper{std::move(onUpdate)}), subscriber);
+    listeners_.setObject(std::make_shared<const Closure>(std::move(onUpdate)), subscriber);
   }
   template <class T>
   requires requires(T& object) { object.weak_from_this(); }
   void subscribe(T& subscriber, Update onUpdate) { subscribe(subscriber.weak_from_this().lock(), std::move(onUpdate)); }
+
+  /// What is called for subscribers of this library's own: those that do the same share one, which tells thousands of
+  /// them quickly.
+  class Listener {
+   public:
+    virtual ~Listener() = default;
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
+
+    /// `subscriber` is the pointer that was subscribed, alive while this is called.
+    virtual void update(const void* subscriber, const Platform::UIContentSizeCategory& category) const = 0;
+    /// Called two subscribers ahead of `update`, and again one ahead: a place to prefetch what that will read. The
+    /// subscriber may be gone.
+    virtual void approach([[maybe_unused]] std::size_t steps,
+                          [[maybe_unused]] const Platform::internal::WeakKey& subscriber) const {}
+
+   protected:
+    Listener() = default;
+  };
+  /// `subscribe` with a listener that is not null.
+  template <class T>
+  void subscribeListener(const std::shared_ptr<T>& subscriber, std::shared_ptr<const Listener> listener) {
+    listeners_.setObject(std::move(listener), subscriber);
+  }
 
   /// Ends a subscription; harmless where there is none. During a notification it takes effect at once.
   template <class T>
@@ -57,7 +84,11 @@ class DynamicTypeMonitor final : public Platform::NSObject {
   void contentSizeCategoryDidChange(const Platform::NSNotification& notification);
 
  private:
-  struct Wrapper {
+  struct Closure final : Listener {
+    explicit Closure(Update update) : onUpdate(std::move(update)) {}
+    void update(const void*, const Platform::UIContentSizeCategory& category) const override {
+      if (onUpdate) onUpdate(category);
+    }
     Update onUpdate;
   };
 
@@ -66,7 +97,7 @@ class DynamicTypeMonitor final : public Platform::NSObject {
   static void buildShared(void* place, std::size_t) noexcept;
   void notifySubscribers(Platform::UIContentSizeCategory category);
 
-  Platform::NSMapTable<const Wrapper> listeners_;
+  Platform::NSMapTable<const Listener> listeners_;
   std::optional<Platform::UIContentSizeCategory> currentContentSizeCategory_;
 };
 

@@ -1,5 +1,6 @@
 #include "brisel/typography/dynamic_type_monitor.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
@@ -171,7 +172,18 @@ TEST(DynamicTypeMonitor, NeverCallsAnEmptyClosure) {
   EXPECT_THAT(listener.heard, IsEmpty());
 }
 
-// Subscribers are called in no particular order, so each of these lets two of them do the same to each other.
+TEST(DynamicTypeMonitor, CallsSubscribersInTheOrderInWhichTheySubscribed) {
+  std::vector<std::shared_ptr<View>> views;
+  std::vector<int> called;
+  for (int i = 0; i < 100; ++i)
+    monitor().subscribe(views.emplace_back(std::make_shared<View>()),
+                        [&called, i](const auto&) { called.push_back(i); });
+  monitor().setup(UIContentSizeCategorySmall);
+  EXPECT_EQ(called.size(), 100U);
+  EXPECT_TRUE(std::is_sorted(called.begin(), called.end()));
+}
+
+// Each of these lets two of them do the same to each other.
 
 TEST(DynamicTypeMonitor, SkipsASubscriberThatAnotherOneFrees) {
   auto a = std::make_shared<View>(), b = std::make_shared<View>();

@@ -225,7 +225,7 @@ TEST_F(TextViewSubscription, IsNotRenewedByAChange) {
 
 TEST_F(TextViewSubscription, UsesTheMonitorsCategoryAndNotTheOneThatItIsHanded) {
   // The first subscriber of another kind to be told that the size is small tells all, before it goes on, that it is
-  // huge. Subscribers are told in no particular order, hence the many.
+  // huge.
   class Other : public NSObject {};
   std::vector<std::shared_ptr<Other>> others;
   std::vector<std::shared_ptr<UITextView>> views;

@@ -12,6 +12,8 @@
 #include "brisel/platform/attributed_string.h"
 #include "brisel/platform/font.h"
 #include "brisel/platform/internal/hash.h"
+#include "brisel/platform/internal/prefetch.h"
+#include "brisel/platform/internal/weak_key.h"
 #include "brisel/platform/paragraph_style.h"
 #include "brisel/platform/value.h"
 #include "brisel/platform/views/text_case.h"
@@ -36,12 +38,6 @@ using Platform::UITextField;
 using Platform::UITextView;
 
 namespace {
-
-// Null for a view that no shared_ptr holds, which the monitor refuses.
-template <class View>
-std::weak_ptr<View> weakly(View& view) {
-  return std::static_pointer_cast<View>(view.weak_from_this().lock());
-}
 
 Dictionary foreground(const Platform::ColorPtr& color) {
   if (!color) return {};
@@ -95,13 +91,6 @@ template <class Key, class Value>
 using SharedTable = internal::LazyTable<Shared<Key, Value>, 1, Shared<Key, Value>::build>;
 
 constinit SharedTable<LabelAttributes, Dictionary> labelAttributes;
-constinit SharedTable<TypeStyle, std::shared_ptr<const TypeStyle>> subscribedStyles;
-
-std::shared_ptr<const TypeStyle> subscribed(const TypeStyle& typeStyle) {
-  return subscribedStyles[0].of(typeStyle,
-                                [](const TypeStyle& style) { return std::make_shared<const TypeStyle>(style); });
-}
-
 Dictionary baseAttributes(const UITextView& textView) {
   const auto paragraphStyle = NSMutableParagraphStyle::init();
   paragraphStyle->setAlignment(textView.textAlignment());
@@ -117,6 +106,53 @@ void restyle(UITextView& textView, const TypeStyle& typeStyle, const UIContentSi
     textView.setAttributedText(attributedString(*text, typeStyle, contentSizeCategory, base));
 }
 
+void follow(UILabel& label, const TypeStyle& typeStyle, const UIContentSizeCategory& contentSizeCategory) {
+  const bool wasMeasured = label.isMeasured();
+  // Without the flag: a subscription must not be renewed from within its own notification.
+  apply(label, typeStyle, contentSizeCategory, false);
+  // Whoever shows the label will ask again. It is at hand now; of thousands, each would have to be fetched once more.
+  if (wasMeasured) label.intrinsicContentSize();
+}
+
+void follow(UITextView& textView, const TypeStyle& typeStyle, const UIContentSizeCategory&) {
+  // Deliberately unlike labels, which use the category that they are handed.
+  restyle(textView, typeStyle, DynamicTypeMonitor::shared()->preferredContentSizeCategory());
+}
+
+void prefetchText(const UILabel& label) { label.prefetchText(); }
+void prefetchText(const UITextView&) {}  // of which there are never many
+
+// Has views follow the text size in one style.
+template <class View>
+class Follower final : public DynamicTypeMonitor::Listener {
+ public:
+  explicit Follower(TypeStyle typeStyle) : typeStyle_(std::move(typeStyle)) {}
+
+  static void subscribe(View& view, const TypeStyle& typeStyle) {
+    static constinit SharedTable<TypeStyle, std::shared_ptr<const Follower>> followers;
+    // Null for a view that no shared_ptr holds, which the monitor refuses.
+    const auto subscriber = std::static_pointer_cast<View>(view.weak_from_this().lock());
+    DynamicTypeMonitor::shared()->subscribeListener(subscriber, followers[0].of(typeStyle, [](const TypeStyle& style) {
+      return std::make_shared<const Follower>(style);
+    }));
+  }
+
+  void update(const void* subscriber, const UIContentSizeCategory& contentSizeCategory) const override {
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): no constant one has been subscribed.
+    follow(*static_cast<View*>(const_cast<void*>(subscriber)), typeStyle_, contentSizeCategory);
+  }
+
+  void approach(std::size_t steps, const Platform::internal::WeakKey& subscriber) const override {
+    if (steps > 1)
+      Platform::internal::prefetchShared(static_cast<const View*>(subscriber.address()));
+    else if (const auto alive = subscriber.lock())
+      prefetchText(*static_cast<const View*>(alive.get()));
+  }
+
+ private:
+  TypeStyle typeStyle_;
+};
+
 }  // namespace
 
 // --- Labels ---
@@ -124,13 +160,7 @@ void restyle(UITextView& textView, const TypeStyle& typeStyle, const UIContentSi
 void apply(UILabel& label, const TypeStyle& typeStyle, const UIContentSizeCategory& contentSizeCategory,
            bool useDynamicTypeMonitor) {
   if (auto* const recorder = dynamic_cast<StyleRecorder*>(&label)) recorder->recordStyle(typeStyle);
-  if (useDynamicTypeMonitor) {
-    auto update = [weak = weakly(label), style = subscribed(typeStyle)](const UIContentSizeCategory& category) {
-      // Without the flag: a subscription must not be renewed from within its own notification.
-      if (const auto subscriber = weak.lock()) apply(*subscriber, *style, category, false);
-    };
-    DynamicTypeMonitor::shared()->subscribe(label, std::move(update));
-  }
+  if (useDynamicTypeMonitor) Follower<UILabel>::subscribe(label, typeStyle);
 
   const double scale = ContentSizeCategory(contentSizeCategory).rawValue();
   const TypeStyle::Configuration& configuration = typeStyle.configuration();
@@ -173,14 +203,7 @@ void applyPlaceholder(UITextField& textField, const TypeStyle& typeStyle,
 
 void apply(UITextView& textView, const TypeStyle& typeStyle, const UIContentSizeCategory& contentSizeCategory,
            bool useDynamicTypeMonitor) {
-  if (useDynamicTypeMonitor) {
-    auto update = [weak = weakly(textView), style = subscribed(typeStyle)](const UIContentSizeCategory&) {
-      // Deliberately unlike labels, which use the category that they are handed.
-      if (const auto subscriber = weak.lock())
-        restyle(*subscriber, *style, DynamicTypeMonitor::shared()->preferredContentSizeCategory());
-    };
-    DynamicTypeMonitor::shared()->subscribe(textView, std::move(update));
-  }
+  if (useDynamicTypeMonitor) Follower<UITextView>::subscribe(textView, typeStyle);
   restyle(textView, typeStyle, contentSizeCategory);
 }
 

@@ -221,6 +221,36 @@ TEST_F(LabelSubscription, FollowsChangesWithTheFlag) {
   EXPECT_EQ(fontSize(*label), 14.001999999999999);
 }
 
+TEST_F(LabelSubscription, IsMeasuredWithTheChangeIfItsSizeWasKnown) {
+  const auto label = labelWithText("Bonjour");
+  apply(*label, TypeStyle::ballad(), kLarge, true);
+  monitor().setup(kSmall);
+  EXPECT_FALSE(label->isMeasured());
+  const CGSize small = label->intrinsicContentSize();
+  monitor().setup(kHuge);
+  EXPECT_TRUE(label->isMeasured());
+  EXPECT_GT(label->intrinsicContentSize().width, small.width);
+  const auto twin = labelWithText("Bonjour");
+  apply(*twin, TypeStyle::ballad(), kHuge, false);
+  EXPECT_EQ(label->intrinsicContentSize(), twin->intrinsicContentSize());
+}
+
+TEST_F(LabelSubscription, HoldsForAsManyLabelsAsThereAre) {
+  std::vector<std::shared_ptr<UILabel>> labels;
+  for (int i = 0; i < 200; ++i) {
+    const auto& label = labels.emplace_back(labelWithText(i % 7 == 0 ? std::nullopt : std::optional<std::string>("A")));
+    apply(*label, i % 2 == 0 ? TypeStyle::ballad() : TypeStyle::forte(), kLarge, true);
+    if (i % 3 == 0) label->intrinsicContentSize();
+  }
+  for (std::size_t i = 0; i < labels.size(); i += 5) labels[i].reset();
+  monitor().setup(kSmall);
+  for (std::size_t i = 0; i < labels.size(); ++i) {
+    if (!labels[i]) continue;
+    EXPECT_EQ(fontSize(*labels[i]), sizeIn(i % 2 == 0 ? TypeStyle::ballad() : TypeStyle::forte(), kSmall));
+    EXPECT_EQ(labels[i]->isMeasured(), i % 3 == 0 && i % 7 != 0);
+  }
+}
+
 TEST_F(LabelSubscription, DoesNotFollowWithoutTheFlag) {
   const auto label = labelWithText("Bonjour");
   apply(*label, TypeStyle::ballad(), kLarge, false);

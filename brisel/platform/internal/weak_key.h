@@ -13,13 +13,13 @@ class WeakKey {
   WeakKey() noexcept = default;
   /// Of an object behind any of its bases: the address is that of the whole object.
   template <class T>
-  explicit WeakKey(const std::shared_ptr<T>& object)
-      : address_(wholeAddress(object.get())), object_(std::shared_ptr<const void>(object, address_)) {}
+  explicit WeakKey(const std::shared_ptr<T>& object) : address_(wholeAddress(object.get())), object_(object) {}
 
+  /// Of the whole object.
   const void* address() const noexcept { return address_; }
   bool isExpired() const noexcept { return object_.expired(); }
+  /// The pointer that the key was made of; null once the object has been freed.
   std::shared_ptr<const void> lock() const noexcept { return object_.lock(); }
-  const std::weak_ptr<const void>& weak() const noexcept { return object_; }
 
   bool operator==(const WeakKey& other) const noexcept {
     return address_ == other.address_ && !object_.owner_before(other.object_) && !other.object_.owner_before(object_);

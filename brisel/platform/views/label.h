@@ -9,6 +9,7 @@
 #include "brisel/platform/attributed_string.h"
 #include "brisel/platform/font.h"
 #include "brisel/platform/paragraph_style.h"
+#include "brisel/platform/views/internal/label_state.h"
 #include "brisel/platform/views/view.h"
 
 namespace Brisel::Platform {
@@ -23,7 +24,8 @@ class UILabel : public UIView {
  public:
   /// `initWithFrame:`: a label without text.
   static std::shared_ptr<UILabel> initWithFrame(const CGRect& frame = {});
-  ~UILabel() override;
+  /// For the factory.
+  explicit UILabel(Factory);
 
   /// The characters of what is shown; nothing where neither text nor attributed text has been set.
   std::optional<std::string> text() const;
@@ -69,22 +71,28 @@ class UILabel : public UIView {
   /// The room that the text takes at its own size, rounded up to whole pixels of the screen; nothing where there is no
   /// text.
   CGSize intrinsicContentSize() const override;
+  /// Whether the room that the text takes is known, since it has been asked for and nothing has changed it since.
+  bool isMeasured() const noexcept;
   /// `sizeThatFits:`: as large as the text at the width, but in no more than `numberOfLines`. One line takes its own
   /// width, and so do several where the width is not above 0. The height does not count.
   CGSize sizeThatFits(CGSize size) const override;
   /// The first line's; without text, that of a line in the label's font.
   FirstBaseline firstBaseline() const override;
 
+  /// A hint that the label will be restyled soon: has what that reads, but for the label itself, fetched into the
+  /// cache.
+  void prefetchText() const noexcept;
+
  protected:
   /// For subclasses' factories.
-  UILabel();
+  UILabel() = default;
   void drawContent(Canvas& canvas, CGPoint at) const override;
   bool hasHeightForWidth() const override;
 
  private:
-  struct State;
   class Typesetter;
-  std::unique_ptr<State> state_;
+
+  mutable internal::LabelState state_;  // what is made of the text is made when it is asked for
 };
 
 }  // namespace Brisel::Platform

@@ -364,6 +364,29 @@ TEST_F(LabelTest, SettersLayNothingOut) {
   EXPECT_EQ(shapings(), 1U);
 }
 
+TEST_F(LabelTest, IsMeasuredFromWhenItsSizeIsAskedForUntilItChanges) {
+  const auto label = this->label("abcdef", 40, 20);
+  EXPECT_FALSE(label->isMeasured());
+  label->sizeThatFits({30, 0});
+  EXPECT_FALSE(label->isMeasured());
+  label->intrinsicContentSize();
+  EXPECT_TRUE(label->isMeasured());
+  label->setTextColor(nullptr);
+  EXPECT_TRUE(label->isMeasured());
+  label->setFont(font(30));
+  EXPECT_FALSE(label->isMeasured());
+}
+
+TEST_F(LabelTest, MayBePrefetchedInAnyState) {
+  const auto label = UILabel::initWithFrame();
+  label->prefetchText();
+  label->setText("abc");
+  label->prefetchText();
+  const CGSize size = label->intrinsicContentSize();
+  label->prefetchText();
+  EXPECT_EQ(label->intrinsicContentSize(), size);
+}
+
 TEST_F(LabelTest, ATextIsShapedOnceForAllItsSizesAndColours) {
   const auto label = this->label("abcdef", 100, 20);
   const auto styled = [](CGFloat size, const ColorPtr& color) {
