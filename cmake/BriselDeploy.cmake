@@ -9,7 +9,7 @@ function(brisel_deploy_bundle program)
     if(NOT EXISTS ${recipe}/node_modules)
       cmake_path(GET recipe PARENT_PATH source)
       message(FATAL_ERROR "brisel_deploy_bundle(${program}): the packages that the resource bundle is made from are not "
-                          "there. Install them: ${source}/setup/install.sh assets")
+                          "there. Install them:\n  ${source}/setup/install.sh assets")
     endif()
     add_dependencies(${program} brisel_bundle)
   elseif(NOT EXISTS ${bundle})

@@ -72,16 +72,17 @@ class NSMapTable {
     return count;
   }
 
-  /// How many entries take up room, freed and removed keys included. They are dropped after an enumeration, and by an
-  /// insertion that finds the table twice as large as it was after the last time.
+  /// How many entries take up room, freed and removed keys included. They are dropped after an enumeration that has met
+  /// one, and by an insertion that finds the table twice as large as it was after the last time.
   std::size_t storedCount() const noexcept { return entries_.size(); }
 
   /// `keyEnumerator` with the values: calls `visit(key, value)` for each key that is in the table now, in the order in
   /// which they came, if it is alive and has been in the table all the time when its turn comes, with the value that it
   /// has then. The key is the pointer that was given, kept alive for the call. `visit` may change the table.
   ///
-  /// Ahead of each visit, `approach(steps, key, value)` is called for those that come in so many steps: a place to
-  /// prefetch what a visit reads, since the walk through a large table is mostly waiting for memory.
+  /// Ahead of each visit, `approach(steps, key, value)` is called for the keys that come one and two steps later, gone
+  /// ones too: a place to prefetch what a visit reads, since the walk through a large table is mostly waiting for
+  /// memory. It must not change the table.
   template <class Visit, class Approach>
   void enumerate(Visit visit, Approach approach) {
     const std::uint64_t end = nextNumber_;

@@ -49,11 +49,12 @@ void DynamicTypeMonitor::notifySubscribers(UIContentSizeCategory category) {
   currentContentSizeCategory_ = category;
   // Closures may free, subscribe and unsubscribe whom they like.
   listeners_.enumerate(
-      [&category](const std::shared_ptr<const void>& subscriber, const std::shared_ptr<const Listener>& listener) {
+      [&category](const std::shared_ptr<const void>& subscriber,
+                  const std::shared_ptr<const internal::TextSizeListener>& listener) {
         listener->update(subscriber.get(), category);
       },
       [](std::size_t steps, const Platform::internal::WeakKey& subscriber,
-         const std::shared_ptr<const Listener>& listener) {
+         const std::shared_ptr<const internal::TextSizeListener>& listener) {
         if (listener) listener->approach(steps, subscriber);
       });
 }

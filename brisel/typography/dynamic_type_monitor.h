@@ -6,10 +6,10 @@
 #include <optional>
 
 #include "brisel/platform/content_size_category.h"
-#include "brisel/platform/internal/weak_key.h"
 #include "brisel/platform/map_table.h"
 #include "brisel/platform/notification_center.h"
 #include "brisel/platform/object.h"
+#include "brisel/typography/internal/text_size_listener.h"
 
 namespace Brisel {
 
@@ -44,30 +44,6 @@ class DynamicTypeMonitor final : public Platform::NSObject {
   requires requires(T& object) { object.weak_from_this(); }
   void subscribe(T& subscriber, Update onUpdate) { subscribe(subscriber.weak_from_this().lock(), std::move(onUpdate)); }
 
-  /// What is called for subscribers of this library's own: those that do the same share one, which tells thousands of
-  /// them quickly.
-  class Listener {
-   public:
-    virtual ~Listener() = default;
-    Listener(const Listener&) = delete;
-    Listener& operator=(const Listener&) = delete;
-
-    /// `subscriber` is the pointer that was subscribed, alive while this is called.
-    virtual void update(const void* subscriber, const Platform::UIContentSizeCategory& category) const = 0;
-    /// Called two subscribers ahead of `update`, and again one ahead: a place to prefetch what that will read. The
-    /// subscriber may be gone.
-    virtual void approach([[maybe_unused]] std::size_t steps,
-                          [[maybe_unused]] const Platform::internal::WeakKey& subscriber) const {}
-
-   protected:
-    Listener() = default;
-  };
-  /// `subscribe` with a listener that is not null.
-  template <class T>
-  void subscribeListener(const std::shared_ptr<T>& subscriber, std::shared_ptr<const Listener> listener) {
-    listeners_.setObject(std::move(listener), subscriber);
-  }
-
   /// Ends a subscription; harmless where there is none. During a notification it takes effect at once.
   template <class T>
   void unsubscribe(const std::shared_ptr<T>& subscriber) {
@@ -84,7 +60,9 @@ class DynamicTypeMonitor final : public Platform::NSObject {
   void contentSizeCategoryDidChange(const Platform::NSNotification& notification);
 
  private:
-  struct Closure final : Listener {
+  friend class internal::TextSizeListener;
+
+  struct Closure final : internal::TextSizeListener {
     explicit Closure(Update update) : onUpdate(std::move(update)) {}
     void update(const void*, const Platform::UIContentSizeCategory& category) const override {
       if (onUpdate) onUpdate(category);
@@ -97,7 +75,7 @@ class DynamicTypeMonitor final : public Platform::NSObject {
   static void buildShared(void* place, std::size_t) noexcept;
   void notifySubscribers(Platform::UIContentSizeCategory category);
 
-  Platform::NSMapTable<const Listener> listeners_;
+  Platform::NSMapTable<const internal::TextSizeListener> listeners_;
   std::optional<Platform::UIContentSizeCategory> currentContentSizeCategory_;
 };
 

@@ -6,6 +6,7 @@
 #include <limits>
 #include <memory>
 #include <new>
+#include <type_traits>
 #include <utility>
 
 #include "brisel/infrastructure/cache.h"
@@ -22,6 +23,7 @@
 #include "brisel/typography/dynamic_type_monitor.h"
 #include "brisel/typography/font.h"
 #include "brisel/typography/internal/fitted_string.h"
+#include "brisel/typography/internal/text_size_listener.h"
 #include "brisel/typography/style_recorder.h"
 #include "brisel/typography/styled_string.h"
 
@@ -91,6 +93,7 @@ template <class Key, class Value>
 using SharedTable = internal::LazyTable<Shared<Key, Value>, 1, Shared<Key, Value>::build>;
 
 constinit SharedTable<LabelAttributes, Dictionary> labelAttributes;
+
 Dictionary baseAttributes(const UITextView& textView) {
   const auto paragraphStyle = NSMutableParagraphStyle::init();
   paragraphStyle->setAlignment(textView.textAlignment());
@@ -111,7 +114,7 @@ void follow(UILabel& label, const TypeStyle& typeStyle, const UIContentSizeCateg
   // Without the flag: a subscription must not be renewed from within its own notification.
   apply(label, typeStyle, contentSizeCategory, false);
   // Whoever shows the label will ask again. It is at hand now; of thousands, each would have to be fetched once more.
-  if (wasMeasured) label.intrinsicContentSize();
+  if (wasMeasured) label.UILabel::intrinsicContentSize();
 }
 
 void follow(UITextView& textView, const TypeStyle& typeStyle, const UIContentSizeCategory&) {
@@ -119,12 +122,9 @@ void follow(UITextView& textView, const TypeStyle& typeStyle, const UIContentSiz
   restyle(textView, typeStyle, DynamicTypeMonitor::shared()->preferredContentSizeCategory());
 }
 
-void prefetchText(const UILabel& label) { label.prefetchText(); }
-void prefetchText(const UITextView&) {}  // of which there are never many
-
 // Has views follow the text size in one style.
 template <class View>
-class Follower final : public DynamicTypeMonitor::Listener {
+class Follower final : public internal::TextSizeListener {
  public:
   explicit Follower(TypeStyle typeStyle) : typeStyle_(std::move(typeStyle)) {}
 
@@ -132,9 +132,9 @@ class Follower final : public DynamicTypeMonitor::Listener {
     static constinit SharedTable<TypeStyle, std::shared_ptr<const Follower>> followers;
     // Null for a view that no shared_ptr holds, which the monitor refuses.
     const auto subscriber = std::static_pointer_cast<View>(view.weak_from_this().lock());
-    DynamicTypeMonitor::shared()->subscribeListener(subscriber, followers[0].of(typeStyle, [](const TypeStyle& style) {
-      return std::make_shared<const Follower>(style);
-    }));
+    const auto listener =
+        followers[0].of(typeStyle, [](const TypeStyle& style) { return std::make_shared<const Follower>(style); });
+    TextSizeListener::subscribe(*DynamicTypeMonitor::shared(), subscriber, listener);
   }
 
   void update(const void* subscriber, const UIContentSizeCategory& contentSizeCategory) const override {
@@ -143,10 +143,13 @@ class Follower final : public DynamicTypeMonitor::Listener {
   }
 
   void approach(std::size_t steps, const Platform::internal::WeakKey& subscriber) const override {
-    if (steps > 1)
-      Platform::internal::prefetchShared(static_cast<const View*>(subscriber.address()));
-    else if (const auto alive = subscriber.lock())
-      prefetchText(*static_cast<const View*>(alive.get()));
+    if constexpr (std::is_same_v<View, UILabel>) {  // of text views there are never many
+      constexpr std::size_t kCounts = 32;           // mostly behind the label
+      if (steps > 1)
+        Platform::internal::prefetch(reinterpret_cast<std::uintptr_t>(subscriber.address()), sizeof(View) + kCounts);
+      else if (const auto alive = subscriber.lock())
+        static_cast<const View*>(alive.get())->prefetchText();
+    }
   }
 
  private:

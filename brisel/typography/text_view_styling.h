@@ -13,7 +13,8 @@ namespace Brisel {
 /// `apply(typeStyle:contentSizeCategory:useDynamicTypeMonitor:)`: sets the label's font, and its text in the style at
 /// the size for a category; alignment and line breaking stay. With the flag, the label is restyled at each later change
 /// of the preferred category, with the category of that notification, until it is freed or unsubscribed; without it,
-/// an earlier subscription stays as it is, with its own style.
+/// an earlier subscription stays as it is, with its own style. A label whose intrinsic size was known is measured with
+/// the change.
 ///
 /// A label that does not shrink its text, and whose minimum scale factor lies between 0 and 1, gets its text fitted
 /// into its lines here; one that does shrink it gets it as it is. This polarity is deliberate.

@@ -59,18 +59,18 @@ async function faultOf({ path, body, size, media }, context) {
 // came to. A browser has a clipboard of its own, and each runs one test at a time.
 export async function run(jobs) {
   const waiting = tests.values();
-  let failed = 0;
-  await Promise.all(Array.from({ length: jobs }, async () => {
+  let passed = 0;
+  await Promise.all(Array.from({ length: Math.min(jobs, tests.length) }, async () => {
     const context = await launch({ permissions: ["clipboard-read", "clipboard-write"] });
     for (const each of waiting) {
       const fault = await faultOf(each, context);
-      if (fault !== undefined) failed += 1;
+      if (fault === undefined) passed += 1;
       console.log(fault === undefined ? `ok - ${each.name}` : `not ok - ${each.name}\n${fault.replace(/^/gm, "    ")}`);
     }
     await context.browser().close();
   }));
-  console.log(`${tests.length - failed} passed, ${failed} failed`);
-  process.exit(failed === 0 ? 0 : 1);
+  console.log(`${passed} of ${tests.length} passed`);
+  process.exit(passed === tests.length ? 0 : 1);
 }
 
 export const clipboard = (page) => page.evaluate(() => navigator.clipboard.readText());

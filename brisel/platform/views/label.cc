@@ -41,10 +41,8 @@ CGFloat fraction(CGFloat factor) { return factor > 0 ? std::min(factor, 1.0) : 0
 }  // namespace
 
 std::shared_ptr<UILabel> UILabel::initWithFrame(const CGRect& frame) {
-  return made(std::make_shared<UILabel>(Factory()), frame);
+  return made(std::shared_ptr<UILabel>(new UILabel), frame);
 }
-
-UILabel::UILabel(Factory) {}
 
 std::optional<std::string> UILabel::text() const {
   if (!state_.text) return std::nullopt;

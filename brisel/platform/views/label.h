@@ -24,8 +24,6 @@ class UILabel : public UIView {
  public:
   /// `initWithFrame:`: a label without text.
   static std::shared_ptr<UILabel> initWithFrame(const CGRect& frame = {});
-  /// For the factory.
-  explicit UILabel(Factory);
 
   /// The characters of what is shown; nothing where neither text nor attributed text has been set.
   std::optional<std::string> text() const;

@@ -178,11 +178,6 @@ class UIView : public LayoutItem {
   /// For subclasses' factories.
   UIView();
 
-  /// Makes the public constructor of a class that `make_shared` makes one for factories alone.
-  struct Factory {
-    explicit Factory() = default;
-  };
-
   /// What every factory does with the bare object: gives it its frame, and runs `didInitWithFrame`.
   template <class View>
   static std::shared_ptr<View> made(std::shared_ptr<View> view, const CGRect& frame) {
