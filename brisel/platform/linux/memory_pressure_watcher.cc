@@ -59,8 +59,12 @@ std::optional<std::uint64_t> numberAtStartOf(std::string_view text) {
   return result.ec == std::errc() ? std::optional(number) : std::nullopt;
 }
 
-// The first word of a trigger, which names a line of the pressure file; the length of a stall is the second.
-std::string_view firstWord(std::string_view trigger) { return trigger.substr(0, trigger.find(' ')); }
+std::string_view firstWord(std::string_view text) { return text.substr(0, text.find(' ')); }
+
+std::string_view afterFirstWord(std::string_view text) {
+  const std::size_t space = text.find(' ');
+  return space == std::string_view::npos ? std::string_view() : text.substr(space + 1);
+}
 
 // The microseconds that tasks have waited for memory so far: in the line of that name, "some avg10=0.00 … total=12".
 std::optional<std::uint64_t> stalledSoFar(int fd, std::string_view name) {
@@ -78,13 +82,15 @@ std::optional<std::uint64_t> stalledSoFar(int fd, std::string_view name) {
   return std::nullopt;
 }
 
-// One trigger on a pressure file of the kernel; an empty one only listens.
+// One trigger on a pressure file of the kernel; an empty one only listens. Its words are the name of a line of the
+// file, the microseconds of a stall, and those of the window in which they are counted.
 void addPressureFile(Channels& channels, const std::string& path, std::string_view trigger, MemoryPressureLevel level) {
   const int mode = trigger.empty() ? O_RDONLY : O_RDWR;
   FileDescriptor fd(::open(path.c_str(), mode | O_NONBLOCK | O_CLOEXEC | O_NOCTTY));
   if (!fd) return;
+  const auto opened = std::chrono::steady_clock::now();
   const auto stalled = stalledSoFar(fd.get(), firstWord(trigger));
-  channels.push_back({std::move(fd), POLLPRI, false, level, std::string(trigger), stalled});
+  channels.push_back({std::move(fd), POLLPRI, false, level, std::string(trigger), opened, stalled});
 }
 
 // A pressure file of the kernel, with one trigger for each level.
@@ -185,26 +191,30 @@ FileDescriptor::~FileDescriptor() {
   if (number_ >= 0) ::close(number_);
 }
 
-MemoryPressureChannels MemoryPressureChannels::open(const MemoryPressurePlaces& places) {
-  if (places.watch) {
+MemoryPressureChannels MemoryPressureChannels::open(const MemoryPressurePlaces& places, MemoryPressurePlace first) {
+  if (first == MemoryPressurePlace::serviceManager && places.watch) {
     if (*places.watch == "/dev/null") return {{}, true};
     if (auto channels = openWatched(*places.watch, places.write); !channels.empty())
-      return {std::move(channels), false};
+      return {std::move(channels), false, MemoryPressurePlace::cgroup};
   }
-  if (const auto directory = cgroupDirectory(places))
-    if (auto channels = openPressureFile(*directory + "/memory.pressure"); !channels.empty())
-      return {std::move(channels), false};
+  if (first != MemoryPressurePlace::system)
+    if (const auto directory = cgroupDirectory(places))
+      if (auto channels = openPressureFile(*directory + "/memory.pressure"); !channels.empty())
+        return {std::move(channels), false, MemoryPressurePlace::system};
   return {openPressureFile(places.system), false};
 }
 
 MemoryPressureNews arm(MemoryPressureChannel& channel) {
   const std::string trigger = std::exchange(channel.trigger, {});
-  const std::string_view name = firstWord(trigger);
-  const auto stalled = stalledSoFar(channel.fd.get(), name);
+  const auto stalled = stalledSoFar(channel.fd.get(), firstWord(trigger));
+  const std::chrono::duration<double, std::micro> span = std::chrono::steady_clock::now() - channel.opened;
   if (!writeAll(channel.fd.get(), trigger)) return MemoryPressureNews::gone;
-  const auto longest = trigger.size() > name.size() ? numberAtStartOf(trigger.substr(name.size() + 1)) : std::nullopt;
-  if (!stalled || !channel.stalled || !longest) return MemoryPressureNews::none;
-  return *stalled >= *channel.stalled + *longest ? MemoryPressureNews::event : MemoryPressureNews::none;
+  const std::string_view lengths = afterFirstWord(trigger);
+  const auto stall = numberAtStartOf(lengths);
+  const auto window = numberAtStartOf(afterFirstWord(lengths));
+  if (!stalled || !channel.stalled || !stall || !window) return MemoryPressureNews::none;
+  const bool isWithinWindow = span.count() <= static_cast<double>(*window);
+  return isWithinWindow && *stalled >= *channel.stalled + *stall ? MemoryPressureNews::event : MemoryPressureNews::none;
 }
 
 MemoryPressureNews newsOf(const MemoryPressureChannel& channel, short revents) {

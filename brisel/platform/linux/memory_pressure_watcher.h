@@ -52,24 +52,30 @@ struct MemoryPressureChannel {
   short events = 0;           // what to poll for
   bool isDiscarding = false;  // whether what arrives is to be read and thrown away; no pressure file is read for events
   MemoryPressureLevel level = MemoryPressureLevel::warning;
-  std::string trigger{};                   // what `arm` is to write first; there is nothing to poll for until then
+  std::string trigger{};  // what `arm` is to write first; there is nothing to poll for until then
+  std::chrono::steady_clock::time_point opened{};
   std::optional<std::uint64_t> stalled{};  // microseconds that tasks had waited for memory when it was opened
 };
 
 /// What became of polling a channel.
 enum class MemoryPressureNews { none, event, gone };
 
-/// The channels of the first place that offers any: the service manager's, the process's cgroup, the system. None where
-/// all refuse, or where the service manager turns the watching off. Those of pressure files are yet to be armed.
+/// Who may tell of pressure, in the order in which they are asked.
+enum class MemoryPressurePlace : std::uint8_t { serviceManager, cgroup, system };
+
+/// The channels of the first place, from the given one on, that lets any be opened. None where no place does, or where
+/// the service manager turns the watching off. Those of pressure files are yet to be armed.
 struct MemoryPressureChannels {
   std::vector<MemoryPressureChannel> channels;
   bool isTurnedOff = false;
+  std::optional<MemoryPressurePlace> next{};  // where to go on if none of them can be armed
 
-  static MemoryPressureChannels open(const MemoryPressurePlaces& places);
+  static MemoryPressureChannels open(const MemoryPressurePlaces& places,
+                                     MemoryPressurePlace first = MemoryPressurePlace::serviceManager);
 };
 
-/// Tells the kernel what to watch for: gone where it refuses, an event where tasks have waited since the opening for as
-/// long as the trigger speaks of, be it all at once or not.
+/// Tells the kernel what to watch for: gone where it refuses, an event where it would have told of one by now if it had
+/// been told at the opening. More than the trigger's window later there is none, as nobody knows when tasks waited.
 MemoryPressureNews arm(MemoryPressureChannel& channel);
 
 /// Reads the outcome of a poll, and empties what has to be emptied.

@@ -39,12 +39,12 @@ struct LinuxSystemEvents::Watch {
     void* tag = nullptr;  // null until it is armed
   };
 
-  Watch(MemoryPressureChannels opened, std::chrono::microseconds delay, PressureHandler onPressure, GSource* attached)
-      : handler(std::make_shared<const PressureHandler>(std::move(onPressure))), source(attached) {
-    for (MemoryPressureChannel& channel : opened.channels) {
-      polled.push_back({std::move(channel)});
-      if (polled.back().channel.trigger.empty()) poll(polled.back());
-    }
+  Watch(MemoryPressurePlaces watched, MemoryPressureChannels opened, PressureHandler onPressure, GSource* attached)
+      : places(std::move(watched)),
+        handler(std::make_shared<const PressureHandler>(std::move(onPressure))),
+        source(attached) {
+    add(std::move(opened));
+    const std::chrono::microseconds delay = places.delay;
     for (const Polled& each : polled)
       if (each.tag == nullptr) g_source_set_ready_time(source, g_get_monotonic_time() + delay.count());
   }
@@ -52,14 +52,24 @@ struct LinuxSystemEvents::Watch {
   Watch& operator=(const Watch&) = delete;
   ~Watch() { destroySource(source); }
 
+  void add(MemoryPressureChannels opened) {
+    next = opened.next;
+    for (MemoryPressureChannel& channel : opened.channels) {
+      polled.push_back({std::move(channel)});
+      if (polled.back().channel.trigger.empty()) poll(polled.back());
+    }
+  }
+
   void poll(Polled& each) const {
     const auto& channel = each.channel;
     each.tag = g_source_add_unix_fd(source, channel.fd.get(), static_cast<GIOCondition>(channel.events));
   }
 
+  const MemoryPressurePlaces places;
   std::shared_ptr<const PressureHandler> handler;
   GSource* source;
   std::vector<Polled> polled;
+  std::optional<MemoryPressurePlace> next;
 };
 
 LinuxSystemEvents::LinuxSystemEvents(std::optional<MemoryPressurePlaces> places)
@@ -129,6 +139,16 @@ void LinuxSystemEvents::armWhenDue(Watch& watch) {
   const gint64 due = g_source_get_ready_time(watch.source);
   if (due < 0 || g_get_monotonic_time() < due) return;
   g_source_set_ready_time(watch.source, -1);
+  armAll(watch);
+  // A place that can be opened may refuse all the same. The one after it has been waited for already.
+  while (watch.polled.empty() && watch.next) {
+    watch.add(MemoryPressureChannels::open(watch.places, *watch.next));
+    armAll(watch);
+  }
+  if (watch.polled.empty()) complainOnce();
+}
+
+void LinuxSystemEvents::armAll(Watch& watch) {
   for (std::size_t i = watch.polled.size(); i-- > 0;) {
     auto& polled = watch.polled[i];
     if (polled.tag != nullptr) continue;
@@ -136,7 +156,6 @@ void LinuxSystemEvents::armWhenDue(Watch& watch) {
     if (news != MemoryPressureNews::gone) watch.poll(polled);
     take(watch, i, news);
   }
-  if (watch.polled.empty()) complainOnce();
 }
 
 void LinuxSystemEvents::take(Watch& watch, std::size_t channel, MemoryPressureNews news) {
@@ -157,14 +176,14 @@ void LinuxSystemEvents::take(Watch& watch, std::size_t channel, MemoryPressureNe
 }
 
 void LinuxSystemEvents::onWatchMemoryPressure(PressureHandler handler) {
-  const MemoryPressurePlaces places = places_ ? *places_ : MemoryPressurePlaces::ofThisProcess();
+  MemoryPressurePlaces places = places_ ? *places_ : MemoryPressurePlaces::ofThisProcess();
   auto opened = MemoryPressureChannels::open(places);
   std::unique_ptr<Watch> ended;  // closed without the lock
   const std::lock_guard lock(mutex_);
   ended.swap(watch_);
   if (!opened.channels.empty()) {  // attached under the lock, as an event may be there at once
     GSource* const source = attachSource(dispatchPressure, this);
-    watch_ = std::make_unique<Watch>(std::move(opened), places.delay, std::move(handler), source);
+    watch_ = std::make_unique<Watch>(std::move(places), std::move(opened), std::move(handler), source);
   } else if (!opened.isTurnedOff) {
     complainOnce();
   }

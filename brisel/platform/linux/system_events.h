@@ -17,9 +17,9 @@ namespace Brisel::Platform::Linux {
 /// The main queue as a source of GLib's default main context, and memory pressure as Linux tells it.
 ///
 /// The kernel is told what to watch for a second after the watching has begun, by the loop or by `runPending`,
-/// whichever is first to run then: short programs are spared what it takes to end that. Where tasks have waited long
-/// enough for memory by then, one event of the level is told at once. A FIFO or socket of the service manager's is
-/// heard from the start.
+/// whichever is first to run then: short programs are spared what it takes to end that. What it would have told of by
+/// then is told at once, unless so much time has passed that nobody knows. Where it refuses, the next place is asked. A
+/// FIFO or socket of the service manager's is heard from the start.
 ///
 /// `runPending` needs no GLib loop: it looks at the pressure descriptors itself, without waiting, and runs the queue. A
 /// host may use both at once. Destroyed where no loop runs at the time.
@@ -40,6 +40,7 @@ class LinuxSystemEvents final : public SystemEvents {
 
   std::size_t runQueue();
   void armWhenDue(Watch& watch);
+  void armAll(Watch& watch);
   void take(Watch& watch, std::size_t channel, MemoryPressureNews news);
   void complainOnce();
   static int dispatchQueue(void* self);

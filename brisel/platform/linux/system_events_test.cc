@@ -380,6 +380,52 @@ TEST_F(MemoryPressureWatching, CountsAsEarlyEventsWhatItsTriggersSpeakOf) {
   }
 }
 
+TEST_F(MemoryPressureWatching, MakesUpForNothingThatMayHaveTakenLongerThanItsTriggersWindow) {
+  writeStalled("file", 1'000, 10);
+  places.watch = path("file");
+  places.write = "c29tZSAxNTAwMDAgMTAwMAA=";  // "some 150000 1000" and a zero
+  places.delay = std::chrono::milliseconds(0);
+  LinuxSystemEvents events(places);
+  events.watchMemoryPressure(recording());
+  writeStalled("file", 900'000, 10);
+  std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  EXPECT_EQ(events.runPending(), 0U);
+  EXPECT_THAT(told, IsEmpty());
+}
+
+TEST_F(MemoryPressureWatching, GoesOnToTheNextPlaceWhereTheKernelRefuses) {
+  logged = 0;
+  setLogHandler([](std::string_view) { ++logged; });
+  const std::string refusing = "/proc/self/oom_score_adj";  // takes a number, and nothing else
+  write("system", "");
+  write("cgroup", "0::/app\n");
+  write("mountinfo", "31 24 0:27 / " + path("mount") + " rw - cgroup2 cgroup2 rw\n");
+  std::filesystem::create_directories(path("mount/app"));
+  write("mount/app/memory.pressure", "");
+  places.watch = refusing;
+  places.write = kTriggerInBase64;
+  places.delay = std::chrono::milliseconds(0);
+  LinuxSystemEvents events(places);
+  events.watchMemoryPressure(recording());
+  events.runPending();
+  EXPECT_EQ(read("mount/app/memory.pressure"), kWarningTrigger);  // an ordinary file keeps the last
+  EXPECT_EQ(read("system"), "");
+
+  std::filesystem::remove(path("mount/app/memory.pressure"));
+  std::filesystem::create_symlink(refusing, path("mount/app/memory.pressure"));
+  events.watchMemoryPressure(recording());
+  runLoop();
+  EXPECT_EQ(read("system"), kWarningTrigger);
+  EXPECT_EQ(logged, 0);
+
+  places.system = refusing;
+  LinuxSystemEvents inVain(places);
+  inVain.watchMemoryPressure(recording());
+  runLoop();
+  EXPECT_EQ(logged, 1);
+  setLogHandler(nullptr);
+}
+
 TEST_F(MemoryPressureWatching, SaysOnceThatTheKernelRefuses) {
   logged = 0;
   setLogHandler([](std::string_view) { ++logged; });
