@@ -47,7 +47,8 @@ struct Video {
     // An interrupt ends the program at once: there is nothing to clear away.
     SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1");
     SDL_SetHint(SDL_HINT_VIDEO_ALLOW_SCREENSAVER, "1");
-    // Wayland's library would complain in a line of its own where no place for it is named.
+    // Wayland's library would complain in a line of its own where no place for it is named. X alone is tried
+    // then, and no bare console either, unless $SDL_VIDEODRIVER names another driver.
     const char* const wayland = std::getenv("WAYLAND_DISPLAY");
     if (std::getenv("XDG_RUNTIME_DIR") == nullptr && (wayland == nullptr || *wayland != '/'))
       SDL_SetHint(SDL_HINT_VIDEODRIVER, "x11");
@@ -160,7 +161,7 @@ class ShownWindow {
       case SDL_MOUSEMOTION:
         return controls_.pointerMoved(points(event.motion.x, event.motion.y));
       case SDL_MOUSEBUTTONUP:
-        if (event.button.button == SDL_BUTTON_LEFT) controls_.pointerUp();
+        if (event.button.button == SDL_BUTTON_LEFT) controls_.pointerUp(points(event.button.x, event.button.y));
         return;
       case SDL_MOUSEWHEEL:
         return controls_.turnWheel(-static_cast<double>(event.wheel.preciseY));

@@ -54,6 +54,11 @@ void WindowControls::press(Key key) {
 }
 
 void WindowControls::pointerDown(CGPoint at) {
+  // Nobody may have told of the last time that the pointer was let go.
+  if (const auto leftOver = std::exchange(pressed_, nullptr); leftOver && leftOver->isHighlighted()) {
+    leftOver->setHighlighted(false);
+    screen_.setNeedsDisplay();
+  }
   const auto& slider = *screen_.slider();
   const CGPoint own = screen_.window().convertPointToView(at, slider);
   const auto [width, height] = slider.bounds().size;
@@ -74,8 +79,9 @@ void WindowControls::pointerMoved(CGPoint at) {
   choose(slider.stepAt(screen_.window().convertPointToView(at, slider)));
 }
 
-void WindowControls::pointerUp() {
+void WindowControls::pointerUp(CGPoint at) {
   isDragging_ = false;
+  pointerMoved(at);  // or what was under it has moved away
   const auto button = std::exchange(pressed_, nullptr);
   if (!button || !button->isHighlighted()) return;
   button->setHighlighted(false);

@@ -40,7 +40,7 @@ class WindowControls {
   // is chosen, or no longer, where the pointer is let go on it.
   void pointerDown(Platform::CGPoint at);
   void pointerMoved(Platform::CGPoint at);
-  void pointerUp();
+  void pointerUp(Platform::CGPoint at);
   /// Towards the end of the content by so many notches of the wheel.
   void turnWheel(double notches);
 

@@ -85,7 +85,7 @@ TEST_F(Controls, FollowThePointerFromTheSliderUntilItIsLetGo) {
   elsewhere.y = 300;
   controls.pointerMoved(elsewhere);
   EXPECT_EQ(screen.textSize(), ContentSizeCategory::accessibilityMedium);
-  controls.pointerUp();
+  controls.pointerUp(elsewhere);
   controls.pointerMoved(onSlider(3));
   EXPECT_EQ(screen.textSize(), ContentSizeCategory::accessibilityMedium);
   controls.pointerDown(elsewhere);
@@ -99,7 +99,7 @@ TEST_F(Controls, PressAButtonWhileThePointerIsOnItAndChooseItWhereItIsLetGo) {
   for (const auto after : {Platform::UIControlStateSelected, Platform::UIControlStateNormal}) {
     controls.pointerDown(middleOf(*button));
     EXPECT_TRUE(button->isHighlighted());
-    controls.pointerUp();
+    controls.pointerUp(middleOf(*button));
     EXPECT_EQ(button->state(), after);
   }
   screen.draw(1);
@@ -115,9 +115,33 @@ TEST_F(Controls, PressAButtonWhileThePointerIsOnItAndChooseItWhereItIsLetGo) {
   controls.pointerMoved(middleOf(*button));
   EXPECT_FALSE(screen.needsDisplay());
   controls.pointerMoved({0, 0});
-  controls.pointerUp();
+  controls.pointerUp({0, 0});
   controls.pointerMoved(middleOf(*button));
   EXPECT_EQ(button->state(), Platform::UIControlStateNormal) << "let go elsewhere";
+}
+
+TEST_F(Controls, ChooseNoButtonThatWasTakenFromUnderThePointer) {
+  const auto button = showButton("Play");
+  const CGPoint at = middleOf(*button);
+  controls.pointerDown(at);
+  controls.turnWheel(-2);
+  ASSERT_GT(middleOf(*button).y - at.y, button->bounds().size.height);
+  controls.pointerUp(at);
+  EXPECT_EQ(button->state(), Platform::UIControlStateNormal);
+}
+
+TEST_F(Controls, ForgetAPressWhoseEndNobodyTold) {
+  const auto button = showButton("Play");
+  controls.pointerDown(middleOf(*button));
+  controls.pointerDown(middleOf(*button));
+  EXPECT_TRUE(button->isHighlighted());
+  controls.pointerUp(middleOf(*button));
+  EXPECT_EQ(button->state(), Platform::UIControlStateSelected);
+  controls.pointerDown(middleOf(*button));
+  screen.draw(1);
+  controls.pointerDown({0, 0});
+  EXPECT_EQ(button->state(), Platform::UIControlStateSelected);
+  EXPECT_TRUE(screen.needsDisplay());
 }
 
 TEST_F(Controls, LeaveAloneButtonsThatArePressedOrNotToBeUsed) {
@@ -127,7 +151,7 @@ TEST_F(Controls, LeaveAloneButtonsThatArePressedOrNotToBeUsed) {
     EXPECT_NE(before, Platform::UIControlStateNormal);
     controls.pointerDown(middleOf(*button));
     EXPECT_EQ(button->state(), before);
-    controls.pointerUp();
+    controls.pointerUp(middleOf(*button));
     EXPECT_EQ(button->state(), before);
   }
 }
@@ -140,7 +164,7 @@ TEST_F(Controls, PressNoButtonThatIsScrolledOutOfSight) {
   controls.pointerDown(middleOf(*button));
   EXPECT_TRUE(button->isHighlighted());
   controls.pointerMoved({0, 0});
-  controls.pointerUp();
+  controls.pointerUp({0, 0});
   screen.scrollBy(6);
   ASSERT_NEAR(middleOf(*button).y, edge - 3, 1e-6);
   controls.pointerDown(middleOf(*button));
@@ -153,7 +177,7 @@ TEST_F(Controls, ShowPressedAndChosenButtonsInTheirOwnColours) {
   const auto usual = pixels();
   controls.pointerDown(middleOf(*button));
   const auto pressed = pixels();
-  controls.pointerUp();
+  controls.pointerUp(middleOf(*button));
   const auto chosen = pixels();
   EXPECT_NE(pressed, usual);
   EXPECT_NE(chosen, usual);
