@@ -11,7 +11,7 @@ mapfile -t sources < <(find "${folders[@]}" -name node_modules -prune -o \( -nam
 echo "clang-format: ${#sources[@]} files"
 clang-format-14 --dry-run -Werror "${sources[@]}"
 
-shellcheck setup/*.sh fuzz/*.sh tests/*/*.sh .ci/run
+shellcheck assets/*.sh setup/*.sh fuzz/*.sh tests/*/*.sh .ci/run
 
 cmake --preset lint >/dev/null
 mapfile -t sources < <(find brisel gallery fuzz -name '*.cc' ! -name '*_test.cc' | sort)
