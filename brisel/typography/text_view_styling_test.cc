@@ -292,6 +292,25 @@ TEST_F(LabelSubscription, RecordsTheStyleAtEachChange) {
   EXPECT_THAT(label->names, ElementsAre("Ballad", "Ballad", "Ballad"));
 }
 
+TEST_F(LabelSubscription, FindsTheLabelWithinAnObjectThatBeginsWithAnotherBase) {
+  class LateLabel final : public StyleRecorder, public UILabel {
+   public:
+    static std::shared_ptr<LateLabel> init() { return made(std::shared_ptr<LateLabel>(new LateLabel), {}); }
+    void recordStyle(const TypeStyle&) override { ++records; }
+    int records = 0;
+  };
+  const auto first = labelWithText("Salut");  // so that the other is approached, too
+  const auto label = LateLabel::init();
+  const UILabel& asLabel = *label;
+  ASSERT_NE(static_cast<const void*>(&asLabel), dynamic_cast<const void*>(&asLabel));
+  label->setText("Bonjour");
+  apply(*first, TypeStyle::ballad(), kLarge, true);
+  apply(*label, TypeStyle::ballad(), kLarge, true);
+  monitor().setup(kSmall);
+  EXPECT_EQ(fontSize(*label), 14.001999999999999);
+  EXPECT_EQ(label->records, 2);
+}
+
 TEST_F(LabelSubscription, IsNotRenewedByAChange) {
   const auto label = RecordingLabel::initWithFrame();
   apply(*label, TypeStyle::ballad(), kLarge, true);

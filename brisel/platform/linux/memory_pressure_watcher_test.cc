@@ -39,6 +39,8 @@ void runLoop() {
   }
 }
 
+std::atomic<int> logged{0};
+
 // Places of the test's own in a directory of its own: nothing of the machine's.
 class MemoryPressureWatching : public ::testing::Test {
  protected:
@@ -46,7 +48,10 @@ class MemoryPressureWatching : public ::testing::Test {
     places.cgroup = path("cgroup");
     places.mountInfo = path("mountinfo");
     places.system = path("system");
+    logged = 0;
+    setLogHandler([](std::string_view) { ++logged; });
   }
+  void TearDown() override { setLogHandler(nullptr); }
 
   std::string path(std::string_view name) const { return temporary.path() / name; }
 
@@ -86,8 +91,6 @@ class MemoryPressureWatching : public ::testing::Test {
   MemoryPressurePlaces places;
   std::vector<MemoryPressureLevel> told;
 };
-
-std::atomic<int> logged{0};
 
 // "some 150000 2000000" and a zero, in base64.
 constexpr char kTriggerInBase64[] = "c29tZSAxNTAwMDAgMjAwMDAwMAA=";
@@ -271,8 +274,6 @@ TEST_F(MemoryPressureWatching, MakesUpForNothingThatMayHaveTakenLongerThanItsTri
 }
 
 TEST_F(MemoryPressureWatching, GoesOnToTheNextPlaceWhereTheKernelRefuses) {
-  logged = 0;
-  setLogHandler([](std::string_view) { ++logged; });
   const std::string refusing = "/proc/self/oom_score_adj";  // takes a number, and nothing else
   write("system", "");
   write("cgroup", "0::/app\n");
@@ -300,12 +301,9 @@ TEST_F(MemoryPressureWatching, GoesOnToTheNextPlaceWhereTheKernelRefuses) {
   inVain.watchMemoryPressure(recording());
   runLoop();
   EXPECT_EQ(logged, 1);
-  setLogHandler(nullptr);
 }
 
 TEST_F(MemoryPressureWatching, SaysOnceThatTheKernelRefuses) {
-  logged = 0;
-  setLogHandler([](std::string_view) { ++logged; });
   places.system = "/dev/full";
   places.delay = std::chrono::milliseconds(0);
   LinuxSystemEvents events(places);
@@ -316,7 +314,6 @@ TEST_F(MemoryPressureWatching, SaysOnceThatTheKernelRefuses) {
     EXPECT_EQ(logged, 1);
     events.stopWatchingMemoryPressure();
   }
-  setLogHandler(nullptr);
 }
 
 TEST_F(MemoryPressureWatching, TakesAnErrorForTheEndOfAChannel) {
@@ -404,8 +401,6 @@ TEST_F(MemoryPressureWatching, ReadsTheEnvironment) {
 }
 
 TEST_F(MemoryPressureWatching, SaysOnceThatNothingCanBeWatched) {
-  logged = 0;
-  setLogHandler([](std::string_view) { ++logged; });
   LinuxSystemEvents events(places);
   for (int i = 0; i < 3; ++i) {
     events.watchMemoryPressure(recording());
@@ -414,18 +409,14 @@ TEST_F(MemoryPressureWatching, SaysOnceThatNothingCanBeWatched) {
   EXPECT_EQ(logged, 0) << "only from the main queue, where nobody holds a lock";
   runLoop();
   EXPECT_EQ(logged, 1);
-  setLogHandler(nullptr);
 }
 
 TEST_F(MemoryPressureWatching, SaysNothingWhereItIsTurnedOff) {
-  logged = 0;
-  setLogHandler([](std::string_view) { ++logged; });
   places.watch = "/dev/null";
   LinuxSystemEvents events(places);
   events.watchMemoryPressure(recording());
   runLoop();
   EXPECT_EQ(logged, 0);
-  setLogHandler(nullptr);
 }
 
 }  // namespace

@@ -6,14 +6,10 @@
 #include <cstdint>
 #include <limits>
 #include <memory_resource>
-#include <span>
 #include <string>
 #include <utility>
-#include <vector>
 
-#include "brisel/platform/internal/attribute.h"
 #include "brisel/platform/internal/prefetch.h"
-#include "brisel/platform/port.h"
 #include "brisel/platform/views/text_drawing.h"
 #include "brisel/platform/views/view_text.h"
 
