@@ -1,11 +1,12 @@
-// Debian's Chromium, or the one that $CHROMIUM names, on an empty profile and without anything that asks the network.
+// Debian's Chromium without its windows, which starts and draws in half the time, or the one that $CHROMIUM names; on an
+// empty profile and without anything that asks the network.
 
 import { chromium } from "playwright-core";
 
 // Returns a context; close its browser() in the end.
 export async function launch(options = {}) {
   const browser = await chromium.launch({
-    executablePath: process.env.CHROMIUM ?? "/usr/bin/chromium",
+    executablePath: process.env.CHROMIUM ?? "/usr/bin/chromium-headless-shell",
     args: ["--headless", "--no-sandbox", "--disable-gpu", "--no-first-run", "--disable-background-networking",
       "--disable-component-update", "--disable-sync"],
   });

@@ -73,11 +73,13 @@ export async function run(jobs) {
   process.exit(passed === tests.length ? 0 : 1);
 }
 
-export const clipboard = (page) => page.evaluate(() => navigator.clipboard.readText());
-export const toast = (page) => page.locator(".toast").textContent();
-// Waits until the page says that it copied a text.
-export const copied = (page, text) => page.waitForFunction(
-  (expected) => document.querySelector(".toast").textContent === `Copied ${expected}`, text);
+// Waits until the page says that it copied a text, and asserts that it did.
+export async function copied(page, text) {
+  await page.waitForFunction((expected) => document.querySelector(".toast").textContent === `Copied ${expected}`, text);
+  assert.equal(await page.evaluate(() => navigator.clipboard.readText()), text);
+}
+// Waits until a field is empty, as the page makes it some time after a link has led to what its filter hid.
+export const emptied = (page, field) => page.waitForFunction((selector) => document.querySelector(selector).value === "", field);
 
 // Scrolls through the whole page, so that what loads late has loaded.
 export async function scrollThrough(page) {

@@ -3,7 +3,7 @@
 import assert from "node:assert/strict";
 import { statSync } from "node:fs";
 import { join } from "node:path";
-import { clipboard, copied, site, test } from "./harness.mjs";
+import { copied, emptied, site, test } from "./harness.mjs";
 
 const path = "reference.html";
 const shown = (page) => page.evaluate(() =>
@@ -55,7 +55,6 @@ test("names and headers of the reference are copied", path, async (page) => {
   for (const name of ["Brisel::TypeStyle::withFontSize", "VLMBriselTypeStyle::withFontSize"]) {
     await entry.getByRole("button", { name, exact: true }).click();
     await copied(page, name);
-    assert.equal(await clipboard(page), name);
   }
   await page.getByRole("button", { name: "brisel/typography/type_style.h", exact: true }).first().click();
   await copied(page, '#include "brisel/typography/type_style.h"');
@@ -66,8 +65,8 @@ test("a link to an entry that is filtered out shows it", path, async (page) => {
   await page.keyboard.press("/");
   await page.keyboard.type("VLMBriselTypeStyle::withFontSize");
   await page.keyboard.press("Enter");
-  await page.waitForURL(/#TypeStyle-withFontSize$/);
-  assert.equal(await page.locator("#reference-filter").inputValue(), "");
+  await emptied(page, "#reference-filter");
+  assert.equal(await page.evaluate(() => location.hash), "#TypeStyle-withFontSize");
   const box = await page.locator("#TypeStyle-withFontSize").boundingBox();
   assert.ok(box && box.y > 0 && box.y + box.height <= 900, JSON.stringify(box));
 });

@@ -1,7 +1,7 @@
 // The page of themes, against the design's own figures.
 
 import assert from "node:assert/strict";
-import { clipboard, copied, test } from "./harness.mjs";
+import { copied, test } from "./harness.mjs";
 
 const darkSets = ["base", "brightAccent", "negative", "warning", "positive", "announcement", "invertedDark",
   "invertedLight", "mutedAccent", "overMedia"];
@@ -110,7 +110,6 @@ test("names and values of a slot are copied whole", "themes.html#tierAurel.text.
     await page.evaluate(() => { document.querySelector(".toast").textContent = ""; });
     await page.locator(`[id="${row}"]`).getByRole("button", { name: button, exact: true }).click();
     await copied(page, text);
-    assert.equal(await clipboard(page), text);
   }
 });
 

@@ -3,7 +3,7 @@
 import assert from "node:assert/strict";
 import { readFileSync } from "node:fs";
 import { join } from "node:path";
-import { clipboard, site, test } from "./harness.mjs";
+import { copied, site, test } from "./harness.mjs";
 
 test("13 spacers and 6 opacities stand there with their values, drawn to size", "tokens.html", async (page) => {
   const rows = await page.evaluate(() => [...document.querySelectorAll(".token")].map((row) =>
@@ -37,6 +37,5 @@ test("13 spacers and 6 opacities stand there with their values, drawn to size", 
     assert.equal(second - first, spacers[index]);
   }
   await page.locator("#opacity30").getByRole("button", { name: "VLMBriselOpacities::opacity30()" }).click();
-  await page.waitForSelector(".toast:not([hidden])");
-  assert.equal(await clipboard(page), "VLMBriselOpacities::opacity30()");
+  await copied(page, "VLMBriselOpacities::opacity30()");
 });

@@ -1,10 +1,11 @@
-// The page shows when its faces are there, so that no line moves under its reader's eyes.
+// The page shows when its faces are there and it is read whole, so that no line moves under its reader's eyes.
 "use strict";
 
 (() => {
   const root = document.documentElement.classList;
   const show = () => root.remove("waiting");
   root.add("waiting");
-  Promise.allSettled([...document.fonts].map((face) => face.load())).then(show);
-  setTimeout(show, 1000);
+  const read = new Promise((done) => { document.addEventListener("DOMContentLoaded", done); });
+  Promise.allSettled([read, ...[...document.fonts].map((face) => face.load())]).then(show);
+  setTimeout(show, 3000);  // as long as a browser itself waits for a face
 })();
