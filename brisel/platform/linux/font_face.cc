@@ -4,7 +4,10 @@
 #include <array>
 #include <cstring>
 #include <fstream>
-#include <iterator>
+#include <limits>
+#include <memory>
+#include <sstream>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -24,9 +27,13 @@ using HbFacePtr = std::unique_ptr<hb_face_t, HbDelete<hb_face_t, hb_face_destroy
 // short would end the process.
 HbBlobPtr read(const std::filesystem::path& file) {
   std::ifstream in(file, std::ios::binary);
-  const std::string bytes{std::istreambuf_iterator<char>(in), {}};
-  return HbBlobPtr(
-      hb_blob_create(bytes.data(), static_cast<unsigned>(bytes.size()), HB_MEMORY_MODE_DUPLICATE, nullptr, nullptr));
+  std::ostringstream content;
+  const bool isRead = static_cast<bool>(content << in.rdbuf());  // false also where there are none
+  if (!isRead || content.view().size() > std::numeric_limits<unsigned>::max()) return HbBlobPtr(hb_blob_get_empty());
+  auto bytes = std::make_unique<std::string>(std::move(content).str());
+  const std::string_view view = *bytes;
+  return HbBlobPtr(hb_blob_create(view.data(), static_cast<unsigned>(view.size()), HB_MEMORY_MODE_READONLY,
+                                  bytes.release(), [](void* owned) { delete static_cast<std::string*>(owned); }));
 }
 
 // Whether the file says that it is an OpenType font or a collection of them.
