@@ -8,8 +8,8 @@ if(BRISEL_BUILD_TESTS)
 endif()
 
 # What all test programs share. They compile in two thirds of the time without optimisation, and in two thirds of that
-# without the checks that sanitizers make of every pointer that is followed; the library under them keeps its own level
-# and all checks.
+# without the checks that sanitizers make of every pointer that is followed. What the library's own files define keeps
+# its level and all checks; what its headers define does so in the fuzz targets alone.
 function(brisel_test_options target)
   brisel_target_options(${target})
   target_compile_options(${target} PRIVATE -O0)
@@ -54,5 +54,7 @@ function(brisel_tests suite)
   brisel_test_options(${target})
   target_precompile_headers(${target} REUSE_FROM brisel_test_headers)
   target_link_libraries(${target} PRIVATE ${ARG_LIBRARIES})
-  gtest_discover_tests(${target} TEST_PREFIX ${suite}. DISCOVERY_MODE PRE_TEST PROPERTIES ${properties})
+  # A busy machine may take its time to start a large program.
+  gtest_discover_tests(${target} TEST_PREFIX ${suite}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
+                       PROPERTIES ${properties})
 endfunction()

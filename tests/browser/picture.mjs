@@ -6,10 +6,10 @@ import { pathToFileURL } from "node:url";
 import { launch } from "./chromium.mjs";
 
 const [site = "out/gallery", picture = "docs/images/start.png"] = process.argv.slice(2);
-const context = await launch({ viewport: { width: 1440, height: 1896 }, deviceScaleFactor: 2 });
-const page = await context.newPage();
+const browser = await launch();
+const page = await browser.newPage({ viewport: { width: 1440, height: 1896 }, deviceScaleFactor: 2 });
 await page.goto(pathToFileURL(resolve(site, "index.html")).href);
 await page.waitForSelector("html:not(.waiting)");
 await page.waitForFunction(() => [...document.images].every((image) => image.complete && image.naturalWidth > 0));
 await page.screenshot({ path: picture });
-await context.browser().close();
+await browser.close();

@@ -7,7 +7,7 @@ import { readFileSync } from "node:fs";
 import { join } from "node:path";
 import { createRequire } from "node:module";
 import { pathToFileURL } from "node:url";
-import { copied, emptied, run, scrollThrough, site, test } from "./harness.mjs";
+import { copied, emptied, run, scrollThrough, site, stopClock, test } from "./harness.mjs";
 import "./text_views.mjs";
 import "./themes.mjs";
 import "./tokens.mjs";
@@ -80,6 +80,15 @@ for (const path of pages) {
       ["Tondal 400", "Tondal 700", "TondalTitle 700"]);
   });
 }
+
+test("a page shows without its faces too", "type.html", async (page) => {
+  await page.addInitScript(() => { FontFace.prototype.load = () => new Promise(() => {}); });
+  await stopClock(page);
+  await page.reload();
+  assert.equal(await page.locator("html.waiting").count(), 1);
+  await page.clock.fastForward("20:00");
+  assert.equal(await page.locator("html.waiting").count(), 0);
+});
 
 for (const path of ["index.html", "type.html", "text-views.html"]) {
   test(`the text-size control of ${path} changes specimens and figure`, path, async (page) => {
@@ -205,8 +214,7 @@ test("a click on a name or a value copies it and says what", "colours.html", asy
 });
 
 test("what was copied is said for two and a half seconds", "type.html", async (page) => {
-  await page.clock.install({ time: 0 });
-  await page.clock.pauseAt(1000);
+  await stopClock(page);
   await page.getByRole("button", { name: "VLMBriselTypeStyle::bass()" }).click();
   await copied(page, "VLMBriselTypeStyle::bass()");
   await page.clock.runFor(2400);

@@ -38,16 +38,16 @@ class LiveWindow(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = pathlib.Path(folder.name)
         self.display = self.open_display()
-        # Neither the desktop's settings nor its own scale.
+        # Neither the desktop's settings nor its own scale. A click counts even where it gives the window its focus.
         self.environment = {"PATH": os.environ["PATH"], "HOME": str(self.folder), "DISPLAY": self.display,
-                            "SDL_VIDEODRIVER": "x11"}
+                            "SDL_VIDEODRIVER": "x11", "SDL_MOUSE_FOCUS_CLICKTHROUGH": "1"}
 
     def open_display(self):
-        """A screen just as large as the window, which therefore fills it."""
+        """A screen just as large as the window, which therefore fills it. Keys that are held long do not repeat."""
         read, write = os.pipe()
         server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(write), "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-fbdir", str(self.folder),
-             "-nolisten", "tcp"], pass_fds=[write], stderr=subprocess.DEVNULL)
+             "-nolisten", "tcp", "-r"], pass_fds=[write], stderr=subprocess.DEVNULL)
         self.addCleanup(server.wait)
         self.addCleanup(server.terminate)
         os.close(write)
@@ -162,10 +162,15 @@ class LiveWindow(unittest.TestCase):
             fields = pathlib.Path(f"/proc/{window.pid}/stat").read_text().rsplit(")", 1)[1].split()
             return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
-        time.sleep(1)  # what it is told about being opened may take a moment
-        before = seconds()
-        time.sleep(2)
-        self.assertLess(seconds() - before, 0.1)
+        def rests():
+            before = seconds()
+            time.sleep(2)
+            return seconds() - before < 0.1
+
+        for _ in range(10):  # what it is told about being opened may take a moment
+            if rests():
+                break
+        self.assertTrue(rests())
 
     def test_says_in_one_line_that_there_is_no_display(self):
         environment = dict(self.environment, DISPLAY=":65535")

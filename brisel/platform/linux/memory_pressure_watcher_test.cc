@@ -94,6 +94,8 @@ class MemoryPressureWatching : public ::testing::Test {
 
 // "some 150000 2000000" and a zero, in base64.
 constexpr char kTriggerInBase64[] = "c29tZSAxNTAwMDAgMjAwMDAwMAA=";
+// "some 150000 3600000000" and a zero.
+constexpr char kTriggerOfAnHourInBase64[] = "c29tZSAxNTAwMDAgMzYwMDAwMDAwMAA=";
 constexpr std::string_view kWarningTrigger("some 150000 2000000\0", 20);
 constexpr std::string_view kCriticalTrigger("full 100000 2000000\0", 20);
 
@@ -237,7 +239,7 @@ TEST_F(MemoryPressureWatching, TellsTheKernelInItsTimeInAMainLoopThatWaits) {
 TEST_F(MemoryPressureWatching, LearnsInItsTimeWhatItWasTooEarlyFor) {
   writeStalled("file", 1'000, 10);
   places.watch = path("file");
-  places.write = kTriggerInBase64;
+  places.write = kTriggerOfAnHourInBase64;  // however long the test takes
   places.delay = std::chrono::milliseconds(0);
   LinuxSystemEvents events(places);
   events.watchMemoryPressure(recording());
@@ -252,6 +254,7 @@ TEST_F(MemoryPressureWatching, CountsAsEarlyEventsWhatItsTriggersSpeakOf) {
     writeStalled("system", 1'000, 10);
     auto opened = MemoryPressureChannels::open(places);
     ASSERT_THAT(opened.channels, SizeIs(2));
+    for (auto& channel : opened.channels) channel.opened += std::chrono::hours(1);  // however long the test takes
     const auto expected = more == 0 ? MemoryPressureNews::none : MemoryPressureNews::event;
     writeStalled("system", 150'999 + more, 0);
     EXPECT_EQ(arm(opened.channels[0]), expected);

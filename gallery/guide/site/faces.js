@@ -5,7 +5,7 @@
   const root = document.documentElement.classList;
   const show = () => root.remove("waiting");
   root.add("waiting");
+  setTimeout(show, 3000);  // as long as browsers hide text whose face has not come
   const read = new Promise((done) => { document.addEventListener("DOMContentLoaded", done); });
   Promise.allSettled([read, ...[...document.fonts].map((face) => face.load())]).then(show);
-  setTimeout(show, 3000);  // as long as a browser itself waits for a face
 })();
