@@ -7,15 +7,11 @@ if(BRISEL_BUILD_TESTS)
   include(GoogleTest)
 endif()
 
-# What all test programs share. They compile in two thirds of the time without optimisation, and in two thirds of that
-# without the checks that sanitizers make of every pointer that is followed. What the library's own files define keeps
-# its level and all checks; what its headers define does so in the fuzz targets alone.
+# What all test programs share. They compile in two thirds of the time without optimisation; the library under them
+# keeps its own level.
 function(brisel_test_options target)
   brisel_target_options(${target})
   target_compile_options(${target} PRIVATE -O0)
-  if(BRISEL_SANITIZE MATCHES "undefined")
-    target_compile_options(${target} PRIVATE -fno-sanitize=alignment,null,object-size,vptr)
-  endif()
   target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR})
   target_compile_definitions(${target} PRIVATE BRISEL_TEST_BUNDLE="${BRISEL_BUNDLE_DIR}"
                                                BRISEL_TEST_SOURCES="${PROJECT_SOURCE_DIR}")

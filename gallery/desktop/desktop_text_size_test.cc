@@ -153,7 +153,7 @@ TEST_F(DesktopTextSizes, DoNotWaitForAPortalThatNeverAnswersAndFollowItsChanges)
   const auto settings = portal(Manner::neverAnswers);
   const auto start = std::chrono::steady_clock::now();
   listen();
-  EXPECT_LT(std::chrono::steady_clock::now() - start, 20s);  // whoever waits for an answer waits for 25
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 1s);
   ASSERT_TRUE(waitFor([&] { return settings->questions() == 1; }));
   expectOnlyAfter(*settings);
 }

@@ -81,6 +81,18 @@ for (const path of pages) {
   });
 }
 
+test("a page shows once it is read whole, however soon its faces come", "type.html", async (page) => {
+  await page.addInitScript(() => {
+    FontFace.prototype.load = () => Promise.resolve();
+    new MutationObserver(() => {
+      if (!document.documentElement.classList.contains("waiting")) window.shownAt ??= document.readyState;
+    }).observe(document, { attributes: true, attributeFilter: ["class"], subtree: true });
+  });
+  await page.reload();
+  assert.notEqual(await page.evaluate(() => window.shownAt), undefined);
+  assert.notEqual(await page.evaluate(() => window.shownAt), "loading");
+});
+
 test("a page shows without its faces too", "type.html", async (page) => {
   await page.addInitScript(() => { FontFace.prototype.load = () => new Promise(() => {}); });
   await stopClock(page);

@@ -167,7 +167,7 @@ class LiveWindow(unittest.TestCase):
             time.sleep(2)
             return seconds() - before < 0.1
 
-        for _ in range(10):  # what it is told about being opened may take a moment
+        for _ in range(3):  # what it is told about being opened may take a moment
             if rests():
                 break
         self.assertTrue(rests())
